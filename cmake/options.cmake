@@ -1,0 +1,23 @@
+# Compiler options that every target of the project shares.
+add_library(kestrel_options INTERFACE)
+target_compile_options(kestrel_options INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
+
+option(KESTREL_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+if(KESTREL_SANITIZE)
+    target_compile_options(kestrel_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                     -fno-omit-frame-pointer)
+    target_link_options(kestrel_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(WIN32)
+    # One file that needs nothing but the system's own DLLs, and no more of it than is used.
+    target_compile_options(kestrel_options INTERFACE -ffunction-sections -fdata-sections)
+    target_link_options(kestrel_options INTERFACE -static -Wl,--gc-sections -s)
+    target_compile_definitions(kestrel_options INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
+endif()
+
+# The test framework is one header of the host's; a cross compiler does not look there by itself.
+find_path(DOCTEST_DIR doctest/doctest.h PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+configure_file(${DOCTEST_DIR}/doctest/doctest.h ${CMAKE_BINARY_DIR}/include/doctest/doctest.h COPYONLY)
+add_library(kestrel_doctest INTERFACE)
+target_include_directories(kestrel_doctest SYSTEM INTERFACE ${CMAKE_BINARY_DIR}/include)

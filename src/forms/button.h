@@ -1,0 +1,72 @@
+// Command button, check box and option button.
+#pragma once
+
+#include "forms/control.h"
+
+namespace forms {
+
+class CommandButton : public Control {
+  public:
+    CommandButton() : Control(ControlKind::commandButton) {}
+
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string_view caption);
+    /// A picture instead of the caption.
+    const Picture& picture() const { return picture_; }
+    void setPicture(const Picture& picture);
+
+    bool isDefault = false; ///< Enter on the form presses it
+    bool isCancel = false;  ///< Esc on the form presses it
+
+    std::function<void()> onClick;
+    /// Called by the peer. A disabled button ignores it.
+    void click();
+
+  private:
+    std::string caption_;
+    Picture picture_;
+};
+
+class CheckBox : public Control {
+  public:
+    CheckBox() : Control(ControlKind::checkBox) {}
+
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string_view caption);
+
+    /// 0 or 1; error 5 for any other value. Raises onClick inside the assignment if the value really changes.
+    int value() const { return value_; }
+    void setValue(int value);
+
+    std::function<void()> onClick;
+    /// Called by the peer: turns the value over. A disabled box ignores it.
+    void click();
+
+  private:
+    std::string caption_;
+    int value_ = 0;
+};
+
+/// The option buttons of one container are a group: at most one of them is on.
+class OptionButton : public Control {
+  public:
+    OptionButton() : Control(ControlKind::optionButton) {}
+
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string_view caption);
+
+    bool value() const { return value_; }
+    /// Switching on switches the others of the group off, silently, and raises onClick if the value really
+    /// changes. Switching off raises nothing.
+    void setValue(bool value);
+
+    std::function<void()> onClick;
+    /// Called by the peer. A disabled button ignores it.
+    void click();
+
+  private:
+    std::string caption_;
+    bool value_ = false;
+};
+
+} // namespace forms

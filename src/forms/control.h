@@ -1,0 +1,159 @@
+// What all controls have in common: place, state, tool tip, mouse and key events, and the peer.
+//
+// Assigning a property changes the state, tells the peer and raises the control's event at once, inside the
+// assignment, wherever the dialogs rely on that. Positions and sizes are in twips, in the container's client
+// area.
+#pragma once
+
+#include "forms/peer.h"
+#include "forms/picture.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace forms {
+
+class Container;
+class Form;
+
+struct Position {
+    float left = 0;
+    float top = 0;
+    float width = 0;
+    float height = 0;
+
+    bool operator==(const Position&) const = default;
+};
+
+struct Font {
+    std::string name = "MS Sans Serif";
+    float points = 8.25F;
+    bool bold = false;
+    bool italic = false;
+
+    bool operator==(const Font&) const = default;
+};
+
+enum class Alignment { left, right, centre };
+
+enum class ControlKind {
+    form,
+    frame,
+    label,
+    textBox,
+    commandButton,
+    checkBox,
+    optionButton,
+    listBox,
+    comboBox,
+    pictureBox,
+    image,
+    line,
+    toolbar,
+    tabStrip,
+};
+
+/// Buttons of a mouse event: 1 left, 2 right, 4 middle. Shift state: 1 Shift, 2 Ctrl, 4 Alt. X and y in twips.
+using MouseEvent = std::function<void(int button, int shift, float x, float y)>;
+
+class Control {
+  public:
+    explicit Control(ControlKind kind) : kind_(kind) {}
+    virtual ~Control();
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    ControlKind kind() const { return kind_; }
+
+    /// Puts the control into a container, behind those that stand there already (which is the tab order).
+    void place(Container& container, const Position& position);
+    Container* container() const { return container_; }
+    /// The form that the control stands on, at whatever depth; null before it is placed.
+    Form* form();
+
+    const Position& position() const { return position_; }
+    float left() const { return position_.left; }
+    float top() const { return position_.top; }
+    float width() const { return position_.width; }
+    virtual float height() const { return position_.height; }
+    void setLeft(float twips);
+    void setTop(float twips);
+    virtual void setWidth(float twips);
+    virtual void setHeight(float twips);
+    void setPosition(const Position& position);
+
+    bool enabled() const { return enabled_; }
+    void setEnabled(bool enabled);
+    /// Whether the control itself is to be shown; a hidden container hides it all the same.
+    bool visible() const { return visible_; }
+    void setVisible(bool visible);
+
+    const std::string& toolTipText() const { return toolTipText_; }
+    void setToolTipText(std::string_view text);
+
+    const Font& font() const { return font_; }
+    void setFont(const Font& font);
+    /// Without a colour of its own a control has the system's.
+    std::optional<Colour> foreColour() const { return foreColour_; }
+    std::optional<Colour> backColour() const { return backColour_; }
+    void setForeColour(std::optional<Colour> colour);
+    void setBackColour(std::optional<Colour> colour);
+
+    /// Place in the tab order of the form; without one, the order of placing.
+    std::optional<int> tabIndex;
+    bool tabStop = true;
+    std::string tag;
+
+    MouseEvent onMouseDown;
+    MouseEvent onMouseUp;
+    MouseEvent onMouseMove;
+
+    /// The control's window, made with its form; none if it has none or its host has taken it along.
+    platform::HWND hWnd();
+    Peer* peer() const { return peer_.get(); }
+    void setFocus();
+
+    /// For forms: makes and drops the peer of this control and of what stands in it.
+    virtual void makePeers();
+    virtual void dropPeers();
+
+  protected:
+    void tellPeer(Property property);
+
+  private:
+    friend class Container;
+
+    ControlKind kind_;
+    Container* container_ = nullptr;
+    Position position_;
+    bool enabled_ = true;
+    bool visible_ = true;
+    std::string toolTipText_;
+    Font font_;
+    std::optional<Colour> foreColour_;
+    std::optional<Colour> backColour_;
+    std::unique_ptr<Peer> peer_;
+};
+
+/// A control that others stand in. Does not own them: they are members of the form.
+class Container : public Control {
+  public:
+    using Control::Control;
+    ~Container() override;
+
+    const std::vector<Control*>& controls() const { return controls_; }
+
+    void makePeers() override;
+    void dropPeers() override;
+
+  private:
+    friend class Control;
+    std::vector<Control*> controls_;
+};
+
+} // namespace forms

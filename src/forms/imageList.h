@@ -1,0 +1,45 @@
+// An image list: pictures of one size, numbered from 1, some with a key.
+#pragma once
+
+#include "forms/picture.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace forms {
+
+struct ListImage {
+    std::string key; ///< empty for none
+    Picture picture; ///< fitted to the list's size
+};
+
+class ImageList {
+  public:
+    ImageList() = default;
+    ImageList(const ImageList&) = delete;
+    ImageList& operator=(const ImageList&) = delete;
+
+    /// Pixels. A change drops nothing: it applies to pictures that are added from then on.
+    int imageWidth = 16;
+    int imageHeight = 16;
+    /// Pixels of exactly this colour show nothing.
+    Colour maskColour = maskGrey;
+
+    void clear() { images_.clear(); }
+    /// Inserts a picture as number `index`, 0 for the end, shifting those behind it. Error 9 for a number that would leave a gap,
+    /// error 35602 for a key that is there already.
+    void add(int index, std::string_view key, const Picture& picture);
+    int count() const { return static_cast<int>(images_.size()); }
+    const std::vector<ListImage>& images() const { return images_; }
+    /// Number of the picture with this key. Error 9 if there is none.
+    int indexOf(std::string_view key) const;
+    /// Error 9 if there is none.
+    const Picture& picture(std::string_view key) const;
+    const Picture& picture(int index) const;
+
+  private:
+    std::vector<ListImage> images_;
+};
+
+} // namespace forms

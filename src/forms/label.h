@@ -1,0 +1,48 @@
+// Controls that only show something: a label, a dividing line, an image.
+#pragma once
+
+#include "forms/control.h"
+
+namespace forms {
+
+class Label : public Control {
+  public:
+    Label() : Control(ControlKind::label) { tabStop = false; }
+
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string_view caption);
+
+    Alignment alignment = Alignment::left;
+    bool autoSize = false;
+    bool wordWrap = false;
+    bool border = false;
+
+    std::function<void()> onClick;
+    /// Called by the peer.
+    void click();
+
+  private:
+    std::string caption_;
+};
+
+class Line : public Control {
+  public:
+    Line() : Control(ControlKind::line) { tabStop = false; }
+};
+
+class Image : public Control {
+  public:
+    Image() : Control(ControlKind::image) { tabStop = false; }
+
+    const Picture& picture() const { return picture_; }
+    void setPicture(const Picture& picture);
+
+    std::function<void()> onClick;
+    /// Called by the peer.
+    void click();
+
+  private:
+    Picture picture_;
+};
+
+} // namespace forms

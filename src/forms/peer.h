@@ -1,0 +1,78 @@
+// The seam between a control, which is a plain object with state and events, and the window that shows it.
+//
+// A control tells its peer what has changed, and the peer reads the new state from the control. The way back is
+// the control's own routines named after what the user did (typed, clicked, selected ...). makePeer and the
+// routines below it are defined beside the platform operations: real windows in the program, windows of the
+// simulated desktop in the tests.
+#pragma once
+
+#include "platform/types.h"
+
+#include <memory>
+
+namespace forms {
+
+class Control;
+class Form;
+class Menu;
+class Timer;
+
+/// What of a control has changed.
+enum class Property {
+    position,    ///< left, top, width or height
+    text,        ///< text or caption
+    enabled,
+    visible,
+    toolTip,
+    selection,   ///< selected text, list row or tab
+    value,       ///< check box or option button
+    items,       ///< rows of a list, captions of tabs
+    picture,
+    imageList,
+    buttons,     ///< buttons of a toolbar, or their layout
+    colours,     ///< colours or font
+    mousePointer,
+};
+
+class Peer {
+  public:
+    virtual ~Peer() = default;
+    Peer(const Peer&) = delete;
+    Peer& operator=(const Peer&) = delete;
+
+    /// The window that shows the control; none once it has died with its host.
+    virtual platform::HWND window() const = 0;
+    virtual void changed(Property property) = 0;
+    virtual void setFocus() {}
+
+  protected:
+    Peer() = default;
+};
+
+/// Makes the window of a control whose container has one. A null result means that this control needs none here.
+std::unique_ptr<Peer> makePeer(Control& control);
+
+/// Title bar and frame of a form's border, in pixels: outer size less client size.
+struct FrameExtent {
+    int width = 0;
+    int height = 0;
+};
+FrameExtent frameExtent(const Form& form);
+
+/// Size of the screen's work area in pixels.
+struct ScreenSize {
+    int width = 0;
+    int height = 0;
+};
+ScreenSize screenSize();
+
+/// Serves messages until the form is hidden or unloaded, with the program's other forms held.
+void runModal(Form& form);
+
+/// A timer has been switched on or off, or its interval has changed.
+void timerChanged(Timer& timer);
+
+/// Opens the menu at the mouse and runs the chosen entry's click.
+void popUp(Form& owner, Menu& menu);
+
+} // namespace forms

@@ -1,0 +1,44 @@
+// A picture: an immutable block of 32-bit pixels, shared by all that show it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace forms {
+
+/// A colour as 0x00RRGGBB.
+using Colour = std::uint32_t;
+
+inline constexpr Colour maskGrey = 0xC0C0C0;
+
+/// Pixels stand row by row from the top, each 0xAARRGGBB. The empty picture has neither width nor height.
+class Picture {
+  public:
+    Picture() = default;
+    /// `pixels` holds width * height values.
+    Picture(int width, int height, std::vector<std::uint32_t> pixels);
+
+    bool empty() const { return pixels_ == nullptr; }
+    int width() const { return width_; }
+    int height() const { return height_; }
+    std::span<const std::uint32_t> pixels() const;
+    std::uint32_t pixel(int x, int y) const;
+
+    /// The same block of pixels or one of equal content.
+    bool operator==(const Picture& other) const;
+
+    /// This picture at another size: a picture up to half as large again is cut to its middle, so that an
+    /// icon drawn with a margin stays sharp; any other size is scaled, each target pixel being the mean of what it
+    /// covers.
+    Picture fitted(int width, int height) const;
+
+  private:
+    int width_ = 0;
+    int height_ = 0;
+    std::shared_ptr<const std::vector<std::uint32_t>> pixels_;
+};
+
+} // namespace forms

@@ -1,0 +1,32 @@
+// Settings-file and process operations of the platform, under the platform's own names. None throws.
+#pragma once
+
+#include "platform/types.h"
+
+#include <cstdint>
+#include <span>
+
+namespace platform {
+
+/// Copies the value of a key, or the default, into `buffer` of `size` characters, terminated by NUL; gives the
+/// number of characters copied without it. A null section or key lists names, as the platform has it.
+std::uint32_t GetPrivateProfileStringA(const char* section, const char* key, const char* defaultValue,
+                                       char* buffer, std::uint32_t size, const char* file);
+
+/// Sets a key, creating section and file as needed. A null value removes the key, a null key the section.
+int WritePrivateProfileStringA(const char* section, const char* key, const char* value, const char* file);
+
+/// One record of the process walk. `dwSize` must be `processRecordSize` before the first call; the executable's
+/// name is a field of 260 characters, ended by NUL.
+struct PROCESSENTRY32 {
+    std::uint32_t dwSize = 0;
+    std::uint32_t th32ProcessID = 0;
+    char szExeFile[260] = {};
+};
+inline constexpr std::uint32_t processRecordSize = 296;
+
+HANDLE CreateToolhelp32Snapshot(std::uint32_t flags, std::uint32_t processId);
+bool Process32First(HANDLE snapshot, PROCESSENTRY32& entry);
+bool Process32Next(HANDLE snapshot, PROCESSENTRY32& entry);
+
+} // namespace platform

@@ -1,0 +1,43 @@
+// The failure of the language's runtime: a number and its description.
+//
+// Thrown where the runtime would raise one and caught by the guard around every entry from the outside.
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+namespace runtime {
+
+enum class ErrorNumber : std::int32_t {
+    invalidCall = 5,
+    overflow = 6,
+    subscriptOutOfRange = 9,
+    divisionByZero = 11,
+    typeMismatch = 13,
+    fileNotFound = 53,
+    fileAlreadyOpen = 55,
+    permissionDenied = 70,
+    pathFileAccess = 75,
+    pathNotFound = 76,
+    resourceNotFound = 326,
+    keyNotUnique = 35602,
+};
+
+/// The runtime's own description of an error; `resource` is the identifier that number 326 names.
+std::string errorDescription(ErrorNumber number, std::int32_t resource = 0);
+
+class RuntimeError : public std::runtime_error {
+  public:
+    explicit RuntimeError(ErrorNumber errorNumber)
+        : std::runtime_error(errorDescription(errorNumber)), number(errorNumber) {}
+    RuntimeError(ErrorNumber errorNumber, const std::string& description)
+        : std::runtime_error(description), number(errorNumber) {}
+
+    ErrorNumber number;
+};
+
+/// The text of the message that an unhandled error ends the program with.
+std::string unhandledErrorText(const RuntimeError& error);
+
+} // namespace runtime
