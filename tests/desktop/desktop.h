@@ -1,0 +1,258 @@
+// The simulated desktop: windows with their order, titles and rectangles, processes, files, the shell, the
+// user and the clock, all in memory and deterministic. The platform operations of the tests act on it.
+//
+// A test resets it, arranges what is there, drives the program's routines or lets time pass, and looks at what
+// has happened. Nothing here waits for real time.
+#pragma once
+
+#include "forms/form.h"
+#include "forms/menu.h"
+#include "forms/timer.h"
+#include "platform/comdlg32.h"
+#include "platform/kernel32.h"
+#include "runtime/keyText.h"
+#include "runtime/runtimeError.h"
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace desktop {
+
+using platform::HWND;
+using platform::RECT;
+
+/// Thrown by the program's immediate end, through everything up to the routine that let the program run.
+struct ProgramEnded {};
+
+/// A modal form or the clock cannot go on: nothing is left that could end it.
+struct Stuck : std::logic_error {
+    using std::logic_error::logic_error;
+};
+
+inline constexpr std::uint32_t programProcess = 1;
+
+/// Frame of an ordinary window of another program, in pixels.
+inline constexpr int frameSide = 4;
+inline constexpr int frameTop = 23;
+
+struct Window {
+    HWND handle = HWND::none;
+    std::string title;
+    RECT rect; ///< outer; screen pixels, or client pixels of the parent for a child
+    HWND parent = HWND::none;
+    bool visible = true;
+    bool minimised = false;
+    bool redraw = true; ///< as switched by message 11
+    std::uint32_t process = 0;
+    int frameWidth = 2 * frameSide; ///< outer size less client size
+    int frameHeight = frameTop + frameSide;
+    std::vector<HWND> children; ///< top of their order first
+    /// Set for a window of the program's own: told of its new size and of its death.
+    std::function<void(const Window&)> resized;
+    std::function<void()> destroyed;
+};
+
+struct Process {
+    std::uint32_t id;
+    std::string exe;
+};
+
+struct File {
+    std::string content;
+    bool directory = false;
+    bool hidden = false;
+    bool system = false;
+    bool readOnly = false;
+    bool locked = false; ///< held by another program: neither opened nor deleted
+    std::string storedName; ///< bare name in its stored case
+};
+
+struct MessageBox {
+    std::string text;
+    int style;
+    std::string title;
+};
+
+struct InputBox {
+    std::string prompt;
+    std::string title;
+};
+
+/// What a file dialog was called with. Texts as far as their end by the platform's rules.
+struct FileDialog {
+    bool save;
+    HWND owner;
+    std::string filter;  ///< whole list with its NULs
+    std::string file;    ///< start name
+    std::uint32_t maxFile;
+    std::string initialDir;
+    std::string title;
+    std::uint32_t flags;
+    std::string defaultExt;
+    std::uint32_t structSize;
+    std::uint32_t filterIndex;
+};
+
+struct ShellStart {
+    std::string commandLine;
+    int windowStyle;
+};
+
+struct TypedKeys {
+    HWND window; ///< the one that was in front
+    std::vector<runtime::KeyStroke> strokes;
+    bool wait;
+    /// Plain characters as they are, Enter as a line feed.
+    std::string text() const;
+};
+
+struct IconFile {
+    std::vector<forms::Picture> small;
+};
+
+class World {
+  public:
+    World();
+    ~World();
+
+    // --- windows -----------------------------------------------------------------------------------------------
+    /// Opens a window of another program on top of the others and in front.
+    HWND openWindow(const std::string& title, RECT rect = {0, 0, 1024, 768}, std::uint32_t process = 100);
+    HWND addWindow(Window window);
+    /// The window dies with all that stands in it.
+    void closeWindow(HWND handle);
+    Window* find(HWND handle);
+    Window& window(HWND handle);
+    void setTitle(HWND handle, const std::string& title) { window(handle).title = title; }
+    /// Outer size in pixels; the program's own windows hear of it.
+    void resizeWindow(HWND handle, int width, int height);
+    void raise(HWND handle);
+    /// Client area's corner on the screen.
+    RECT screenRect(HWND handle);
+    /// Top-level windows, top of the order first.
+    std::vector<HWND> order;
+    HWND foreground = HWND::none;
+    /// The next window made gets this handle instead of a new one.
+    HWND nextHandle = HWND::none;
+
+    // --- processes ---------------------------------------------------------------------------------------------
+    std::vector<Process> processes;
+    void startProcess(const std::string& exe, std::uint32_t id = 100) { processes.push_back({id, exe}); }
+    /// The process goes, with all its windows.
+    void killProcess(std::uint32_t id);
+    bool snapshotFails = false;
+    int openSnapshots = 0;
+
+    // --- files (paths compare without case) -----------------------------------------------------------------------
+    void writeFile(const std::string& path, const std::string& content);
+    /// The settings file beside the program.
+    void writeSettings(const std::string& content);
+    std::string settings();
+    std::optional<std::string> fileText(const std::string& path);
+    File* file(const std::string& path);
+    void removeFile(const std::string& path);
+    std::map<std::string, File> files;
+    std::string programFolder = "C:\\kestrel";
+    std::string currentDirectory = "C:\\work";
+    bool settingsReadOnly = false;
+    int settingsReads = 0;
+
+    // --- icons -------------------------------------------------------------------------------------------------
+    /// A file with `count` icons, each of one colour that is its own.
+    void addIcons(const std::string& path, int count);
+    static forms::Picture iconPicture(const std::string& path, int index);
+    std::map<std::string, IconFile> iconFiles;
+    std::map<std::uintptr_t, forms::Picture> icons; ///< handles that have not been given back
+    std::uintptr_t nextIcon = 0x1000;
+    /// Result, chosen file and index of the icon chooser's next calls; without one it answers -1.
+    struct ChosenIcon {
+        int result;
+        std::u16string file;
+        int index;
+    };
+    std::deque<ChosenIcon> chooserAnswers;
+    struct ChooserCall {
+        HWND owner;
+        std::u16string file;
+        std::size_t length;
+        int index;
+    };
+    std::vector<ChooserCall> chooserCalls;
+
+    // --- the user ------------------------------------------------------------------------------------------------
+    std::vector<MessageBox> messageBoxes;
+    std::deque<int> messageAnswers; ///< without one: OK
+    /// A message that comes up for the tenth time without an answer ends the test.
+    int unansweredMessages = 0;
+    std::vector<InputBox> inputBoxes;
+    std::deque<std::string> inputAnswers; ///< without one: Cancel
+    std::vector<FileDialog> fileDialogs;
+    std::deque<std::optional<std::string>> fileAnswers; ///< none is Cancel
+    std::vector<ShellStart> started;
+    std::deque<runtime::RuntimeError> shellFailures;
+    std::vector<TypedKeys> typed;
+    std::vector<std::string> activations; ///< titles that were activated
+    std::function<void()> onFileDialog;   ///< runs while a file dialog is up
+    int beeps = 0;
+    /// What the user does with a menu that opens; without it the menu closes again.
+    std::function<void(forms::Menu&)> onMenu;
+    int menusOpened = 0;
+    void menuOpened(forms::Menu& menu) {
+        ++menusOpened;
+        if (onMenu)
+            onMenu(menu);
+    }
+
+    // --- program -------------------------------------------------------------------------------------------------
+    bool otherInstance = false;
+    bool ended = false;
+    int messagePumps = 0;
+    /// Calls of the platform in order, as far as tests look at order: "SetParent 5 3" and the like.
+    std::vector<std::string> calls;
+    void note(const std::string& call) { calls.push_back(call); }
+
+    // --- time and modal forms ------------------------------------------------------------------------------------
+    std::int64_t now = 0; ///< milliseconds
+    /// Lets time pass; timers fire in order. Returns early once the program has ended.
+    void run(std::int64_t milliseconds);
+    /// Runs code of the program as an event from the outside; returns false if the program has ended by it.
+    bool event(const std::function<void()>& code);
+    /// What the user does once the next modal form is up.
+    std::deque<std::function<void(forms::Form&)>> modalScripts;
+    std::vector<forms::Form*> modalForms; ///< those that are up
+    struct TimerState {
+        forms::Timer* timer;
+        std::int64_t due;
+    };
+    std::vector<TimerState> timers;
+    /// Fires the timer that is due first if it is due by `limit`; false if none is.
+    bool fireNext(std::int64_t limit);
+
+  private:
+    std::map<HWND, Window> windows_;
+    std::uintptr_t nextWindow_ = 0x100;
+};
+
+/// The desktop that the platform operations act on; made anew by a Session.
+World& world();
+
+/// A fresh desktop for one test.
+class Session {
+  public:
+    Session();
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+};
+
+/// Path as a key: lower case, doubled separators folded.
+std::string pathKey(const std::string& path);
+
+} // namespace desktop

@@ -1,0 +1,128 @@
+// Files of the simulated desktop and the operations on them.
+#include "desktop/desktop.h"
+
+#include "platform/system.h"
+#include "runtime/runtimeError.h"
+
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+
+std::string bareName(const std::string& path) {
+    return path.substr(path.find_last_of('\\') + 1);
+}
+
+bool matches(std::string_view name, std::string_view pattern) {
+    if (pattern.empty())
+        return name.empty();
+    if (pattern.front() == '*') {
+        for (std::size_t taken = 0; taken <= name.size(); ++taken)
+            if (matches(name.substr(taken), pattern.substr(1)))
+                return true;
+        return false;
+    }
+    return !name.empty() && (pattern.front() == '?' || pattern.front() == name.front()) &&
+           matches(name.substr(1), pattern.substr(1));
+}
+
+[[noreturn]] void fail(runtime::ErrorNumber number) {
+    throw runtime::RuntimeError(number);
+}
+
+File& existing(const std::string& path) {
+    File* found = world().file(path);
+    if (found == nullptr || found->directory)
+        fail(runtime::ErrorNumber::fileNotFound);
+    return *found;
+}
+
+} // namespace
+
+std::string pathKey(const std::string& path) {
+    std::string key;
+    for (char character : path) {
+        if (character == '/')
+            character = '\\';
+        if (character == '\\' && !key.empty() && key.back() == '\\')
+            continue;
+        key += character >= 'A' && character <= 'Z' ? static_cast<char>(character + 0x20) : character;
+    }
+    return key;
+}
+
+void World::writeFile(const std::string& path, const std::string& content) {
+    File& written = files[pathKey(path)];
+    written.content = content;
+    if (written.storedName.empty())
+        written.storedName = bareName(path);
+}
+
+void World::writeSettings(const std::string& content) {
+    writeFile(programFolder + "\\kestrel.ini", content);
+}
+
+std::string World::settings() {
+    return fileText(programFolder + "\\kestrel.ini").value_or("");
+}
+
+File* World::file(const std::string& path) {
+    const auto found = files.find(pathKey(path));
+    return found == files.end() ? nullptr : &found->second;
+}
+
+std::optional<std::string> World::fileText(const std::string& path) {
+    const File* found = file(path);
+    return found == nullptr ? std::nullopt : std::optional(found->content);
+}
+
+void World::removeFile(const std::string& path) {
+    files.erase(pathKey(path));
+}
+
+} // namespace desktop
+
+namespace platform {
+
+std::string dir(std::string_view path) {
+    const std::string key = desktop::pathKey(std::string(path));
+    const std::size_t slash = key.find_last_of('\\');
+    if (key.empty() || slash == std::string::npos || slash + 1 == key.size())
+        return {};
+    for (const auto& [candidate, file] : desktop::world().files) {
+        if (file.directory || file.hidden || file.system || candidate.find_last_of('\\') != slash ||
+            candidate.compare(0, slash, key, 0, slash) != 0)
+            continue;
+        if (desktop::matches(std::string_view(candidate).substr(slash + 1),
+                             std::string_view(key).substr(slash + 1)))
+            return file.storedName;
+    }
+    return {};
+}
+
+void kill(std::string_view path) {
+    const desktop::File& file = desktop::existing(std::string(path));
+    if (file.locked)
+        desktop::fail(runtime::ErrorNumber::permissionDenied);
+    if (file.readOnly)
+        desktop::fail(runtime::ErrorNumber::pathFileAccess);
+    desktop::world().removeFile(std::string(path));
+}
+
+std::string readFirstLine(std::string_view path) {
+    const desktop::File& file = desktop::existing(std::string(path));
+    if (file.locked)
+        desktop::fail(runtime::ErrorNumber::permissionDenied);
+    return file.content.substr(0, file.content.find_first_of("\r\n"));
+}
+
+const std::string& programFolder() {
+    return desktop::world().programFolder;
+}
+
+std::string currentDirectory() {
+    return desktop::world().currentDirectory;
+}
+
+} // namespace platform

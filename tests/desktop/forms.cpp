@@ -1,0 +1,168 @@
+// Windows of forms and frames on the simulated desktop, and drawing surfaces. Other controls need no window here:
+// a test does to them what a user would do by calling what their window would call.
+#include "desktop/desktop.h"
+#include "desktop/surfaces.h"
+
+#include "forms/frame.h"
+#include "forms/menu.h"
+#include "forms/surface.h"
+#include "forms/units.h"
+
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+
+RECT pixelRect(const forms::Control& control) {
+    const int left = forms::toPixels(control.left());
+    const int top = forms::toPixels(control.top());
+    return {left, top, left + forms::toPixels(control.width()), top + forms::toPixels(control.height())};
+}
+
+class WindowPeer : public forms::Peer {
+  public:
+    explicit WindowPeer(forms::Control& control) : control_(control), position_(pixelRect(control)) {
+        Window made;
+        made.rect = position_;
+        made.process = programProcess;
+        made.visible = control.visible();
+        made.destroyed = [this] { handle_ = HWND::none; };
+        if (auto* form = dynamic_cast<forms::Form*>(&control)) {
+            const forms::FrameExtent extent = forms::frameExtent(*form);
+            made.frameWidth = extent.width;
+            made.frameHeight = extent.height;
+            made.title = form->caption();
+            made.resized = [form](const Window& window) {
+                const int width = window.rect.right - window.rect.left;
+                const int height = window.rect.bottom - window.rect.top;
+                form->windowResized(width, height, std::max(0, width - window.frameWidth),
+                                    std::max(0, height - window.frameHeight));
+            };
+        } else {
+            made.frameWidth = 0;
+            made.frameHeight = 0;
+            made.parent = control.form()->hWnd();
+        }
+        handle_ = world().addWindow(std::move(made));
+    }
+
+    ~WindowPeer() override {
+        if (Window* window = world().find(handle_)) {
+            window->destroyed = nullptr;
+            world().closeWindow(handle_);
+        }
+    }
+
+    HWND window() const override { return handle_; }
+
+    void changed(forms::Property property) override {
+        Window* window = world().find(handle_);
+        if (window == nullptr)
+            return;
+        if (property == forms::Property::visible)
+            window->visible = control_.visible();
+        if (property == forms::Property::text)
+            if (const auto* form = dynamic_cast<forms::Form*>(&control_))
+                window->title = form->caption();
+        if (property == forms::Property::position)
+            move(*window);
+    }
+
+  private:
+    /// Only what has been assigned moves: a hosted window's place was set by others.
+    void move(Window& window) {
+        const RECT wanted = pixelRect(control_);
+        const int dx = wanted.left != position_.left ? wanted.left - window.rect.left : 0;
+        const int dy = wanted.top != position_.top ? wanted.top - window.rect.top : 0;
+        position_ = wanted;
+        window.rect.left += dx;
+        window.rect.right += dx;
+        window.rect.top += dy;
+        window.rect.bottom += dy;
+        world().resizeWindow(handle_, wanted.right - wanted.left, wanted.bottom - wanted.top);
+    }
+
+    forms::Control& control_;
+    RECT position_;
+    HWND handle_ = HWND::none;
+};
+
+std::map<std::uintptr_t, Pixels*>& surfaces() {
+    static std::map<std::uintptr_t, Pixels*> all;
+    return all;
+}
+
+} // namespace
+
+Pixels* pixelsOf(platform::HDC dc) {
+    const auto found = surfaces().find(static_cast<std::uintptr_t>(dc));
+    return found == surfaces().end() ? nullptr : found->second;
+}
+
+} // namespace desktop
+
+namespace forms {
+
+std::unique_ptr<Peer> makePeer(Control& control) {
+    if (control.kind() != ControlKind::form && control.kind() != ControlKind::frame)
+        return nullptr;
+    if (control.kind() == ControlKind::frame && control.form() == nullptr)
+        return nullptr;
+    return std::make_unique<desktop::WindowPeer>(control);
+}
+
+FrameExtent frameExtent(const Form& form) {
+    switch (form.borderStyle) {
+    case BorderStyle::none:
+        return {0, 0};
+    case BorderStyle::sizableToolWindow:
+        return {2 * 4, 4 + 18 + 4};
+    case BorderStyle::fixedSingle:
+    case BorderStyle::fixedDialog:
+        break;
+    }
+    return {2 * 3, 3 + 23 + 3};
+}
+
+ScreenSize screenSize() {
+    return {1280, 1024};
+}
+
+void popUp(Form& /*owner*/, Menu& menu) {
+    desktop::world().menuOpened(menu);
+}
+
+struct Surface::Impl {
+    desktop::Pixels pixels;
+    std::uintptr_t dc = 0;
+};
+
+Surface::Surface(int width, int height, Colour colour) : impl_(std::make_unique<Impl>()) {
+    static std::uintptr_t next = 0;
+    impl_->dc = ++next;
+    impl_->pixels.width = width;
+    impl_->pixels.height = height;
+    impl_->pixels.values.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+    desktop::surfaces()[impl_->dc] = &impl_->pixels;
+    clear(colour);
+}
+
+Surface::~Surface() {
+    desktop::surfaces().erase(impl_->dc);
+}
+
+platform::HDC Surface::dc() const {
+    return platform::HDC{impl_->dc};
+}
+
+void Surface::clear(Colour colour) {
+    for (std::uint32_t& value : impl_->pixels.values)
+        value = 0xFF000000U | colour;
+}
+
+Picture Surface::copy() const {
+    return {impl_->pixels.width, impl_->pixels.height, impl_->pixels.values};
+}
+
+} // namespace forms

@@ -1,0 +1,51 @@
+#include "platform/kernel32.h"
+
+#include "desktop/desktop.h"
+#include "desktop/iniFile.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+using desktop::world;
+
+/// Processes of the walk that goes on, taken when the snapshot was made.
+std::vector<desktop::Process> walked;
+std::size_t walkedSoFar = 0;
+
+bool nextRecord(platform::PROCESSENTRY32& entry) {
+    if (entry.dwSize != platform::processRecordSize || walkedSoFar >= walked.size())
+        return false;
+    const desktop::Process& process = walked[walkedSoFar++];
+    entry.th32ProcessID = process.id;
+    std::memset(entry.szExeFile, 0, sizeof entry.szExeFile);
+    process.exe.copy(entry.szExeFile, sizeof entry.szExeFile);
+    return true;
+}
+
+} // namespace
+
+namespace platform {
+
+HANDLE CreateToolhelp32Snapshot(std::uint32_t flags, std::uint32_t processId) {
+    if (flags != 2 || processId != 0 || world().snapshotFails)
+        return HANDLE{static_cast<std::uintptr_t>(-1)};
+    walked = world().processes;
+    walkedSoFar = 0;
+    ++world().openSnapshots;
+    return HANDLE{0x5000U + static_cast<std::uintptr_t>(world().openSnapshots)};
+}
+
+bool Process32First(HANDLE snapshot, PROCESSENTRY32& entry) {
+    if (snapshot == HANDLE{static_cast<std::uintptr_t>(-1)})
+        return false;
+    walkedSoFar = 0;
+    return nextRecord(entry);
+}
+
+bool Process32Next(HANDLE /*snapshot*/, PROCESSENTRY32& entry) {
+    return nextRecord(entry);
+}
+
+} // namespace platform

@@ -1,0 +1,195 @@
+#include "platform/user32.h"
+
+#include "desktop/desktop.h"
+#include "desktop/surfaces.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+using desktop::Window;
+using desktop::world;
+
+std::string number(std::intptr_t value) {
+    return std::to_string(value);
+}
+
+std::string number(platform::HWND window) {
+    return std::to_string(static_cast<std::uintptr_t>(window));
+}
+
+void noteCall(const char* name, std::initializer_list<std::string> arguments) {
+    std::string call = name;
+    for (const std::string& argument : arguments)
+        call += " " + argument;
+    world().note(call);
+}
+
+/// Lower case of Windows-1252.
+char lower(char character) {
+    const auto code = static_cast<unsigned char>(character);
+    const bool capital = (code >= 'A' && code <= 'Z') || (code >= 0xC0 && code <= 0xDE && code != 0xD7);
+    if (capital)
+        return static_cast<char>(code + 0x20);
+    switch (code) {
+    case 0x8A:
+        return static_cast<char>(0x9A);
+    case 0x8C:
+        return static_cast<char>(0x9C);
+    case 0x8E:
+        return static_cast<char>(0x9E);
+    case 0x9F:
+        return static_cast<char>(0xFF);
+    default:
+        return character;
+    }
+}
+
+} // namespace
+
+namespace platform {
+
+bool EnumWindows(EnumWindowsCallback callback, std::intptr_t extra) {
+    // The platform walks a snapshot too: the callback may open or close windows.
+    static std::vector<HWND> snapshot;
+    snapshot = world().order;
+    for (const HWND window : snapshot)
+        if (callback(window, extra) == 0)
+            return false;
+    return true;
+}
+
+int GetWindowTextA(HWND window, char* text, int size) {
+    const Window* found = world().find(window);
+    if (size <= 0)
+        return 0;
+    const std::size_t count =
+        found == nullptr ? 0 : std::min(found->title.size(), static_cast<std::size_t>(size) - 1);
+    if (count > 0)
+        std::memcpy(text, found->title.data(), count);
+    text[count] = '\0';
+    return static_cast<int>(count);
+}
+
+int GetWindowTextLengthA(HWND window) {
+    const Window* found = world().find(window);
+    return found == nullptr ? 0 : static_cast<int>(found->title.size());
+}
+
+bool IsWindow(HWND window) {
+    return world().find(window) != nullptr;
+}
+
+bool GetWindowRect(HWND window, RECT& rect) {
+    if (world().find(window) == nullptr)
+        return false;
+    rect = world().screenRect(window);
+    return true;
+}
+
+bool GetClientRect(HWND window, RECT& rect) {
+    const Window* found = world().find(window);
+    if (found == nullptr)
+        return false;
+    rect = {0, 0, std::max(0, found->rect.right - found->rect.left - found->frameWidth),
+            std::max(0, found->rect.bottom - found->rect.top - found->frameHeight)};
+    return true;
+}
+
+HWND SetParent(HWND child, HWND parent) {
+    noteCall("SetParent", {number(child), number(parent)});
+    Window* moved = world().find(child);
+    if (moved == nullptr || (parent != HWND::none && world().find(parent) == nullptr))
+        return HWND::none;
+    const HWND former = moved->parent;
+    auto& from = former == HWND::none ? world().order : world().window(former).children;
+    std::erase(from, child);
+    auto& to = parent == HWND::none ? world().order : world().window(parent).children;
+    to.insert(to.begin(), child);
+    moved->parent = parent;
+    return former;
+}
+
+bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint) {
+    noteCall("MoveWindow",
+             {number(window), number(x), number(y), number(width), number(height), number(repaint ? 1 : 0)});
+    Window* moved = world().find(window);
+    if (moved == nullptr)
+        return false;
+    const int oldWidth = moved->rect.right - moved->rect.left;
+    const int oldHeight = moved->rect.bottom - moved->rect.top;
+    moved->rect = {x, y, x + oldWidth, y + oldHeight};
+    world().resizeWindow(window, width, height);
+    return true;
+}
+
+bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int width, int height,
+                  std::uint32_t flags) {
+    noteCall("SetWindowPos", {number(window), number(insertAfter), number(x), number(y), number(width),
+                              number(height), number(static_cast<std::intptr_t>(flags))});
+    if (world().find(window) == nullptr)
+        return false;
+    world().raise(window);
+    return true;
+}
+
+bool BringWindowToTop(HWND window) {
+    noteCall("BringWindowToTop", {number(window)});
+    if (world().find(window) == nullptr)
+        return false;
+    world().raise(window);
+    world().foreground = window;
+    return true;
+}
+
+bool ShowWindow(HWND window, int command) {
+    noteCall("ShowWindow", {number(window), number(command)});
+    Window* shown = world().find(window);
+    if (shown == nullptr)
+        return false;
+    const bool was = shown->visible;
+    shown->visible = command != 0;
+    if (command == 9)
+        shown->minimised = false;
+    return was;
+}
+
+std::intptr_t SendMessageA(HWND window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) {
+    noteCall("SendMessage", {number(window), number(static_cast<std::intptr_t>(message)),
+                             number(static_cast<std::intptr_t>(wParam)), number(lParam)});
+    if (Window* receiver = world().find(window); receiver != nullptr && message == 11)
+        receiver->redraw = wParam != 0;
+    return 0;
+}
+
+bool RedrawWindow(HWND window, const RECT& rect, std::uint32_t flags) {
+    noteCall("RedrawWindow", {number(window), number(rect.right), number(rect.bottom),
+                              number(static_cast<std::intptr_t>(flags))});
+    return world().find(window) != nullptr;
+}
+
+bool DrawIconEx(HDC dc, int x, int y, HICON icon, int width, int height, std::uint32_t /*step*/,
+                std::uint32_t flags) {
+    desktop::Pixels* target = desktop::pixelsOf(dc);
+    const auto found = world().icons.find(static_cast<std::uintptr_t>(icon));
+    if (target == nullptr || found == world().icons.end() || width != 0 || height != 0 || flags != 3)
+        return false;
+    const forms::Picture& picture = found->second;
+    for (int row = 0; row < picture.height(); ++row)
+        for (int column = 0; column < picture.width(); ++column)
+            if (x + column < target->width && y + row < target->height)
+                target->values[static_cast<std::size_t>((y + row) * target->width + x + column)] =
+                    picture.pixel(column, row);
+    return true;
+}
+
+bool DestroyIcon(HICON icon) {
+    return world().icons.erase(static_cast<std::uintptr_t>(icon)) == 1;
+}
+
+void CharLowerBuffA(std::span<char> text) {
+    std::transform(text.begin(), text.end(), text.begin(), lower);
+}
+
+} // namespace platform

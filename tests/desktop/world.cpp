@@ -1,0 +1,192 @@
+#include "desktop/desktop.h"
+
+#include "core/guard.h"
+
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+std::unique_ptr<World> theWorld;
+} // namespace
+
+World& world() {
+    if (!theWorld)
+        theWorld = std::make_unique<World>();
+    return *theWorld;
+}
+
+Session::Session() {
+    theWorld = std::make_unique<World>();
+}
+
+Session::~Session() = default;
+
+World::World() = default;
+World::~World() = default;
+
+HWND World::openWindow(const std::string& title, RECT rect, std::uint32_t process) {
+    Window made;
+    made.title = title;
+    made.rect = rect;
+    made.process = process;
+    const HWND handle = addWindow(std::move(made));
+    foreground = handle;
+    return handle;
+}
+
+HWND World::addWindow(Window made) {
+    made.handle = nextHandle != HWND::none ? nextHandle : HWND{nextWindow_ += 4};
+    nextHandle = HWND::none;
+    const HWND handle = made.handle;
+    if (made.parent == HWND::none)
+        order.insert(order.begin(), handle);
+    else
+        window(made.parent).children.insert(window(made.parent).children.begin(), handle);
+    windows_[handle] = std::move(made);
+    return handle;
+}
+
+Window* World::find(HWND handle) {
+    const auto found = windows_.find(handle);
+    return found == windows_.end() ? nullptr : &found->second;
+}
+
+Window& World::window(HWND handle) {
+    Window* found = find(handle);
+    if (found == nullptr)
+        throw std::logic_error("the test asks for a window that is not there");
+    return *found;
+}
+
+void World::closeWindow(HWND handle) {
+    if (find(handle) == nullptr)
+        return;
+    while (!window(handle).children.empty())
+        closeWindow(window(handle).children.front());
+    const Window gone = window(handle);
+    auto& siblings = gone.parent == HWND::none ? order : window(gone.parent).children;
+    std::erase(siblings, handle);
+    windows_.erase(handle);
+    if (foreground == handle)
+        foreground = order.empty() ? HWND::none : order.front();
+    if (gone.destroyed)
+        gone.destroyed();
+}
+
+void World::resizeWindow(HWND handle, int width, int height) {
+    Window& sized = window(handle);
+    const int oldWidth = sized.rect.right - sized.rect.left;
+    const int oldHeight = sized.rect.bottom - sized.rect.top;
+    sized.rect.right = sized.rect.left + width;
+    sized.rect.bottom = sized.rect.top + height;
+    if ((width != oldWidth || height != oldHeight) && sized.resized) {
+        const auto resized = sized.resized;
+        resized(sized);
+    }
+}
+
+void World::raise(HWND handle) {
+    const Window& raised = window(handle);
+    auto& siblings = raised.parent == HWND::none ? order : window(raised.parent).children;
+    std::erase(siblings, handle);
+    siblings.insert(siblings.begin(), handle);
+}
+
+RECT World::screenRect(HWND handle) {
+    const Window& seen = window(handle);
+    RECT rect = seen.rect;
+    if (seen.parent != HWND::none) {
+        const Window& parent = window(seen.parent);
+        const RECT outer = screenRect(seen.parent);
+        const int side = parent.frameWidth / 2;
+        const int top = parent.frameHeight - side;
+        rect.left += outer.left + side;
+        rect.right += outer.left + side;
+        rect.top += outer.top + top;
+        rect.bottom += outer.top + top;
+    }
+    return rect;
+}
+
+void World::killProcess(std::uint32_t id) {
+    std::erase_if(processes, [id](const Process& process) { return process.id == id; });
+    const std::vector<HWND> all = order;
+    for (const HWND handle : all)
+        if (find(handle) != nullptr && window(handle).process == id)
+            closeWindow(handle);
+}
+
+bool World::event(const std::function<void()>& code) {
+    if (ended)
+        return false;
+    try {
+        core::guarded(code);
+    } catch (const ProgramEnded&) {
+        ended = true;
+        timers.clear();
+    }
+    return !ended;
+}
+
+void World::run(std::int64_t milliseconds) {
+    const std::int64_t limit = now + milliseconds;
+    try {
+        while (!ended && fireNext(limit)) {
+        }
+    } catch (const ProgramEnded&) {
+        ended = true;
+        timers.clear();
+    }
+    now = std::max(now, limit);
+}
+
+bool World::fireNext(std::int64_t limit) {
+    const auto first = std::min_element(timers.begin(), timers.end(),
+                                        [](const auto& a, const auto& b) { return a.due < b.due; });
+    if (first == timers.end() || first->due > limit)
+        return false;
+    now = std::max(now, first->due);
+    first->due = now + first->timer->interval();
+    forms::Timer* const timer = first->timer;
+    core::guarded([timer] { timer->elapsed(); });
+    return true;
+}
+
+std::string TypedKeys::text() const {
+    std::string result;
+    for (const runtime::KeyStroke& stroke : strokes)
+        result += stroke.key == runtime::Key::enter ? '\n' : stroke.character;
+    return result;
+}
+
+} // namespace desktop
+
+namespace forms {
+
+void timerChanged(Timer& timer) {
+    auto& timers = desktop::world().timers;
+    std::erase_if(timers, [&timer](const auto& state) { return state.timer == &timer; });
+    if (timer.enabled() && timer.interval() > 0)
+        timers.push_back({&timer, desktop::world().now + timer.interval()});
+}
+
+void runModal(Form& form) {
+    desktop::World& world = desktop::world();
+    world.modalForms.push_back(&form);
+    struct Pop {
+        ~Pop() { desktop::world().modalForms.pop_back(); }
+    } pop;
+    if (!world.modalScripts.empty()) {
+        const auto script = world.modalScripts.front();
+        world.modalScripts.pop_front();
+        core::guarded([&] { script(form); });
+    }
+    // Far enough for any form that closes itself; a form that needs a user who does not come is stuck.
+    const std::int64_t limit = world.now + 60'000;
+    while (form.visible())
+        if (!world.fireNext(limit))
+            throw desktop::Stuck("a modal form is up and nobody closes it");
+}
+
+} // namespace forms
