@@ -1,0 +1,71 @@
+// The configured buttons of the three toolbars, in memory and in the settings file.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace store {
+
+enum class EditorKind { board = 0, schematic = 1, library = 2 };
+inline constexpr std::array<EditorKind, 3> editorKinds = {EditorKind::board, EditorKind::schematic,
+                                                          EditorKind::library};
+
+struct ToolButton {
+    std::string name;
+    std::string path;
+    std::string tooltip;
+    std::string param;
+    std::string icon;
+    std::int16_t rowNumber = 0;
+    std::int16_t dialog = 0; ///< 0 none, 1 input box, 2 file dialog
+    std::int16_t type = 0;   ///< 0 external program, 1 EAGLE command, 2 separator
+    std::int16_t live = 0;   ///< 1 for a row that exists
+
+    bool operator==(const ToolButton&) const = default;
+};
+
+/// A growable array of rows, counted from 1; element 0 is never used. An array that has never received a row is
+/// unallocated, which is not the same as one without a live row.
+class ButtonList {
+  public:
+    bool allocated() const { return !rows_.empty(); }
+    /// Highest index; 0 if unallocated.
+    std::int32_t upperBound() const { return rows_.empty() ? 0 : static_cast<std::int32_t>(rows_.size()) - 1; }
+    /// Resizes to the range 0 to `bound`, keeping contents.
+    void redim(std::int32_t bound) { rows_.resize(static_cast<std::size_t>(bound) + 1); }
+    /// Error 9 for an index beyond the bounds.
+    ToolButton& operator[](std::int32_t index);
+    const ToolButton& operator[](std::int32_t index) const;
+
+    bool operator==(const ButtonList&) const = default;
+
+  private:
+    std::vector<ToolButton> rows_;
+};
+
+inline ButtonList boardButtons;
+inline ButtonList schemButtons;
+inline ButtonList librButtons;
+
+/// What tells the lists apart.
+struct ListOfKind {
+    const char* section;
+    std::int16_t selector; ///< 0 is all three, 1 is not used
+    ButtonList* buttons;
+};
+const ListOfKind& listOf(EditorKind kind);
+
+/// Loads one list from the settings file, row by row until a name is missing. If row 1 is missing the list keeps
+/// what it held. Error 13 or 6 for a row without a proper `dialog` or `type`.
+void loadList(EditorKind kind);
+
+/// Loads the lists that `selector` names.
+void loadButtonLists(const std::int16_t& selector);
+
+/// Writes the lists that `selector` names. Gives -1 if a live row's icon or path holds "{eaglepath}", else 0.
+std::int16_t saveButtonLists(const std::int16_t& selector);
+
+} // namespace store

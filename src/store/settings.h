@@ -1,0 +1,58 @@
+// The settings file: one text file in the classic INI format beside the program. These three routines are the only
+// way to it, and nothing of it is cached: a value is read at the moment of use.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace store {
+
+/// Sections and keys, in the spelling of their readers; lookups ignore case.
+namespace section {
+inline constexpr const char* global = "global";
+inline constexpr const char* unit = "Unit";
+inline constexpr const char* toolbar = "toolbar";
+inline constexpr const char* toolbarWritten = "Toolbar"; ///< kept: the same section as its writers spell it
+} // namespace section
+
+namespace key {
+inline constexpr const char* language = "language";
+inline constexpr const char* visible = "Visible";
+inline constexpr const char* leftUnit = "LeftUnit";
+inline constexpr const char* rightUnit = "RightUnit";
+inline constexpr const char* leftAccuracy = "LeftAccuracy";
+inline constexpr const char* rightAccuracy = "RightAccuracy";
+inline constexpr const char* autoEAGLE = "autoEAGLE";
+inline constexpr const char* autoToolbar = "autoToolbar";
+inline constexpr const char* winEAGLE = "winEAGLE";
+inline constexpr const char* oneEAGLE = "oneEAGLE";
+inline constexpr const char* eaglePath = "EAGLEpath";
+inline constexpr const char* eagleFile = "EAGLEfile";
+inline constexpr const char* lastBoard = "lastBoard";
+inline constexpr const char* lastSCH = "lastSCH";
+inline constexpr const char* lastLBR = "lastLBR";
+inline constexpr const char* lastLbrWritten = "lastLbr"; ///< kept: the same key as its writer spells it
+} // namespace key
+
+/// Name of the routine last entered, where a routine records itself; nothing reads it.
+inline std::string currentRoutine;
+
+/// Writes one key. Gives the low half of the platform's result, non-zero on success.
+std::int16_t setini(const std::string& section, const std::string& key, const std::string& value);
+
+/// Value of a key, at most 254 characters; empty if it is absent or empty.
+std::string getini(const std::string& section, const std::string& key);
+
+/// Removes a section. Result as of setini.
+std::int16_t delini(const std::string& section);
+
+/// The value read as a number and compared with 0.
+bool getFlag(const std::string& section, const std::string& key);
+
+/// The value read as a number and rounded. Error 6 out of the 32-bit range.
+std::int32_t getNumber(const std::string& section, const std::string& key);
+
+/// The value, or `otherwise` if it is absent or empty.
+std::string getText(const std::string& section, const std::string& key, const std::string& otherwise);
+
+} // namespace store
