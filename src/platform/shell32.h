@@ -1,4 +1,4 @@
-// Shell operations of the platform: icons of files, the icon chooser. None throws.
+// Shell operations of the platform: icons of files, the icon chooser, the tray. None throws.
 #pragma once
 
 #include "platform/types.h"
@@ -15,5 +15,22 @@ std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeI
 /// The system's icon chooser. `file` is a buffer of UTF-16 characters that holds the start file, ended by NUL,
 /// and receives the chosen one; `index` likewise. Gives 1 when the user confirmed; any other result is none.
 int PickIconDlg(HWND owner, std::span<char16_t> file, std::int32_t& index);
+
+/// The tray's record, first version, with the platform's field names.
+struct NOTIFYICONDATA {
+    std::uint32_t cbSize = 88; ///< as it stands in the 32-bit program
+    HWND hWnd = HWND::none;
+    std::uint32_t uID = 0;
+    std::uint32_t uFlags = 0;
+    std::uint32_t uCallbackMessage = 0;
+    HICON hIcon = HICON::none;
+    char szTip[64] = {};
+};
+
+/// `message` 0 adds the icon, 2 deletes it. False if the shell refuses.
+bool Shell_NotifyIconA(std::uint32_t message, const NOTIFYICONDATA& record);
+
+/// The program's own icon at the tray's size. It stays the platform's.
+HICON programIcon();
 
 } // namespace platform

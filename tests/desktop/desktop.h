@@ -10,6 +10,7 @@
 #include "forms/timer.h"
 #include "platform/comdlg32.h"
 #include "platform/kernel32.h"
+#include "platform/shell32.h"
 #include "runtime/keyText.h"
 #include "runtime/runtimeError.h"
 
@@ -201,6 +202,8 @@ class World {
     std::vector<std::string> activations; ///< titles that were activated
     std::function<void()> onFileDialog;   ///< runs while a file dialog is up
     int beeps = 0;
+    std::optional<platform::NOTIFYICONDATA> trayIcon;
+    bool trayRefuses = false;
     /// What the user does with a menu that opens; without it the menu closes again.
     std::function<void(forms::Menu&)> onMenu;
     int menusOpened = 0;

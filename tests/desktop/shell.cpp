@@ -93,6 +93,20 @@ int PickIconDlg(HWND owner, std::span<char16_t> file, std::int32_t& index) {
     return answer.result;
 }
 
+bool Shell_NotifyIconA(std::uint32_t message, const NOTIFYICONDATA& record) {
+    desktop::World& desk = desktop::world();
+    desk.note("Shell_NotifyIcon " + std::to_string(message));
+    if (message == 0 && !desk.trayRefuses)
+        desk.trayIcon = record;
+    if (message == 2)
+        desk.trayIcon.reset();
+    return !desk.trayRefuses;
+}
+
+HICON programIcon() {
+    return HICON{0x42};
+}
+
 int GetOpenFileNameA(OPENFILENAMEA& record) {
     return desktop::fileDialog(record, false);
 }

@@ -1,0 +1,75 @@
+// Hauptform: the hidden main form. It lives as long as the program and owns the timers, the lists of forms that
+// were put into EAGLE's windows, and the tray icon. Its load routine is the start of the program.
+#pragma once
+
+#include "calculator/frmMil.h"
+#include "forms/form.h"
+#include "forms/textBox.h"
+#include "forms/timer.h"
+#include "platform/shell32.h"
+#include "platform/types.h"
+#include "store/buttonLists.h"
+#include "toolbars/frmToolbar.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace core {
+
+/// A list of hosted forms: index 0 is made at the start, entries are added behind and never removed, also when their
+/// host has gone.
+using Toolbars = std::vector<std::unique_ptr<toolbars::frmToolbar>>;
+using Calculators = std::vector<std::unique_ptr<calculator::frmMil>>;
+
+class Hauptform : public forms::Form {
+  public:
+    Hauptform();
+    ~Hauptform() override;
+
+    /// One tick of the tracker.
+    void setWindow();
+    /// Adds the tray icon; a refusal is not noticed.
+    void addSystray();
+    /// Removes the tray icon; removing it twice does no harm.
+    void delSystray();
+
+    void Form_Load() override;
+    void Form_QueryUnload(bool& cancel) override;
+    void Form_Unload() override;
+
+    forms::Timer Timer1{500}; ///< handles a run request
+    forms::Timer Timer2{200}; ///< the tick
+    forms::TextBox txtTooltip;
+
+    Calculators calculators;
+    Toolbars toolbarsBRD;
+    Toolbars toolbarsSCH;
+    Toolbars toolbarsLBR;
+    /// Ticks without an EAGLE process.
+    std::int16_t idleCount = 0;
+    /// Last file name written to the settings, by editor kind.
+    std::array<std::string, 3> lastOpened;
+
+    Toolbars& toolbarsOf(store::EditorKind kind);
+
+  private:
+    platform::NOTIFYICONDATA trayRecord_;
+
+    void loadSettings();
+    void Timer2_Timer();
+    void idleTest();
+    void trackKind(store::EditorKind kind);
+    std::size_t scan(store::EditorKind kind, platform::HWND host, bool& found);
+    void rememberFile(store::EditorKind kind, platform::HWND host);
+    std::size_t addToolbar(store::EditorKind kind, platform::HWND host, std::size_t scanned);
+    std::size_t addCalculator(toolbars::frmToolbar& toolbar, platform::HWND host);
+    void placeCalculator(std::size_t index, platform::HWND host);
+};
+
+/// The one instance, null before the start.
+Hauptform* hauptform();
+
+} // namespace core

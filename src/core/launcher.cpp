@@ -1,0 +1,7 @@
+#include "core/launcher.h"
+
+namespace core {
+
+void startEagle() {}
+
+} // namespace core

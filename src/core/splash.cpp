@@ -1,0 +1,7 @@
+#include "core/splash.h"
+
+namespace core {
+
+void showSplash() {}
+
+} // namespace core

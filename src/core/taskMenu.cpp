@@ -1,0 +1,7 @@
+#include "core/taskMenu.h"
+
+namespace core {
+
+void loadMenuTexts() {}
+
+} // namespace core

@@ -1,0 +1,166 @@
+// One tick: which windows of EAGLE's are there, and what each of them still needs.
+#include "core/hauptform.h"
+#include "core/placement.h"
+#include "core/state.h"
+#include "core/windoInf.h"
+#include "platform/system.h"
+#include "platform/user32.h"
+#include "runtime/runtimeError.h"
+#include "runtime/text.h"
+#include "store/settings.h"
+
+namespace core {
+
+namespace {
+
+using store::EditorKind;
+
+/// What tells the editor kinds apart for the tracker.
+struct TrackedKind {
+    std::array<const char*, 2> searchTexts; ///< null where there is no second one
+    const char* keyWritten;
+};
+
+constexpr std::array<TrackedKind, 3> trackedKinds = {{
+    {{"Board -", nullptr}, store::key::lastBoard},
+    {{"Schematic -", "Schaltplan -"}, store::key::lastSCH},
+    {{"Library -", "Bibliothek -"}, store::key::lastLbrWritten},
+}};
+
+const TrackedKind& tracked(EditorKind kind) {
+    return trackedKinds[static_cast<std::size_t>(kind)];
+}
+
+/// Titles with this text belong to EAGLE's windows that are no editors.
+constexpr const char* excluded = "eagle:";
+
+std::unique_ptr<toolbars::frmToolbar> newToolbar(EditorKind kind) {
+    switch (kind) {
+    case EditorKind::board:
+        return std::make_unique<toolbars::frmToolbarBRD>();
+    case EditorKind::schematic:
+        return std::make_unique<toolbars::frmToolbarSCH>();
+    case EditorKind::library:
+        break;
+    }
+    return std::make_unique<toolbars::frmToolbarLBR>();
+}
+
+platform::HWND candidate(EditorKind kind) {
+    for (const char* text : tracked(kind).searchTexts)
+        if (text != nullptr)
+            if (const platform::HWND window = findWindowByTitle(text); window != platform::HWND::none)
+                return window;
+    return platform::HWND::none;
+}
+
+/// Outer width in screen pixels; 0 for a window that has just died.
+std::int32_t hostWidth(platform::HWND host) {
+    platform::RECT rect;
+    platform::GetWindowRect(host, rect);
+    return rect.right - rect.left;
+}
+
+} // namespace
+
+void Hauptform::setWindow() {
+    idleTest();
+    for (const EditorKind kind : store::editorKinds)
+        trackKind(kind);
+}
+
+void Hauptform::idleTest() {
+    if (isEagleRunning() != 0) {
+        idleCount = 0;
+        return;
+    }
+    if (!store::getFlag(store::section::toolbar, store::key::autoToolbar))
+        idleCount = 0;
+    ++idleCount;
+    constexpr std::int16_t patience = 25;
+    if (idleCount > patience) {
+        delSystray();
+        platform::endProgram();
+    }
+}
+
+void Hauptform::trackKind(EditorKind kind) {
+    const platform::HWND host = candidate(kind);
+    // No other window of the kind is tried when this one is refused.
+    if (host == platform::HWND::none ||
+        runtime::lowerCase(getWindowCaption(host)).find(excluded) != std::string::npos)
+        return;
+    bool found = false;
+    const std::size_t scanned = scan(kind, host, found);
+    if (found)
+        placeCalculator(static_cast<std::size_t>(toolbarsOf(kind)[scanned]->milIndex), host);
+    else
+        placeCalculator(addToolbar(kind, host, scanned), host);
+}
+
+/// Index of the toolbar that stands in the host, or the first index beyond the bound.
+std::size_t Hauptform::scan(EditorKind kind, platform::HWND host, bool& found) {
+    const Toolbars& list = toolbarsOf(kind);
+    // Kept: the library scan ends where the schematic list does.
+    const std::size_t bound = (kind == EditorKind::library ? toolbarsSCH : list).size();
+    for (std::size_t index = 0; index < bound; ++index)
+        if (index < list.size() && list[index]->eagHND == host) {
+            found = true;
+            return index;
+        }
+    return bound;
+}
+
+void Hauptform::rememberFile(EditorKind kind, platform::HWND host) {
+    std::string name = parseFileFromTitle(host);
+    std::string& last = lastOpened[static_cast<std::size_t>(kind)];
+    if (name == last || name.empty())
+        return;
+    if (kind == EditorKind::library)
+        if (const std::size_t bracket = name.rfind('('); bracket != std::string::npos) {
+            // The character before the bracket goes too; a name that begins with the bracket has none.
+            if (bracket == 0)
+                throw runtime::RuntimeError(runtime::ErrorNumber::invalidCall);
+            name.resize(bracket - 1);
+        }
+    store::setini(store::section::toolbarWritten, tracked(kind).keyWritten, name);
+    last = name;
+}
+
+/// Gives the index in `calculators` that the placing is to use.
+std::size_t Hauptform::addToolbar(EditorKind kind, platform::HWND host, std::size_t scanned) {
+    rememberFile(kind, host);
+    Toolbars& list = toolbarsOf(kind);
+    list.push_back(newToolbar(kind));
+    toolbars::frmToolbar& toolbar = *list.back();
+    toolbar.loadVarBar();
+    toolbar.eagHND = host;
+    toolbar.show();
+    toolbar.oldParent = platform::SetParent(toolbar.window(), host);
+    const ToolbarPlace place =
+        placeToolbar(hostWidth(host), toolbar.width(), toolbar.height(), platform::twipsPerPixelX());
+    platform::MoveWindow(toolbar.window(), place.x, place.y, place.width, place.height, true);
+    toolbar.Form_Resize();
+    return unitCalcActive == 0 ? scanned : addCalculator(toolbar, host);
+}
+
+std::size_t Hauptform::addCalculator(toolbars::frmToolbar& toolbar, platform::HWND host) {
+    calculators.push_back(std::make_unique<calculator::frmMil>());
+    calculator::frmMil& added = *calculators.back();
+    added.show();
+    added.setWidth(1);
+    added.fraMil.setTop(0);
+    platform::SetParent(added.fraMil.hWnd(), host);
+    const std::size_t index = calculators.size() - 1;
+    toolbar.milIndex = static_cast<std::int32_t>(index);
+    return index;
+}
+
+void Hauptform::placeCalculator(std::size_t index, platform::HWND host) {
+    const float left = calculatorLeft(hostWidth(host), index != 0, platform::twipsPerPixelX());
+    // Without a calculator at this index there is nothing to place.
+    if (index < calculators.size() && calculators[index] != nullptr)
+        calculators[index]->fraMil.setLeft(left);
+}
+
+} // namespace core

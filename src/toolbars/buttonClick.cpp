@@ -1,0 +1,92 @@
+// What a click on a button does.
+#include "platform/system.h"
+#include "platform/user32.h"
+#include "runtime/keyText.h"
+#include "runtime/numbers.h"
+#include "runtime/runtimeError.h"
+#include "runtime/text.h"
+#include "setup/ObjFiledialog.h"
+#include "store/pathTokens.h"
+#include "toolbars/buttonTag.h"
+#include "toolbars/frmToolbar.h"
+
+#include <optional>
+#include <string>
+
+namespace toolbars {
+
+namespace {
+
+/// The argument that the user gives in the dialog that the tag asks for, with one blank before it; empty where there is
+/// no dialog, none at all where the user cancels.
+std::optional<std::string> askForArgument(const std::vector<std::string>& parts, platform::HWND owner) {
+    constexpr std::int16_t inputDialog = 1;
+    constexpr std::int16_t fileDialog = 2;
+    const std::int16_t dialog = runtime::toInt16(runtime::element(parts, tagField::dialog));
+    std::string answer;
+    if (dialog == inputDialog) {
+        answer = platform::inputBox(runtime::element(parts, tagField::param), "Input Parameter");
+    } else if (dialog == fileDialog) {
+        setup::ObjFiledialog files;
+        files.setFilename("*.*");
+        files.setDialogTitle(runtime::element(parts, tagField::param));
+        files.ShowOpen(owner);
+        answer = files.Filename();
+    } else {
+        return std::string();
+    }
+    if (answer.empty())
+        return std::nullopt;
+    return " " + answer;
+}
+
+/// Starts a program if its file is there. The user is not told of a failure.
+void startProgram(const std::string& path, const std::string& arguments) {
+    constexpr int normalWithFocus = 1;
+    try {
+        if (!platform::dir(path).empty())
+            platform::shell(path + arguments, normalWithFocus);
+    } catch (const runtime::RuntimeError&) { // NOLINT(bugprone-empty-catch): silent by design
+    }
+}
+
+void typeCommand(platform::HWND host, const std::string& command) {
+    constexpr int restore = 9;
+    platform::BringWindowToTop(host);
+    platform::ShowWindow(host, restore);
+    // Not escaped: the notation's characters in a command or an input act as key codes.
+    platform::sendKeys(runtime::parseKeyText(command + "{ENTER}"), true);
+}
+
+} // namespace
+
+void frmToolbar::Toolbar_ButtonClick(forms::ToolbarButton& button) {
+    lastToolbarKind = store::listOf(kind_).selector;
+    if (button.key == "Config") {
+        openSetup();
+        return;
+    }
+    if (differences_.ignoresOver && button.key == "Over")
+        return;
+    // The button may go while a dialog is up: from here on only the copy of its tag counts.
+    const std::vector<std::string> parts = runtime::split(button.tag, tagMark);
+    const std::optional<std::string> arguments = askForArgument(parts, window());
+    if (!arguments)
+        return;
+    const std::string path = store::expandTokens(parts[tagField::path]);
+    constexpr std::int16_t externalProgram = 0;
+    constexpr std::int16_t eagleCommand = 1;
+    const std::int16_t type = runtime::toInt16(runtime::element(parts, tagField::type));
+    if (type == externalProgram)
+        startProgram(path, *arguments);
+    else if (type == eagleCommand)
+        typeCommand(eagHND, path + *arguments);
+}
+
+/// The setup dialog opens here, on the form's page, once it is built; after it the toolbar is built anew.
+void frmToolbar::openSetup() {
+    loadLists();
+    loadVarBar();
+}
+
+} // namespace toolbars

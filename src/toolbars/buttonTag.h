@@ -1,0 +1,25 @@
+// The button tag: path, dialog, param and type of a row, joined by the section sign. It is the only link between a
+// toolbar button and what it does.
+#pragma once
+
+#include "store/buttonLists.h"
+
+#include <string>
+#include <vector>
+
+namespace toolbars {
+
+/// The section sign in the Western code page.
+inline constexpr char tagMark = '\xA7';
+
+/// Places of the fields in a tag. A mark inside path or param moves the later ones: nothing escapes it.
+namespace tagField {
+inline constexpr std::size_t path = 0;
+inline constexpr std::size_t dialog = 1;
+inline constexpr std::size_t param = 2;
+inline constexpr std::size_t type = 3;
+} // namespace tagField
+
+std::string buttonTag(const store::ToolButton& button);
+
+} // namespace toolbars

@@ -1,0 +1,95 @@
+// From the form's button list to visible buttons.
+#include "runtime/numbers.h"
+#include "runtime/text.h"
+#include "store/iconExtract.h"
+#include "toolbars/buttonTag.h"
+#include "toolbars/frmPullDown.h"
+#include "toolbars/frmToolbar.h"
+#include "toolbars/pictures.h"
+
+#include <string>
+
+namespace toolbars {
+
+namespace {
+
+constexpr const char* configKey = "Config";
+constexpr const char* overKey = "Over";
+constexpr int pictureSide = 16;
+constexpr std::int16_t separatorType = 2;
+
+} // namespace
+
+void frmToolbar::loadVarBar() {
+    if (differences_.touchesPullDown)
+        pullDown().Toolbar1.setImageList(nullptr);
+    // The first use of a control loads the form, so that the list below is fresh from the settings file.
+    load();
+    toolbar.setImageList(nullptr);
+    ImageList1.clear();
+    ImageList1.imageWidth = pictureSide;
+    ImageList1.imageHeight = pictureSide;
+    toolbar.clearButtons();
+
+    const store::ButtonList& buttons = *store::listOf(kind_).buttons;
+    if (!buttons.allocated()) {
+        addFixedPictures(0);
+    } else {
+        loadRowPictures(buttons);
+        loadRowButtons(buttons);
+    }
+    forms::ToolbarButton& config = toolbar.addButton(configKey, "", forms::ButtonStyle::standard, configKey);
+    config.toolTipText = "Configuration";
+    config.description = "Configuration";
+    config.tag = configKey;
+    if (differences_.resizesAtEnd)
+        Form_Resize();
+}
+
+void frmToolbar::loadRowPictures(const store::ButtonList& buttons) {
+    int number = 0;
+    for (std::int32_t row = 1; row <= buttons.upperBound(); ++row) {
+        const store::ToolButton& button = buttons[row];
+        if (button.live != 1)
+            continue;
+        ++number;
+        if (button.icon.empty()) {
+            ImageList1.add(number, "", fixedPictures().picture(differences_.pictureKey));
+            continue;
+        }
+        const std::vector<std::string> reference = runtime::split(button.icon, ',');
+        const std::int32_t index = runtime::toInt32(runtime::element(reference, 1));
+        // An icon that cannot be had leaves the surface as it was: the row gets the last good icon.
+        store::extractIconToPicture(reference.front(), index, Picture1);
+        Picture2.setPicture(Picture1.image());
+        ImageList1.add(number, "", Picture2.picture());
+    }
+    addFixedPictures(number);
+}
+
+void frmToolbar::addFixedPictures(int rows) {
+    ImageList1.add(rows + 1, configKey, fixedPictures().picture(configKey));
+    ImageList1.add(rows + 2, overKey, fixedPictures().picture(overKey));
+    toolbar.setImageList(&ImageList1);
+}
+
+void frmToolbar::loadRowButtons(const store::ButtonList& buttons) {
+    int number = 0;
+    for (std::int32_t row = 1; row <= buttons.upperBound(); ++row) {
+        const store::ToolButton& button = buttons[row];
+        if (button.live != 1)
+            continue;
+        ++number;
+        if (button.type == separatorType) {
+            toolbar.addButton("", "", forms::ButtonStyle::separator, 0);
+            continue;
+        }
+        forms::ToolbarButton& added =
+            toolbar.addButton(button.name + std::to_string(row), "", forms::ButtonStyle::standard, number);
+        added.toolTipText = button.tooltip;
+        added.description = button.name;
+        added.tag = buttonTag(button);
+    }
+}
+
+} // namespace toolbars
