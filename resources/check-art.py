@@ -1,0 +1,107 @@
+#!/usr/bin/env python3
+"""Checks the committed pictures: sizes, depth and masks of the icons, the splash pictures and how they
+meet, the table of toolbar pictures. Prints what is wrong and ends with 1, or one line and 0."""
+
+import pathlib
+import re
+import struct
+import subprocess
+import sys
+
+HERE = pathlib.Path(__file__).resolve().parent
+MASK = 0xC0C0C0
+PAPER = bytes.fromhex("FFFFC0")
+SAMPLES = "fit redraw ratsnest ripup drc erc grid-mm grid-inch layers run-ulp script print".split()
+SQUARE, SQUARE_AT = (93, 93), (16, 12)  # size and place on the splash form
+WIDE, WIDE_AT = (361, 76), (28, 68)
+
+wrong = []
+
+
+def expect(condition, text):
+    if not condition:
+        wrong.append(text)
+
+
+def icon(path, sizes):
+    data = path.read_bytes()
+    reserved, kind, count = struct.unpack_from("<3H", data)
+    expect((reserved, kind) == (0, 1), f"{path.name}: not an icon")
+    found = []
+    for n in range(count):
+        width, height, _, _, _, bits, length, at = struct.unpack_from("<4B2H2L", data, 6 + 16 * n)
+        found.append(width)
+        name = f"{path.name}, {width} pixels"
+        header = struct.unpack_from("<L2l2HL", data, at)
+        expect(header == (40, width, 2 * height, 1, 32, 0), f"{name}: not a plain 32-bit image: {header}")
+        expect(bits == 32 and width == height, f"{name}: directory says {width} by {height}, {bits} bits")
+        stride = (width + 31) // 32 * 4
+        expect(length == 40 + 4 * width * height + stride * height, f"{name}: image has the wrong length")
+        opaque = 0
+        for y in range(height):
+            for x in range(width):
+                (pixel,) = struct.unpack_from("<L", data, at + 40 + 4 * (y * width + x))
+                mask = data[at + 40 + 4 * width * height + y * stride + x // 8] >> (7 - x % 8) & 1
+                alpha = pixel >> 24
+                opaque += alpha >= 128
+                expect(mask == (alpha == 0), f"{name}: mask and alpha disagree at {x}, {height - 1 - y}")
+                expect(alpha or pixel == 0, f"{name}: colour under the mask at {x}, {height - 1 - y}")
+                if width == 16:
+                    expect(alpha in (0, 255), f"{name}: soft pixel at {x}, {height - 1 - y}")
+                    expect(alpha == 0 or pixel & 0xFFFFFF != MASK, f"{name}: pixel in the mask colour")
+        expect(opaque > width * height // 5, f"{name}: next to nothing is drawn")
+    expect(found == sizes, f"{path.name}: sizes {found}, wanted {sizes}")
+
+
+def gif(path, size):
+    data = path.read_bytes()
+    expect(data[:3] == b"GIF", f"{path.name}: not a GIF")
+    found = struct.unpack_from("<2H", data, 6)
+    expect(found == size, f"{path.name}: {found}, wanted {size}")
+    run = subprocess.run(["convert", path, "-depth", "8", "RGB:-"], stdout=subprocess.PIPE, check=True)
+    expect(len(run.stdout) == 3 * size[0] * size[1], f"{path.name}: not one frame of {size}")
+    return run.stdout
+
+
+def splash():
+    square = gif(HERE / "splash-square.gif", SQUARE)
+    wide = gif(HERE / "splash-wide.gif", WIDE)
+
+    def pixel(picture, size, at, x, y):
+        start = 3 * ((y - at[1]) * size[0] + x - at[0])
+        return picture[start : start + 3]
+
+    for x, y in ((16, 12), (108, 12), (16, 104), (108, 104)):
+        expect(pixel(square, SQUARE, SQUARE_AT, x, y) == PAPER, f"splash-square.gif: background at {x}, {y}")
+    for x in range(136, 389):  # the caption's second line stands here
+        for y in range(68, 117):
+            expect(pixel(wide, WIDE, WIDE_AT, x, y) == PAPER, f"splash-wide.gif: background at {x}, {y}")
+    for x in range(WIDE_AT[0], SQUARE_AT[0] + SQUARE[0]):
+        for y in range(WIDE_AT[1], SQUARE_AT[1] + SQUARE[1]):
+            same = pixel(square, SQUARE, SQUARE_AT, x, y) == pixel(wide, WIDE, WIDE_AT, x, y)
+            expect(same, f"the splash pictures differ where they overlap, at {x}, {y}")
+
+
+def table():
+    path = HERE.parent / "src/toolbars/pictures.inc"
+    lists = re.findall(r'\{ /\*key\*/ "(\w+)", \{([^}]*)\} \},', path.read_text("ascii"))
+    keys = [key for key, _ in lists]
+    expect(keys == ["Separator", "BRD", "SCH", "LBR", "Config", "Over"], f"{path.name}: keys {keys}")
+    for key, body in lists:
+        values = [int(text, 16) for text in re.findall(r"0x[0-9A-F]{8}", body)]
+        expect(len(values) == 256, f"{path.name}, {key}: {len(values)} pixels")
+        expect(all(value >> 24 == 255 for value in values), f"{path.name}, {key}: a pixel is not opaque")
+        drawn = sum(value & 0xFFFFFF != MASK for value in values)
+        expect(64 < drawn < 256, f"{path.name}, {key}: {drawn} pixels drawn")
+
+
+for name in ("kestrel", "brd", "sch", "lbr"):
+    icon(HERE / f"{name}.ico", [16, 24, 32, 48])
+for name in SAMPLES:
+    icon(HERE / f"samples/{name}.ico", [16, 24, 32])
+splash()
+table()
+if wrong:
+    print("\n".join(wrong[:20]))
+    sys.exit(f"check-art: {len(wrong)} faults")
+print("check-art: all pictures are as they should be")
