@@ -1,0 +1,40 @@
+#include "runtime/runtimeError.h"
+
+namespace runtime {
+
+std::string errorDescription(ErrorNumber number, std::int32_t resource) {
+    switch (number) {
+    case ErrorNumber::invalidCall:
+        return "Invalid procedure call or argument";
+    case ErrorNumber::overflow:
+        return "Overflow";
+    case ErrorNumber::subscriptOutOfRange:
+        return "Subscript out of range";
+    case ErrorNumber::divisionByZero:
+        return "Division by zero";
+    case ErrorNumber::typeMismatch:
+        return "Type mismatch";
+    case ErrorNumber::fileNotFound:
+        return "File not found";
+    case ErrorNumber::fileAlreadyOpen:
+        return "File already open";
+    case ErrorNumber::permissionDenied:
+        return "Permission denied";
+    case ErrorNumber::pathFileAccess:
+        return "Path/File access error";
+    case ErrorNumber::pathNotFound:
+        return "Path not found";
+    case ErrorNumber::resourceNotFound:
+        return "Resource with identifier '" + std::to_string(resource) + "' not found";
+    case ErrorNumber::keyNotUnique:
+        return "Key is not unique in collection";
+    }
+    return {};
+}
+
+std::string unhandledErrorText(const RuntimeError& error) {
+    return "Run-time error '" + std::to_string(static_cast<std::int32_t>(error.number)) + "':\r\n\r\n" +
+           error.what();
+}
+
+} // namespace runtime

@@ -1,0 +1,51 @@
+#include "runtime/text.h"
+
+#include "platform/user32.h"
+#include "runtime/runtimeError.h"
+
+namespace runtime {
+
+std::string lowerCase(std::string_view text) {
+    std::string result(text);
+    platform::CharLowerBuffA(result);
+    return result;
+}
+
+std::string_view trim(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::vector<std::string> split(std::string_view text, char mark) {
+    std::vector<std::string> parts;
+    for (;;) {
+        const std::size_t end = text.find(mark);
+        parts.emplace_back(text.substr(0, end));
+        if (end == std::string_view::npos)
+            return parts;
+        text.remove_prefix(end + 1);
+    }
+}
+
+const std::string& element(const std::vector<std::string>& parts, std::size_t index) {
+    if (index >= parts.size())
+        throw RuntimeError(ErrorNumber::subscriptOutOfRange);
+    return parts[index];
+}
+
+std::string replaceAll(std::string text, std::string_view what, std::string_view with) {
+    if (what.empty())
+        return text;
+    for (std::size_t found = text.find(what); found != std::string::npos;
+         found = text.find(what, found + with.size()))
+        text.replace(found, what.size(), with);
+    return text;
+}
+
+std::string_view untilNul(std::string_view text) {
+    return text.substr(0, text.find('\0'));
+}
+
+} // namespace runtime

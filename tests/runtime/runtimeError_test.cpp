@@ -1,0 +1,42 @@
+#include "runtime/runtimeError.h"
+
+#include <doctest/doctest.h>
+
+using runtime::ErrorNumber;
+using runtime::RuntimeError;
+
+TEST_CASE("each error has the runtime's number and description") {
+    struct Row {
+        ErrorNumber number;
+        int value;
+        const char* description;
+    };
+    const Row rows[] = {
+        {ErrorNumber::invalidCall, 5, "Invalid procedure call or argument"},
+        {ErrorNumber::overflow, 6, "Overflow"},
+        {ErrorNumber::subscriptOutOfRange, 9, "Subscript out of range"},
+        {ErrorNumber::divisionByZero, 11, "Division by zero"},
+        {ErrorNumber::typeMismatch, 13, "Type mismatch"},
+        {ErrorNumber::fileNotFound, 53, "File not found"},
+        {ErrorNumber::fileAlreadyOpen, 55, "File already open"},
+        {ErrorNumber::permissionDenied, 70, "Permission denied"},
+        {ErrorNumber::pathFileAccess, 75, "Path/File access error"},
+        {ErrorNumber::pathNotFound, 76, "Path not found"},
+        {ErrorNumber::keyNotUnique, 35602, "Key is not unique in collection"},
+    };
+    for (const Row& row : rows) {
+        CHECK(static_cast<int>(row.number) == row.value);
+        CHECK(std::string(RuntimeError(row.number).what()) == row.description);
+    }
+}
+
+TEST_CASE("a missing resource is named in its description") {
+    CHECK(static_cast<int>(ErrorNumber::resourceNotFound) == 326);
+    CHECK(runtime::errorDescription(ErrorNumber::resourceNotFound, 11052) ==
+          "Resource with identifier '11052' not found");
+}
+
+TEST_CASE("the message of an unhandled error has its number, an empty line and the description") {
+    CHECK(runtime::unhandledErrorText(RuntimeError(ErrorNumber::typeMismatch)) ==
+          "Run-time error '13':\r\n\r\nType mismatch");
+}
