@@ -1,7 +1,9 @@
 // What all controls have in common: place, state, tool tip, mouse and key events, and the peer.
 //
 // Assigning a property changes the state, tells the peer and raises the control's event at once, inside the
-// assignment, wherever the dialogs rely on that. Positions and sizes are in twips, in the container's client
+// assignment, wherever the dialogs rely on that. An event may assign again, replace handlers, rebuild lists
+// and unload the form; only the objects themselves have to outlive their events. Positions and sizes are in
+// twips, in the container's client area; those of a form are in screen coordinates, or in its host's client
 // area.
 #pragma once
 
@@ -58,7 +60,7 @@ enum class ControlKind {
     tabStrip,
 };
 
-/// Buttons of a mouse event: 1 left, 2 right, 4 middle. Shift state: 1 Shift, 2 Ctrl, 4 Alt. X and y in twips.
+/// Buttons of a mouse event: 1 left, 2 right, 4 middle. Shift state: 1 Shift, 2 Ctrl, 4 Alt. X, y: twips.
 using MouseEvent = std::function<void(int button, int shift, float x, float y)>;
 
 class Control {
@@ -80,15 +82,17 @@ class Control {
     float left() const { return position_.left; }
     float top() const { return position_.top; }
     float width() const { return position_.width; }
-    virtual float height() const { return position_.height; }
+    float height() const { return position_.height; }
     void setLeft(float twips);
     void setTop(float twips);
-    virtual void setWidth(float twips);
-    virtual void setHeight(float twips);
-    void setPosition(const Position& position);
+    void setWidth(float twips);
+    void setHeight(float twips);
+    virtual void setPosition(const Position& position);
 
     bool enabled() const { return enabled_; }
     void setEnabled(bool enabled);
+    /// Whether the user's clicks and keys get here: the control and all that it stands in are enabled.
+    bool acceptsInput() const;
     /// Whether the control itself is to be shown; a hidden container hides it all the same.
     bool visible() const { return visible_; }
     void setVisible(bool visible);
@@ -123,7 +127,10 @@ class Control {
     virtual void dropPeers();
 
   protected:
+    /// The peer lives at least until it has returned, even if the form is unloaded meanwhile.
     void tellPeer(Property property);
+    /// Takes over a place and size without telling the peer.
+    void storePosition(const Position& position) { position_ = position; }
 
   private:
     friend class Container;
@@ -137,7 +144,7 @@ class Control {
     Font font_;
     std::optional<Colour> foreColour_;
     std::optional<Colour> backColour_;
-    std::unique_ptr<Peer> peer_;
+    std::shared_ptr<Peer> peer_;
 };
 
 /// A control that others stand in. Does not own them: they are members of the form.
@@ -151,8 +158,14 @@ class Container : public Control {
     void makePeers() override;
     void dropPeers() override;
 
+  protected:
+    virtual void childPlaced(Control& /*child*/) {}
+    virtual void childRemoved(Control& /*child*/) {}
+
   private:
     friend class Control;
+    void remove(Control& child);
+
     std::vector<Control*> controls_;
 };
 

@@ -1,8 +1,8 @@
 // A form: a top-level window, or one that is put into a window of another program.
 //
 // Events are virtual routines under the field's names. A form is made as a plain object; loading it makes its
-// window and raises Form_Load, and happens at the first use that needs the window. When the window dies with its
-// host the object lives on, loaded and without a window.
+// window and raises Form_Load, and happens at the first use that needs the window. When the window dies with
+// its host the object lives on, loaded and without a window.
 #pragma once
 
 #include "forms/control.h"
@@ -28,34 +28,34 @@ class Form : public Container {
 
     // Design, to be set before the form is loaded.
     BorderStyle borderStyle = BorderStyle::fixedSingle;
-    bool controlBox = true;      ///< system menu and close box
+    bool controlBox = true; ///< system menu and close box
     bool showInTaskbar = true;
     bool centreOnScreen = false;
-    bool activates = true;       ///< takes the focus when it is shown or clicked; a hosted form must not
-    /// Sets the client size, in twips; the outer size follows from the border.
+    bool activates = true; ///< takes the focus when it is shown or clicked; a hosted form must not
+    /// Sets the client size, in twips; the outer size follows from the border style, to be set before.
     void setClientSize(float width, float height);
 
     const std::string& caption() const { return caption_; }
     void setCaption(std::string_view caption);
 
     bool loaded() const { return loaded_; }
-    /// Makes the window and raises Form_Load; does nothing if the form is loaded.
+    /// Makes the window with all that stands on it, then raises Form_Load. Does nothing if that is done.
     void load();
     /// Loads if needed and shows the form without waiting.
     void show();
     /// Loads if needed, shows the form and returns when it has been hidden or unloaded.
     void showModal();
     void hide();
-    /// Asks Form_QueryUnload, then raises Form_Unload and drops the window. A refused unload changes nothing.
+    /// Asks Form_QueryUnload, then raises Form_Unload and drops the window. A refused unload changes nothing,
+    /// and neither does an unload that one of these two events asks for.
     void unload();
 
     /// The form's window; loads the form if needed.
     platform::HWND window();
 
-    // Outer size (width, height) and client size, all in twips. Assigning the outer size raises Form_Resize
-    // inside the assignment if it really changes.
-    void setWidth(float twips) override;
-    void setHeight(float twips) override;
+    // Outer size (width, height) and client size, all in twips and always whole pixels. Assigning the outer
+    // size raises Form_Resize inside the assignment if it really changes. Without a window it is only stored.
+    void setPosition(const Position& position) override;
     float scaleWidth() const { return scaleWidth_; }
     float scaleHeight() const { return scaleHeight_; }
 
@@ -63,8 +63,12 @@ class Form : public Container {
     void setMousePointer(MousePointer pointer);
 
     // Called by the peer.
-    /// The window has another size, in pixels. Aligned toolbars follow first, then Form_Resize is raised.
+    /// The window has the size given, in pixels. If that is another one than before, aligned toolbars follow
+    /// first, then Form_Resize is raised, unless the window is only just being made.
     void windowResized(int outerWidth, int outerHeight, int clientWidth, int clientHeight);
+    /// The window has been moved: pixels, on the screen or in the client area of its host. Raises nothing. A
+    /// form that did not hear of it would go back to its old place with the next assignment of a size.
+    void windowMoved(int left, int top);
     /// The user wants to close the window.
     void closeRequested() { unload(); }
 
@@ -75,13 +79,19 @@ class Form : public Container {
     virtual void Form_MouseMove(int /*button*/, int /*shift*/, float /*x*/, float /*y*/) {}
     virtual void Form_Click() {}
 
+  protected:
+    void childPlaced(Control& child) override;
+
   private:
-    void resizeAligned();
-    void adoptSize(float width, float height, float clientWidth, float clientHeight);
+    void align(Control& child);
+    void assignSize(float width, float height);
+    void adoptSize(int width, int height, int clientWidth, int clientHeight);
 
     std::string caption_;
     bool loaded_ = false;
-    bool unloading_ = false;
+    bool loading_ = false;      ///< the windows are being made
+    bool unloading_ = false;    ///< QueryUnload or Unload is running
+    bool sizeAssigned_ = false; ///< a size has been stored that the window has not confirmed yet
     float scaleWidth_ = 0;
     float scaleHeight_ = 0;
     MousePointer mousePointer_ = MousePointer::standard;

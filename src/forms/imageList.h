@@ -27,8 +27,8 @@ class ImageList {
     Colour maskColour = maskGrey;
 
     void clear() { images_.clear(); }
-    /// Inserts a picture as number `index`, 0 for the end, shifting those behind it. Error 9 for a number that would leave a gap,
-    /// error 35602 for a key that is there already.
+    /// Inserts a picture as number `index`, 0 for the end, shifting those behind it. Error 9 for a number
+    /// below 0 or one that would leave a gap, error 35602 for a key that is there already.
     void add(int index, std::string_view key, const Picture& picture);
     int count() const { return static_cast<int>(images_.size()); }
     const std::vector<ListImage>& images() const { return images_; }

@@ -18,7 +18,7 @@ class Label : public Control {
     bool border = false;
 
     std::function<void()> onClick;
-    /// Called by the peer.
+    /// Called by the peer. A disabled label ignores it.
     void click();
 
   private:
@@ -38,7 +38,7 @@ class Image : public Control {
     void setPicture(const Picture& picture);
 
     std::function<void()> onClick;
-    /// Called by the peer.
+    /// Called by the peer. A disabled image ignores it.
     void click();
 
   private:

@@ -21,12 +21,13 @@ class ItemList : public Control {
     const std::vector<std::string>& items() const { return items_; }
 
     int listIndex() const { return listIndex_; }
-    /// Selects a row, -1 none; raises onClick inside the assignment if the index really changes to a row. Error 5
-    /// for an index out of range.
+    /// Selects a row, -1 none; raises onClick inside the assignment if the index really changes to a row.
+    /// Error 5 for an index out of range.
     void setListIndex(int index);
 
     std::function<void()> onClick;
-    /// Called by the peer: the user has selected a row. Raises onClick, also on the row that is selected already.
+    /// Called by the peer: the user has selected a row. Raises onClick, also on the row that is selected
+    /// already. A row that is not there and a disabled list raise nothing.
     void selected(int index);
 
   private:

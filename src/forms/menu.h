@@ -19,7 +19,8 @@ class Menu {
     std::vector<MenuItem> items;
     std::function<void(int index)> onClick;
 
-    /// Called by the peer: the entry with this index was chosen.
+    /// Called by the peer: the entry with this index was chosen. Separators, disabled and hidden entries
+    /// raise nothing.
     void choose(int index) const;
 };
 

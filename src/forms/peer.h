@@ -1,9 +1,16 @@
 // The seam between a control, which is a plain object with state and events, and the window that shows it.
 //
-// A control tells its peer what has changed, and the peer reads the new state from the control. The way back is
-// the control's own routines named after what the user did (typed, clicked, selected ...). makePeer and the
-// routines below it are defined beside the platform operations: real windows in the program, windows of the
-// simulated desktop in the tests.
+// A control tells its peer what has changed, and the peer reads the new state from the control. The way back
+// is the control's own routines named after what the user did (typed, clicked, selected ...). makePeer and
+// the routines below it are defined beside the platform operations: real windows in the program, windows of
+// the simulated desktop in the tests.
+//
+// What the controls expect of it:
+// - A form's peer reports the size that its window has taken by Form::windowResized before changed()
+//   returns; a size that is not reported was refused. It reports every new place by Form::windowMoved.
+// - A window that takes over a state raises no event for it.
+// - items and buttons are told once for each row: a peer appends, or collects and rebuilds once, later.
+//   The texts of a toolbar button are filled in after it was told of.
 #pragma once
 
 #include "platform/types.h"
@@ -19,18 +26,18 @@ class Timer;
 
 /// What of a control has changed.
 enum class Property {
-    position,    ///< left, top, width or height
-    text,        ///< text or caption
+    position, ///< left, top, width or height
+    text,     ///< text or caption
     enabled,
     visible,
     toolTip,
-    selection,   ///< selected text, list row or tab
-    value,       ///< check box or option button
-    items,       ///< rows of a list, captions of tabs
+    selection, ///< selected text, list row or tab
+    value,     ///< check box or option button
+    items,     ///< rows of a list, captions of tabs
     picture,
     imageList,
-    buttons,     ///< buttons of a toolbar, or their layout
-    colours,     ///< colours or font
+    buttons, ///< buttons of a toolbar, or their layout
+    colours, ///< colours or font
     mousePointer,
 };
 
@@ -49,7 +56,8 @@ class Peer {
     Peer() = default;
 };
 
-/// Makes the window of a control whose container has one. A null result means that this control needs none here.
+/// Makes the window of a control whose container has one. A null result means that this control needs none
+/// here.
 std::unique_ptr<Peer> makePeer(Control& control);
 
 /// Title bar and frame of a form's border, in pixels: outer size less client size.

@@ -18,21 +18,22 @@ inline constexpr Colour maskGrey = 0xC0C0C0;
 class Picture {
   public:
     Picture() = default;
-    /// `pixels` holds width * height values.
+    /// `pixels` holds width * height values; error 5 otherwise.
     Picture(int width, int height, std::vector<std::uint32_t> pixels);
 
     bool empty() const { return pixels_ == nullptr; }
     int width() const { return width_; }
     int height() const { return height_; }
     std::span<const std::uint32_t> pixels() const;
+    /// Error 5 outside the picture.
     std::uint32_t pixel(int x, int y) const;
 
     /// The same block of pixels or one of equal content.
     bool operator==(const Picture& other) const;
 
     /// This picture at another size: a picture up to half as large again is cut to its middle, so that an
-    /// icon drawn with a margin stays sharp; any other size is scaled, each target pixel being the mean of what it
-    /// covers.
+    /// icon drawn with a margin stays sharp; any other size is scaled, each target pixel being the mean of
+    /// what it covers (colours weigh by their opacity). The empty picture becomes a transparent one.
     Picture fitted(int width, int height) const;
 
   private:

@@ -13,7 +13,7 @@ class PictureBox : public Control {
         setBackColour(maskGrey);
     }
 
-    /// While on, drawing goes to a surface in memory of the box's size that is kept; it outlives switching off.
+    /// While on, drawing goes to a surface in memory of the box's size; what it holds outlives switching off.
     bool autoRedraw() const { return autoRedraw_; }
     void setAutoRedraw(bool on);
     /// Fills the surface with the back colour.
@@ -22,7 +22,8 @@ class PictureBox : public Control {
     platform::HDC hDC() const;
     /// Shows what has been drawn.
     void refresh();
-    /// What has been drawn, over the picture if there is one; a blank picture of the box's size before that.
+    /// A picture of the box's size: what has been drawn, that is every pixel that has not the back colour,
+    /// over the picture if there is one, over the back colour.
     Picture image() const;
 
     const Picture& picture() const { return picture_; }
@@ -30,6 +31,8 @@ class PictureBox : public Control {
     void setPicture(const Picture& picture);
 
   private:
+    Colour background() const { return backColour().value_or(maskGrey); }
+
     bool autoRedraw_ = false;
     Picture picture_;
     std::unique_ptr<Surface> surface_;

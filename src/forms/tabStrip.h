@@ -11,13 +11,15 @@ class TabStrip : public Container {
 
     int tabs() const { return static_cast<int>(captions_.size()); }
     /// Tabs count from 0. The first tab is in front at the start.
+    /// Error 5 below 0. If the front tab goes, the last one comes to the front, without an event.
     void setTabs(int count);
+    /// Error 5 for a tab that is not there; so with setTabCaption and placeOnTab.
     const std::string& tabCaption(int tab) const;
     void setTabCaption(int tab, std::string_view caption);
 
     int tab() const { return tab_; }
-    /// Brings a tab to the front: its frames show, those of the others hide. Raises onClick if it really changes.
-    /// Error 5 for a tab that is not there.
+    /// Brings a tab to the front: its frames show, those of the others hide. Raises onClick if it really
+    /// changes. Error 5 for a tab that is not there.
     void setTab(int tab);
 
     /// Places a frame on a tab.
@@ -26,6 +28,9 @@ class TabStrip : public Container {
     std::function<void()> onClick;
     /// Called by the peer.
     void selected(int tab) { setTab(tab); }
+
+  protected:
+    void childRemoved(Control& child) override;
 
   private:
     struct Page {

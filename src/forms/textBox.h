@@ -10,10 +10,11 @@ class TextBox : public Control {
     TextBox() : Control(ControlKind::textBox) {}
 
     const std::string& text() const { return text_; }
-    /// Raises onChange inside the assignment if the text really changes; the selection goes to the start.
+    /// The selection goes to the start. Raises onChange inside the assignment if the text really changes.
     void setText(std::string_view text);
 
-    /// Selection in characters from 0; values beyond the text are held to its end. Error 5 below 0.
+    /// Selection in characters from 0; values beyond the text are held to its end. Error 5 below 0. A new
+    /// start leaves nothing selected.
     int selStart() const { return selStart_; }
     int selLength() const { return selLength_; }
     void setSelStart(int start);
@@ -31,15 +32,19 @@ class TextBox : public Control {
     // Called by the peer.
     /// The character as the key press event leaves it.
     int keyPressed(int keyAscii);
-    /// The text has been edited in the window: takes it over and raises onChange, without telling the peer.
+    /// The text has been edited in the window: takes it over and raises onChange if it is another one,
+    /// without telling the peer.
     void edited(std::string_view text);
     /// The selection has been moved in the window.
     void selected(int start, int length);
 
-    /// What a user does who types one character: the press, the edit at the selection, the release.
+    /// What a user does who types one character, the backspace among them: the key goes down, the press, the
+    /// edit at the selection, the release. A disabled box ignores it.
     void typeCharacter(char character);
 
   private:
+    void typed(int keyAscii);
+
     std::string text_;
     int selStart_ = 0;
     int selLength_ = 0;

@@ -14,6 +14,7 @@ class Timer {
     Timer& operator=(const Timer&) = delete;
 
     int interval() const { return interval_; }
+    /// Starts a whole new interval if the timer is on. Error 5 below 0.
     void setInterval(int milliseconds);
     bool enabled() const { return enabled_; }
     /// Switching on starts a whole new interval; switching on what is on changes nothing.
@@ -21,7 +22,7 @@ class Timer {
 
     std::function<void()> onTimer;
 
-    /// Called by the clock.
+    /// Called by the clock. A timer that has been switched off meanwhile ignores it.
     void elapsed();
 
   private:

@@ -1,0 +1,155 @@
+#include "forms/control.h"
+
+#include "forms/form.h"
+
+#include <algorithm>
+
+namespace forms {
+
+Control::~Control() {
+    if (container_ != nullptr)
+        container_->remove(*this);
+}
+
+void Control::place(Container& container, const Position& position) {
+    if (container_ != nullptr) {
+        dropPeers();
+        container_->remove(*this);
+    }
+    container_ = &container;
+    container.controls_.push_back(this);
+    setPosition(position);
+    container.childPlaced(*this);
+    if (const Form* on = form(); on != nullptr && on->loaded())
+        makePeers();
+}
+
+Form* Control::form() {
+    Control* outermost = this;
+    while (outermost->container_ != nullptr)
+        outermost = outermost->container_;
+    return outermost->kind_ == ControlKind::form ? static_cast<Form*>(outermost) : nullptr;
+}
+
+void Control::setLeft(float twips) {
+    Position moved = position_;
+    moved.left = twips;
+    setPosition(moved);
+}
+
+void Control::setTop(float twips) {
+    Position moved = position_;
+    moved.top = twips;
+    setPosition(moved);
+}
+
+void Control::setWidth(float twips) {
+    Position sized = position_;
+    sized.width = twips;
+    setPosition(sized);
+}
+
+void Control::setHeight(float twips) {
+    Position sized = position_;
+    sized.height = twips;
+    setPosition(sized);
+}
+
+void Control::setPosition(const Position& position) {
+    if (position == position_)
+        return;
+    position_ = position;
+    tellPeer(Property::position);
+}
+
+void Control::setEnabled(bool enabled) {
+    if (enabled == enabled_)
+        return;
+    enabled_ = enabled;
+    tellPeer(Property::enabled);
+}
+
+bool Control::acceptsInput() const {
+    for (const Control* control = this; control != nullptr; control = control->container_)
+        if (!control->enabled_)
+            return false;
+    return true;
+}
+
+void Control::setVisible(bool visible) {
+    if (visible == visible_)
+        return;
+    visible_ = visible;
+    tellPeer(Property::visible);
+}
+
+void Control::setToolTipText(std::string_view text) {
+    toolTipText_ = std::string(text);
+    tellPeer(Property::toolTip);
+}
+
+void Control::setFont(const Font& font) {
+    font_ = font;
+    tellPeer(Property::colours);
+}
+
+void Control::setForeColour(std::optional<Colour> colour) {
+    foreColour_ = colour;
+    tellPeer(Property::colours);
+}
+
+void Control::setBackColour(std::optional<Colour> colour) {
+    backColour_ = colour;
+    tellPeer(Property::colours);
+}
+
+platform::HWND Control::hWnd() {
+    return peer_ ? peer_->window() : platform::HWND::none;
+}
+
+void Control::setFocus() {
+    if (const std::shared_ptr<Peer> peer = peer_)
+        peer->setFocus();
+}
+
+void Control::makePeers() {
+    if (!peer_)
+        peer_ = makePeer(*this);
+}
+
+void Control::dropPeers() {
+    peer_.reset();
+}
+
+void Control::tellPeer(Property property) {
+    if (const std::shared_ptr<Peer> peer = peer_)
+        peer->changed(property);
+}
+
+Container::~Container() {
+    for (Control* child : controls_)
+        child->container_ = nullptr;
+}
+
+void Container::makePeers() {
+    Control::makePeers();
+    for (Control* child : std::vector<Control*>(controls_))
+        child->makePeers();
+}
+
+void Container::dropPeers() {
+    for (Control* child : std::vector<Control*>(controls_))
+        child->dropPeers();
+    Control::dropPeers();
+}
+
+void Container::remove(Control& child) {
+    // From the back: members go in the reverse of the order in which they were placed.
+    const auto found = std::find(controls_.rbegin(), controls_.rend(), &child);
+    if (found == controls_.rend())
+        return;
+    controls_.erase(std::next(found).base());
+    childRemoved(child);
+}
+
+} // namespace forms

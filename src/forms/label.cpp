@@ -1,0 +1,27 @@
+#include "forms/label.h"
+
+#include "forms/event.h"
+
+namespace forms {
+
+void Label::setCaption(std::string_view caption) {
+    caption_ = std::string(caption);
+    tellPeer(Property::text);
+}
+
+void Label::click() {
+    if (acceptsInput())
+        raise(onClick);
+}
+
+void Image::setPicture(const Picture& picture) {
+    picture_ = picture;
+    tellPeer(Property::picture);
+}
+
+void Image::click() {
+    if (acceptsInput())
+        raise(onClick);
+}
+
+} // namespace forms

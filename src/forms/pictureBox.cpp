@@ -1,0 +1,81 @@
+#include "forms/pictureBox.h"
+
+#include "forms/units.h"
+
+#include <algorithm>
+
+namespace forms {
+
+namespace {
+
+constexpr std::uint32_t opaque = 0xFF000000;
+
+/// Pixels of a box; at least one, since a surface cannot be without.
+int boxPixels(float twips) {
+    return std::max(1, toPixels(twips));
+}
+
+/// A picture in the making: others are laid over it from the top left corner, as far as they reach.
+class Canvas {
+  public:
+    Canvas(int width, int height, Colour colour)
+        : width_(width), height_(height),
+          pixels_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), opaque | colour) {}
+
+    /// Pixels that `shows` refuses leave what is beneath them.
+    template <typename Shows>
+    void lay(const Picture& picture, Shows shows) {
+        for (int y = 0; y < std::min(height_, picture.height()); ++y)
+            for (int x = 0; x < std::min(width_, picture.width()); ++x)
+                if (const std::uint32_t pixel = picture.pixel(x, y); shows(pixel))
+                    pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
+                            static_cast<std::size_t>(x)] = opaque | pixel;
+    }
+    Picture picture() && { return {width_, height_, std::move(pixels_)}; }
+
+  private:
+    int width_;
+    int height_;
+    std::vector<std::uint32_t> pixels_;
+};
+
+} // namespace
+
+void PictureBox::setAutoRedraw(bool on) {
+    autoRedraw_ = on;
+    if (on && !surface_)
+        surface_ = std::make_unique<Surface>(boxPixels(width()), boxPixels(height()), background());
+}
+
+void PictureBox::cls() {
+    if (surface_)
+        surface_->clear(background());
+}
+
+platform::HDC PictureBox::hDC() const {
+    return autoRedraw_ ? surface_->dc() : platform::HDC::none;
+}
+
+void PictureBox::refresh() {
+    tellPeer(Property::picture);
+}
+
+Picture PictureBox::image() const {
+    Canvas canvas(boxPixels(width()), boxPixels(height()), background());
+    canvas.lay(picture_, [](std::uint32_t pixel) { return pixel >> 24 >= 128; });
+    if (surface_)
+        canvas.lay(surface_->copy(),
+                   [back = background()](std::uint32_t pixel) { return (pixel & ~opaque) != back; });
+    return std::move(canvas).picture();
+}
+
+void PictureBox::setPicture(const Picture& picture) {
+    picture_ = picture;
+    if (autoRedraw_)
+        cls();
+    else
+        surface_.reset();
+    tellPeer(Property::picture);
+}
+
+} // namespace forms
