@@ -162,7 +162,6 @@ class World {
     std::map<std::string, File> files;
     std::string programFolder = "C:\\kestrel";
     std::string currentDirectory = "C:\\work";
-    bool settingsReadOnly = false;
     int settingsReads = 0;
 
     // --- icons -------------------------------------------------------------------------------------------------

@@ -28,6 +28,23 @@ bool nextRecord(platform::PROCESSENTRY32& entry) {
 
 namespace platform {
 
+std::uint32_t GetPrivateProfileStringA(const char* section, const char* key, const char* defaultValue,
+                                       char* buffer, std::uint32_t size, const char* file) {
+    ++world().settingsReads;
+    const std::optional<std::string> text = world().fileText(file);
+    return desktop::profileGet(text ? &*text : nullptr, section, key, defaultValue, buffer, size);
+}
+
+int WritePrivateProfileStringA(const char* section, const char* key, const char* value, const char* file) {
+    if (const desktop::File* found = world().file(file); found != nullptr && (found->readOnly || found->locked))
+        return 0;
+    std::optional<std::string> text = world().fileText(file);
+    const int result = desktop::profileWrite(text, section, key, value);
+    if (text)
+        world().writeFile(file, *text);
+    return result;
+}
+
 HANDLE CreateToolhelp32Snapshot(std::uint32_t flags, std::uint32_t processId) {
     if (flags != 2 || processId != 0 || world().snapshotFails)
         return HANDLE{static_cast<std::uintptr_t>(-1)};
