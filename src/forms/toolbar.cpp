@@ -15,9 +15,10 @@ void ToolbarLayout::append(ButtonStyle style, int width) {
         return;
     }
     if (used > 0 && used + toolbarButtonWidth > width) {
-        for (auto cell = cells.rbegin(); cell != cells.rend() && cell->separator && !cell->hidden; ++cell) {
+        for (auto cell = cells.rbegin(); cell != cells.rend() && cell->separator; ++cell) {
+            if (!cell->hidden)
+                used -= toolbarSeparatorWidth;
             cell->hidden = true;
-            used -= toolbarSeparatorWidth;
         }
         // A row of nothing but separators is no row: the button stands at its start.
         if (used > 0) {
