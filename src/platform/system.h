@@ -44,6 +44,10 @@ void sendKeys(std::span<const runtime::KeyStroke> strokes, bool wait);
 /// Lets pending messages run once.
 void doEvents();
 
+/// Text of the ANSI code page as UTF-16, and back; what the code page lacks becomes a question mark.
+std::u16string toUtf16(std::string_view text);
+std::string toAnsi(std::u16string_view text);
+
 /// Folder of the running program, without a trailing backslash unless it is a drive root.
 const std::string& programFolder();
 

@@ -1,0 +1,64 @@
+#include "store/settings.h"
+
+#include "platform/kernel32.h"
+#include "platform/system.h"
+#include "runtime/numbers.h"
+#include "runtime/text.h"
+
+#include <array>
+
+namespace store {
+
+namespace {
+
+/// The file, given the folder in the spelling that a routine uses for it. Nothing is normalised: at a drive
+/// root there are two separators in a row, which the platform copes with.
+std::string settingsFile(const std::string& folder) {
+    return folder + "\\kestrel.ini";
+}
+
+/// Kept: readers and the removal take the folder in lower case, the writer as it stands. Case does not count
+/// there.
+std::string settingsFileLower() {
+    return settingsFile(runtime::lowerCase(platform::programFolder()));
+}
+
+} // namespace
+
+std::int16_t setini(const std::string& section, const std::string& key, const std::string& value) {
+    currentRoutine = "setini";
+    return static_cast<std::int16_t>(platform::WritePrivateProfileStringA(
+        section.c_str(), key.c_str(), value.c_str(), settingsFile(platform::programFolder()).c_str()));
+}
+
+std::string getini(const std::string& section, const std::string& key) {
+    currentRoutine = "getini";
+    std::array<char, 255> buffer;
+    buffer.fill(' ');
+    const auto count = static_cast<std::int16_t>(platform::GetPrivateProfileStringA(
+        section.c_str(), key.c_str(), "", buffer.data(), static_cast<std::uint32_t>(buffer.size()),
+        settingsFileLower().c_str()));
+    if (count <= 0)
+        return {};
+    return {buffer.data(), static_cast<std::size_t>(count)};
+}
+
+std::int16_t delini(const std::string& section) {
+    return static_cast<std::int16_t>(
+        platform::WritePrivateProfileStringA(section.c_str(), nullptr, nullptr, settingsFileLower().c_str()));
+}
+
+bool getFlag(const std::string& section, const std::string& key) {
+    return runtime::readNumber(getini(section, key)) != 0;
+}
+
+std::int32_t getNumber(const std::string& section, const std::string& key) {
+    return runtime::roundToInt32(runtime::readNumber(getini(section, key)));
+}
+
+std::string getText(const std::string& section, const std::string& key, const std::string& otherwise) {
+    std::string value = getini(section, key);
+    return value.empty() ? otherwise : value;
+}
+
+} // namespace store
