@@ -24,6 +24,7 @@ class Raised {
 } // namespace
 
 Form::~Form() {
+    // Here and not later: the window's last messages must still find a form.
     Container::dropPeers();
 }
 

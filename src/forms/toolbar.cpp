@@ -14,13 +14,13 @@ void ToolbarLayout::append(ButtonStyle style, int width) {
             used += toolbarSeparatorWidth;
         return;
     }
-    if (used > 0 && used + toolbarButtonWidth > width) {
+    if (used + toolbarButtonWidth > width) {
         for (auto cell = cells.rbegin(); cell != cells.rend() && cell->separator; ++cell) {
             if (!cell->hidden)
                 used -= toolbarSeparatorWidth;
             cell->hidden = true;
         }
-        // A row of nothing but separators is no row: the button stands at its start.
+        // A row of nothing but hidden separators goes on with the button, however narrow it is.
         if (used > 0) {
             ++rows;
             used = 0;

@@ -2,7 +2,7 @@
 #include "forms/form.h"
 
 #include "desktop/desktop.h"
-#include "forms/button.h"
+#include "forms/frame.h"
 #include "forms/toolbar.h"
 #include "platform/user32.h"
 
@@ -103,6 +103,7 @@ TEST_CASE("a form that its load event unloads is not shown") {
         form.show();
     }
     SUBCASE("shown modally") {
+        desk().modalScripts.push_back([](Form&) { FAIL("a modal form that is not there"); });
         form.showModal();
     }
     CHECK_FALSE(form.loaded());
@@ -280,6 +281,38 @@ TEST_CASE("a size below 0 is none, and a size of one twip is no pixel") {
     CHECK(form.scaleWidth() == 0);
     form.setHeight(-500);
     CHECK(form.height() == 0);
+    form.unload();
+    form.setWidth(-500);
+    CHECK(form.width() == 0);
+}
+
+TEST_CASE("a size below that of the frame leaves no client area; the resize event is raised all the same") {
+    const desktop::Session session;
+    Noted form;
+    form.setHeight(150);
+    CHECK(form.scaleHeight() == 0);
+    form.load();
+    form.setHeight(180);
+    CHECK(form.height() == 180);
+    CHECK(form.scaleHeight() == 0);
+    CHECK(form.events == Events{"load", "resize"});
+    form.windowResized(100, 5, 80, -21);
+    CHECK(form.scaleHeight() == 0);
+}
+
+TEST_CASE("a size that the window insists on while it is being made is taken over without an event") {
+    /// Stands for a window that reports its size as soon as it is made.
+    struct Insistent : forms::Frame {
+        void makePeers() override { form()->windowResized(200, 100, 180, 74); }
+    };
+    const desktop::Session session;
+    Noted form;
+    Insistent insistent;
+    insistent.place(form, {});
+    form.load();
+    CHECK(form.events == Events{"load"});
+    CHECK(form.width() == 3000);
+    CHECK(form.scaleHeight() == 1110);
 }
 
 TEST_CASE("the user's dragging of the frame raises the resize event, once for each new size") {
@@ -317,11 +350,21 @@ TEST_CASE("aligned toolbars have the new width before the resize event is raised
 TEST_CASE("a form that its resize event unloads leaves nothing behind") {
     const desktop::Session session;
     Noted form;
+    forms::Frame frame;
+    frame.place(form, {});
     form.show();
-    form.onResize = [&] { form.unload(); };
+    // The window is reporting its size: it stands until it has returned.
+    bool stood = false;
+    form.onResize = [&, window = form.hWnd()] {
+        form.unload();
+        stood = platform::IsWindow(window);
+    };
     form.setWidth(form.width() + 150);
+    CHECK(stood);
     CHECK_FALSE(form.loaded());
     CHECK(desk().order.empty());
+    CHECK(form.peer() == nullptr);
+    CHECK(frame.peer() == nullptr);
 }
 
 TEST_CASE("a form whose host has died lives on without a window") {
