@@ -3,6 +3,7 @@
 
 #include "platform/system.h"
 #include "runtime/runtimeError.h"
+#include "runtime/text.h"
 
 #include <algorithm>
 
@@ -47,9 +48,9 @@ std::string pathKey(const std::string& path) {
             character = '\\';
         if (character == '\\' && !key.empty() && key.back() == '\\')
             continue;
-        key += character >= 'A' && character <= 'Z' ? static_cast<char>(character + 0x20) : character;
+        key += character;
     }
-    return key;
+    return runtime::lowerCase(key);
 }
 
 void World::writeFile(const std::string& path, const std::string& content) {

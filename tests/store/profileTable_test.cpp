@@ -76,6 +76,7 @@ TEST_CASE("a key that is written keeps what its line has ahead of the equals sig
 
 TEST_CASE("a new key goes behind the last key of its section, and behind the header of an empty one") {
     CHECK(afterWrite("[s]\r\na=1\r\n\r\n[t]\r\n", "s", "b", "2") == "[s]\r\na=1\r\nb=2\r\n\r\n[t]\r\n");
+    CHECK(afterWrite("[s]\r\na=1\r\nodd\r\n;c\r\n", "s", "b", "2") == "[s]\r\na=1\r\nodd\r\nb=2\r\n;c\r\n");
     CHECK(afterWrite("[s]\r\n;c\r\n", "s", "b", "2") == "[s]\r\nb=2\r\n;c\r\n");
     CHECK(afterWrite("[s]", "s", "b", "2") == "[s]\r\nb=2\r\n");
     CHECK(afterWrite("[s]\r\na=1", "s", "b", "2") == "[s]\r\na=1\r\nb=2\r\n");

@@ -1,0 +1,167 @@
+#include "store/iconExtract.h"
+
+#include "desktop/desktop.h"
+#include "forms/units.h"
+#include "runtime/runtimeError.h"
+
+#include <doctest/doctest.h>
+
+using desktop::world;
+using desktop::World;
+
+namespace {
+
+constexpr platform::HWND setupWindow{0x42};
+
+/// A box of 18 by 18 pixels, as the toolbars draw their icons on.
+struct Surface18 {
+    Surface18() { box.setPosition({0, 0, forms::toTwips(18), forms::toTwips(18)}); }
+    forms::PictureBox box;
+};
+
+/// The icon stands at (1, 1), the rest is the box's own colour.
+bool shows(const forms::PictureBox& box, const forms::Picture& icon) {
+    const forms::Picture image = box.image();
+    if (image.width() != 18 || image.height() != 18)
+        return false;
+    for (int y = 0; y < 18; ++y)
+        for (int x = 0; x < 18; ++x) {
+            const bool inside = x >= 1 && y >= 1 && x <= 16 && y <= 16;
+            const std::uint32_t expected = inside ? icon.pixel(x - 1, y - 1) : 0xFF000000U | forms::maskGrey;
+            if (image.pixel(x, y) != expected)
+                return false;
+        }
+    return true;
+}
+
+int chooseError(const std::string& reference) {
+    try {
+        store::chooseIconFile(reference, setupWindow);
+    } catch (const runtime::RuntimeError& error) {
+        return static_cast<int>(error.number);
+    }
+    return 0;
+}
+
+} // namespace
+
+TEST_CASE("the small icon of a file is drawn with a margin of one pixel at the left and top") {
+    const desktop::Session session;
+    Surface18 surface;
+    world().addIcons("C:\\kestrel\\brd.ico", 1);
+    store::extractIconToPicture("C:\\kestrel\\brd.ico", 0, surface.box);
+    CHECK(shows(surface.box, World::iconPicture("C:\\kestrel\\brd.ico", 0)));
+    CHECK_FALSE(surface.box.autoRedraw());
+}
+
+TEST_CASE("the index chooses among the icons of a file, and each drawing clears the one before") {
+    const desktop::Session session;
+    Surface18 surface;
+    world().addIcons("C:\\t\\x.exe", 3);
+    store::extractIconToPicture("C:\\t\\x.exe", 0, surface.box);
+    store::extractIconToPicture("C:\\t\\x.exe", 2, surface.box);
+    CHECK(shows(surface.box, World::iconPicture("C:\\t\\x.exe", 2)));
+}
+
+TEST_CASE("the file may hold tokens") {
+    const desktop::Session session;
+    Surface18 surface;
+    world().addIcons("C:\\kestrel\\sch.ico", 1);
+    store::extractIconToPicture("{kestrelpath}\\sch.ico", 0, surface.box);
+    CHECK(shows(surface.box, World::iconPicture("C:\\kestrel\\sch.ico", 0)));
+}
+
+TEST_CASE("a missing file, one without icons, an index beyond them and an empty name leave the picture") {
+    const desktop::Session session;
+    Surface18 surface;
+    world().addIcons("C:\\t\\x.exe", 1);
+    world().writeFile("C:\\t\\none.txt", "text");
+    store::extractIconToPicture("C:\\t\\x.exe", 0, surface.box);
+    const forms::Picture before = surface.box.image();
+    for (const char* file : {"C:\\t\\gone.exe", "C:\\t\\none.txt", ""})
+        store::extractIconToPicture(file, 0, surface.box);
+    for (const int index : {1, -1, 2147483647, -2147483647})
+        store::extractIconToPicture("C:\\t\\x.exe", index, surface.box);
+    CHECK(surface.box.image() == before);
+    CHECK(world().messageBoxes.empty());
+}
+
+TEST_CASE("the small icon is given back, the large one is not") {
+    const desktop::Session session;
+    Surface18 surface;
+    world().addIcons("C:\\t\\x.exe", 1);
+    store::extractIconToPicture("C:\\t\\x.exe", 0, surface.box);
+    CHECK(world().icons.size() == 1);
+}
+
+TEST_CASE("a chosen icon comes back as file, comma and index") {
+    const desktop::Session session;
+    world().chooserAnswers = {{1, u"C:\\t\\\u00E4\u20AC.dll", 12}};
+    CHECK(store::chooseIconFile("C:\\old.exe,3", setupWindow) == "C:\\t\\\xE4\x80.dll,12");
+    REQUIRE(world().chooserCalls.size() == 1);
+    const auto& call = world().chooserCalls[0];
+    CHECK(call.owner == setupWindow);
+    CHECK(call.file == u"C:\\old.exe");
+    CHECK(call.length == 260);
+    CHECK(call.index == 3);
+}
+
+TEST_CASE("the start file goes to the chooser in UTF-16") {
+    const desktop::Session session;
+    store::chooseIconFile("C:\\\xDC\x80.exe,0", setupWindow);
+    CHECK(world().chooserCalls.at(0).file == u"C:\\\u00DC\u20AC.exe");
+}
+
+TEST_CASE("an empty reference opens the chooser with no file, and Cancel gives the empty text") {
+    const desktop::Session session;
+    world().chooserAnswers = {{0, u"C:\\x.exe", 1}};
+    CHECK(store::chooseIconFile("", setupWindow) == "");
+    CHECK(world().chooserCalls.at(0).file.empty());
+    CHECK(world().chooserCalls.at(0).index == 0);
+}
+
+TEST_CASE("only the result 1 of the chooser is a confirmation") {
+    const desktop::Session session;
+    world().chooserAnswers = {{-1, u"C:\\x.exe", 1}, {2, u"C:\\x.exe", 1}, {1, u"C:\\x.exe", 1}};
+    CHECK(store::chooseIconFile("a,0", setupWindow) == "");
+    CHECK(store::chooseIconFile("a,0", setupWindow) == "");
+    CHECK(store::chooseIconFile("a,0", setupWindow) == "C:\\x.exe,1");
+}
+
+TEST_CASE("a reference without a comma is a subscript error, before any chooser") {
+    const desktop::Session session;
+    CHECK(chooseError("C:\\x.exe") == 9);
+    CHECK(world().chooserCalls.empty());
+}
+
+TEST_CASE("an index that is no number is a type mismatch, one out of range an overflow") {
+    const desktop::Session session;
+    CHECK(chooseError("C:\\x.exe,") == 13);
+    CHECK(chooseError("C:\\x.exe,one") == 13);
+    CHECK(chooseError("C:\\a,b\\x.exe,0") == 13);
+    CHECK(chooseError("C:\\x.exe,2147483648") == 6);
+    CHECK(world().chooserCalls.empty());
+}
+
+TEST_CASE("only the first two parts of a reference count") {
+    const desktop::Session session;
+    store::chooseIconFile("C:\\x.exe,4,9", setupWindow);
+    CHECK(world().chooserCalls.at(0).file == u"C:\\x.exe");
+    CHECK(world().chooserCalls.at(0).index == 4);
+}
+
+TEST_CASE("a start file that does not fit the chooser's buffer is cut") {
+    const desktop::Session session;
+    store::chooseIconFile(std::string(259, 'a') + ",0", setupWindow);
+    store::chooseIconFile(std::string(300, 'b') + ",0", setupWindow);
+    CHECK(world().chooserCalls.at(0).file == std::u16string(259, u'a'));
+    CHECK(world().chooserCalls.at(1).file == std::u16string(259, u'b'));
+}
+
+TEST_CASE("a reference of the chooser's own making is accepted by it again") {
+    const desktop::Session session;
+    world().chooserAnswers = {{1, u"C:\\x.exe", 7}};
+    store::chooseIconFile(store::chooseIconFile("", setupWindow), setupWindow);
+    CHECK(world().chooserCalls.at(1).file == u"C:\\x.exe");
+    CHECK(world().chooserCalls.at(1).index == 7);
+}
