@@ -1,0 +1,119 @@
+// The driver's eyes and hands inside the Windows world, a console program without windows of its own. It
+// stands apart from the stand-in EAGLE, so that it goes on seeing while that one hangs. It obeys orders
+// until it is told to quit:
+//
+//   dump FILE                 writes what stands on the desktop (windowTree.h) to a file
+//   run LINE                  starts a command line exactly as given; answers with the process id, and the
+//                             journal tells "exited" with id and code when it has ended
+//   ping WINDOW MILLISECONDS  answers with the milliseconds that the window took to answer; fails if it did
+//                             not
+//   post WINDOW MESSAGE W L   posts a message; it may be given by number or as @Name of a registered one,
+//                             the window may be "all"
+//   terminate ID              ends a process by force
+//   quit
+//
+// Environment: WITNESS_JOURNAL, WITNESS_CONTROL (by default witness-journal.txt and witness-control.txt
+// beside the program).
+#include "common/journal.h"
+#include "common/orders.h"
+#include "witness/windowTree.h"
+
+#include <windows.h>
+
+#include <map>
+#include <string>
+#include <thread>
+
+using orders::Order;
+
+static void orderDump(const Order& order) {
+    const HANDLE file =
+        CreateFileW(order.word(0).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return orders::failed(order, L"cannot write the file");
+    const std::string tree = windowTree::dump();
+    DWORD written = 0;
+    WriteFile(file, tree.data(), static_cast<DWORD>(tree.size()), &written, nullptr);
+    CloseHandle(file);
+    orders::done(order);
+}
+
+static void orderRun(const Order& order) {
+    std::wstring line = order.word(0);
+    STARTUPINFOW startup = {};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION started = {};
+    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                        &started))
+        return orders::failed(order, L"error " + std::to_wstring(GetLastError()));
+    CloseHandle(started.hThread);
+    orders::done(order, std::to_wstring(started.dwProcessId));
+    std::thread([started] {
+        WaitForSingleObject(started.hProcess, INFINITE);
+        DWORD code = 0;
+        GetExitCodeProcess(started.hProcess, &code);
+        CloseHandle(started.hProcess);
+        journal::write("exited", {std::to_wstring(started.dwProcessId), std::to_wstring(code)});
+    }).detach();
+}
+
+static HWND windowAt(const Order& order, size_t index) {
+    return reinterpret_cast<HWND>(static_cast<UINT_PTR>(order.numberAt(index)));
+}
+
+static void orderPing(const Order& order) {
+    const DWORD begin = GetTickCount();
+    DWORD_PTR answer = 0;
+    if (SendMessageTimeoutW(windowAt(order, 0), WM_NULL, 0, 0, SMTO_NORMAL,
+                            static_cast<UINT>(order.numberAt(1)), &answer))
+        orders::done(order, std::to_wstring(GetTickCount() - begin));
+    else
+        orders::failed(order, L"no answer");
+}
+
+static void orderPost(const Order& order) {
+    const std::wstring name = order.word(1);
+    const UINT message = name.starts_with(L'@') ? RegisterWindowMessageW(name.c_str() + 1)
+                                                : static_cast<UINT>(order.numberAt(1));
+    const HWND window = order.word(0) == L"all" ? HWND_BROADCAST : windowAt(order, 0);
+    if (PostMessageW(window, message, static_cast<WPARAM>(order.numberAt(2)),
+                     static_cast<LPARAM>(order.numberAt(3))))
+        orders::done(order);
+    else
+        orders::failed(order, L"error " + std::to_wstring(GetLastError()));
+}
+
+static void orderTerminate(const Order& order) {
+    const HANDLE process = OpenProcess(PROCESS_TERMINATE, FALSE, static_cast<DWORD>(order.numberAt(0)));
+    const bool ended = process && TerminateProcess(process, 9);
+    if (process)
+        CloseHandle(process);
+    if (ended)
+        orders::done(order);
+    else
+        orders::failed(order, L"no such process");
+}
+
+int wmain() {
+    journal::open(L"WITNESS_JOURNAL", L"witness-journal.txt");
+    const HANDLE quit = CreateEventW(nullptr, TRUE, FALSE, nullptr); // lives as long as the program
+    static const std::map<std::wstring, void (*)(const Order&)> actions = {
+        {L"dump", orderDump},           {L"run", orderRun}, {L"ping", orderPing}, {L"post", orderPost},
+        {L"terminate", orderTerminate},
+    };
+    orders::listen(journal::besideProgram(L"WITNESS_CONTROL", L"witness-control.txt"),
+                   [quit](const Order& order) {
+                       const auto found = actions.find(order.verb);
+                       if (found != actions.end()) {
+                           found->second(order);
+                       } else if (order.verb == L"quit") {
+                           orders::done(order);
+                           SetEvent(quit);
+                       } else {
+                           orders::failed(order, L"unknown verb");
+                       }
+                   });
+    journal::write("ready");
+    WaitForSingleObject(quit, INFINITE);
+    return 0;
+}
