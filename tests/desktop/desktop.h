@@ -162,6 +162,7 @@ class World {
     std::map<std::string, File> files;
     std::string programFolder = "C:\\kestrel";
     std::string currentDirectory = "C:\\work";
+    std::deque<runtime::RuntimeError> directoryFailures; ///< of the next looks for the current folder
     int settingsReads = 0;
 
     // --- icons -------------------------------------------------------------------------------------------------

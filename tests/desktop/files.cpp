@@ -123,6 +123,12 @@ const std::string& programFolder() {
 }
 
 std::string currentDirectory() {
+    auto& failures = desktop::world().directoryFailures;
+    if (!failures.empty()) {
+        const runtime::RuntimeError failure = failures.front();
+        failures.pop_front();
+        throw failure;
+    }
     return desktop::world().currentDirectory;
 }
 
