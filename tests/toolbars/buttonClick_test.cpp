@@ -180,7 +180,7 @@ TEST_CASE("the notation's characters in a command and in an input act as key cod
     program.desk().inputAnswers = {"{F3}"};
     program.click("grid mm;~%f", 1, "?", 1);
     const auto& strokes = program.desk().typed.at(0).strokes;
-    REQUIRE(strokes.size() == 12);
+    REQUIRE(strokes.size() == 13);
     CHECK(strokes[8].key == runtime::Key::enter);
     CHECK(strokes[9] == runtime::KeyStroke{runtime::Key::none, 'f', false, false, true});
     CHECK(strokes[10].character == ' ');
