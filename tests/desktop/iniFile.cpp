@@ -32,18 +32,32 @@ struct Line {
 
 constexpr std::string_view lineEnd = "\r\n";
 
+bool counts(char character) {
+    return static_cast<unsigned char>(character) > ' ';
+}
+
 /// Blanks and control characters off both ends.
 std::string_view stripped(std::string_view text) {
-    const auto counts = [](char character) { return static_cast<unsigned char>(character) > ' '; };
-    const auto first = std::find_if(text.begin(), text.end(), counts);
-    const auto last = std::find_if(text.rbegin(), text.rend(), counts).base();
-    return first < last ? std::string_view(first, last) : std::string_view();
+    std::size_t first = 0;
+    std::size_t last = text.size();
+    while (first < last && !counts(text[first]))
+        ++first;
+    while (last > first && !counts(text[last - 1]))
+        --last;
+    return text.substr(first, last - first);
+}
+
+/// Where the line ends that a position stands in.
+std::size_t endOfText(std::string_view text, std::size_t at) {
+    const std::string_view rest = text.substr(at);
+    const std::string_view upToFeed = rest.substr(0, rest.find('\n'));
+    return at + std::min(upToFeed.find('\r'), upToFeed.size());
 }
 
 Line readLine(std::string_view text, std::size_t begin) {
     Line line;
     line.begin = begin;
-    line.textEnd = std::min(text.find_first_of(lineEnd, begin), text.size());
+    line.textEnd = endOfText(text, begin);
     line.end = line.textEnd;
     if (line.end < text.size())
         line.end += text.substr(line.end).starts_with(lineEnd) ? 2 : 1;
@@ -78,7 +92,12 @@ char lower(char character) {
 }
 
 bool sameName(std::string_view one, std::string_view other) {
-    return std::ranges::equal(one, other, {}, lower, lower);
+    if (one.size() != other.size())
+        return false;
+    for (std::size_t at = 0; at < one.size(); ++at)
+        if (one[at] != other[at] && lower(one[at]) != lower(other[at]))
+            return false;
+    return true;
 }
 
 /// The position behind the header of a section; npos if there is none.
