@@ -104,6 +104,7 @@ struct FileDialog {
 struct ShellStart {
     std::string commandLine;
     int windowStyle;
+    std::string program; ///< path of the file that was found for it
 };
 
 struct TypedKeys {

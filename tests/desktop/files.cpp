@@ -32,6 +32,16 @@ bool matches(std::string_view name, std::string_view pattern) {
     throw runtime::RuntimeError(number);
 }
 
+bool folderExists(const std::string& path) {
+    const std::string key = pathKey(path);
+    if (const File* found = world().file(path))
+        return found->directory;
+    const bool driveRoot = key == "c:";
+    return driveRoot || std::ranges::any_of(world().files, [&](const auto& entry) {
+               return entry.first.starts_with(key + "\\");
+           });
+}
+
 File& existing(const std::string& path) {
     File* found = world().file(path);
     if (found == nullptr || found->directory)
@@ -112,7 +122,13 @@ void kill(std::string_view path) {
 }
 
 std::string readFirstLine(std::string_view path) {
-    const desktop::File& file = desktop::existing(std::string(path));
+    const std::string whole(path);
+    const std::size_t slash = whole.find_last_of('\\');
+    if (slash != std::string::npos && !desktop::folderExists(whole.substr(0, slash)))
+        desktop::fail(runtime::ErrorNumber::pathNotFound);
+    if (const desktop::File* found = desktop::world().file(whole); found != nullptr && found->directory)
+        desktop::fail(runtime::ErrorNumber::pathFileAccess);
+    const desktop::File& file = desktop::existing(whole);
     if (file.locked)
         desktop::fail(runtime::ErrorNumber::permissionDenied);
     return file.content.substr(0, file.content.find_first_of("\r\n"));

@@ -5,6 +5,8 @@
 
 #include "runtime/text.h"
 
+#include <algorithm>
+
 namespace {
 
 using desktop::world;
@@ -16,6 +18,28 @@ platform::HWND firstWindow(Test fits) {
         if (fits(runtime::lowerCase(world().window(handle).title)))
             return handle;
     return platform::HWND::none;
+}
+
+bool isFile(const std::string& path) {
+    const desktop::File* found = world().file(path);
+    return found != nullptr && !found->directory;
+}
+
+/// The file that a command line starts: what stands in quotes, else the shortest of its beginnings, up to a
+/// blank, that is a file, with ".exe" behind it if need be. Empty if there is none.
+std::string programOf(std::string_view commandLine) {
+    if (commandLine.starts_with('"')) {
+        const std::string quoted(commandLine.substr(1, commandLine.find('"', 1) - 1));
+        return isFile(quoted) ? quoted : std::string();
+    }
+    for (std::size_t end = 0; end < commandLine.size();) {
+        end = std::min(commandLine.find(' ', end + 1), commandLine.size());
+        const std::string beginning(commandLine.substr(0, end));
+        for (const std::string& file : {beginning, beginning + ".exe"})
+            if (isFile(file))
+                return file;
+    }
+    return {};
 }
 
 } // namespace
@@ -47,12 +71,15 @@ std::string inputBox(std::string_view prompt, std::string_view title) {
 
 void shell(std::string_view commandLine, int windowStyle) {
     desktop::World& desk = world();
-    desk.started.push_back({std::string(commandLine), windowStyle});
     if (!desk.shellFailures.empty()) {
         const runtime::RuntimeError failure = desk.shellFailures.front();
         desk.shellFailures.pop_front();
         throw failure;
     }
+    const std::string program = programOf(commandLine);
+    if (program.empty())
+        throw runtime::RuntimeError(runtime::ErrorNumber::fileNotFound);
+    desk.started.push_back({std::string(commandLine), windowStyle, program});
 }
 
 void appActivate(std::string_view title) {

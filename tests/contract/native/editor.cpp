@@ -1,0 +1,94 @@
+#include "contract/native/editor.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace contract {
+
+namespace {
+
+/// Lines end in one character here: a caret never stands inside a line end.
+struct Editor {
+    std::string text;
+    std::size_t anchor = 0; ///< the other end of the selection
+    std::size_t caret = 0;
+
+    void replaceSelection(std::string_view with) {
+        const auto [from, to] = std::minmax(anchor, caret);
+        text.replace(from, to - from, with);
+        anchor = caret = from + with.size();
+    }
+
+    void moveTo(std::size_t place, bool select) {
+        caret = place;
+        if (!select)
+            anchor = place;
+    }
+
+    std::size_t lineStart() const {
+        const std::size_t before = caret == 0 ? std::string::npos : text.rfind('\n', caret - 1);
+        return before == std::string::npos ? 0 : before + 1;
+    }
+
+    std::size_t lineEnd() const { return std::min(text.find('\n', caret), text.size()); }
+
+    void take(const runtime::KeyStroke& stroke) {
+        const std::size_t before = caret == 0 ? 0 : caret - 1;
+        const std::size_t behind = std::min(caret + 1, text.size());
+        switch (stroke.key) {
+        case runtime::Key::none:
+            type(stroke);
+            break;
+        case runtime::Key::enter:
+            replaceSelection("\n");
+            break;
+        case runtime::Key::backspace:
+            if (anchor == caret)
+                anchor = before;
+            replaceSelection({});
+            break;
+        case runtime::Key::deleteKey:
+            if (anchor == caret)
+                anchor = behind;
+            replaceSelection({});
+            break;
+        case runtime::Key::left:
+            moveTo(before, stroke.shift);
+            break;
+        case runtime::Key::right:
+            moveTo(behind, stroke.shift);
+            break;
+        case runtime::Key::home:
+            moveTo(stroke.control ? 0 : lineStart(), stroke.shift);
+            break;
+        case runtime::Key::end:
+            moveTo(stroke.control ? text.size() : lineEnd(), stroke.shift);
+            break;
+        default:
+            throw std::logic_error("the edit field does not know this key");
+        }
+    }
+
+    void type(const runtime::KeyStroke& stroke) {
+        if (stroke.control || stroke.alt)
+            throw std::logic_error("the edit field does not know this shortcut");
+        char character = stroke.character;
+        if (stroke.shift && character >= 'a' && character <= 'z')
+            character = static_cast<char>(character - 0x20);
+        replaceSelection({&character, 1});
+    }
+};
+
+} // namespace
+
+std::string textAfter(std::span<const runtime::KeyStroke> strokes) {
+    Editor editor;
+    for (const runtime::KeyStroke& stroke : strokes)
+        editor.take(stroke);
+    std::string lines;
+    for (const char character : editor.text)
+        lines += character == '\n' ? std::string("\r\n") : std::string(1, character);
+    return lines;
+}
+
+} // namespace contract

@@ -1,0 +1,14 @@
+// An edit field of several lines as it answers key strokes, as far as the contract tests type into one.
+#pragma once
+
+#include "runtime/keyText.h"
+
+#include <span>
+#include <string>
+
+namespace contract {
+
+/// The text that an empty field holds after these strokes; lines end in CR LF.
+std::string textAfter(std::span<const runtime::KeyStroke> strokes);
+
+} // namespace contract

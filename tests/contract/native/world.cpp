@@ -1,0 +1,151 @@
+// The simulated desktop as the world of the contract tests.
+#include "contract/world.h"
+
+#include "contract/native/editor.h"
+#include "desktop/desktop.h"
+#include "platform/system.h"
+
+namespace contract {
+
+namespace {
+
+constexpr std::uint32_t otherProcess = 100;
+constexpr const char* scratch = "C:\\scratch";
+
+} // namespace
+
+struct World::Impl {
+    desktop::Session session;
+};
+
+WorldKind worldKind() {
+    return WorldKind::simulated;
+}
+
+World::World() : impl_(std::make_unique<Impl>()) {
+    makeFolder(scratch);
+    desktop::world().startProcess("other.exe", otherProcess);
+}
+
+World::~World() = default;
+
+bool World::until(const std::function<bool()>& condition) {
+    for (int step = 0; step < 100; ++step) {
+        platform::doEvents();
+        if (condition())
+            return true;
+        desktop::world().run(100);
+    }
+    return false;
+}
+
+platform::HWND World::openWindow(const std::string& title, platform::RECT rect, bool visible) {
+    const platform::HWND opened = desktop::world().openWindow(title, rect, otherProcess);
+    desktop::world().window(opened).visible = visible;
+    return opened;
+}
+
+void World::closeWindow(platform::HWND window) {
+    desktop::world().closeWindow(window);
+}
+
+void World::renameWindow(platform::HWND window, const std::string& title) {
+    desktop::world().setTitle(window, title);
+}
+
+platform::HWND World::openEditor() {
+    return openWindow("Editor");
+}
+
+std::string World::editorText(platform::HWND editor) {
+    std::vector<runtime::KeyStroke> strokes;
+    for (const desktop::TypedKeys& typed : desktop::world().typed)
+        if (typed.window == editor)
+            strokes.insert(strokes.end(), typed.strokes.begin(), typed.strokes.end());
+    return textAfter(strokes);
+}
+
+void World::killOtherProgram() {
+    desktop::world().killProcess(otherProcess);
+}
+
+void World::hangOtherProgram(int /*milliseconds*/) {}
+
+platform::HWND World::foreground() {
+    return desktop::world().foreground;
+}
+
+std::string World::path(const std::string& name) const {
+    return std::string(scratch) + "\\" + name;
+}
+
+void World::makeFolder(const std::string& path) {
+    desktop::world().writeFile(path, "");
+    desktop::world().file(path)->directory = true;
+}
+
+void World::writeFile(const std::string& path, const std::string& content, FileMarks marks) {
+    desktop::world().writeFile(path, content);
+    desktop::File& file = *desktop::world().file(path);
+    file.hidden = marks.hidden;
+    file.system = marks.system;
+    file.readOnly = marks.readOnly;
+}
+
+std::optional<std::string> World::readFile(const std::string& path) {
+    return desktop::world().fileText(path);
+}
+
+void World::removeFile(const std::string& path) {
+    desktop::world().removeFile(path);
+}
+
+void World::lockFile(const std::string& path) {
+    desktop::world().file(path)->locked = true;
+}
+
+std::string World::dataFile(const std::string& name) {
+    return std::string(TEST_DATA "/") + name;
+}
+
+std::string World::settingsPath() {
+    return desktop::world().programFolder + "\\kestrel.ini";
+}
+
+void World::placeProgram(const std::string& path) {
+    writeFile(path, "MZ");
+}
+
+std::optional<std::string> World::startedWith(const std::string& path) {
+    std::optional<std::string> last;
+    for (const desktop::ShellStart& start : desktop::world().started)
+        if (desktop::pathKey(start.program) == desktop::pathKey(path))
+            last = start.commandLine;
+    return last;
+}
+
+IconFile World::iconFile(IconSource source) {
+    constexpr int count = 3;
+    const bool single = source == IconSource::ico;
+    const std::string path = this->path(single                      ? "one.ico"
+                                        : source == IconSource::exe ? "icons.exe"
+                                                                    : "icons.dll");
+    desktop::world().addIcons(path, single ? 1 : count);
+    return {path, single ? 1 : count,
+            [path](int index) { return std::optional(desktop::World::iconPicture(path, index)); }};
+}
+
+int World::openIcons() {
+    return static_cast<int>(desktop::world().icons.size());
+}
+
+void World::typeInto(forms::TextBox& box, std::string_view text) {
+    for (const char character : text)
+        box.typeCharacter(character);
+}
+
+std::string World::shownText(forms::TextBox& box) {
+    return box.text();
+}
+
+} // namespace contract

@@ -1,0 +1,111 @@
+// The world that the contract tests run in: the simulated desktop in the native test program, a real system
+// in contract-tests.exe. The tests act on the program's own seams (platform::, forms::); what other programs
+// and the user do, and what a test needs to know of its surroundings, stands here and is defined once for
+// each.
+//
+// Texts are in Windows-1252. Rectangles are in screen pixels unless said otherwise.
+#pragma once
+
+#include "forms/picture.h"
+#include "forms/textBox.h"
+#include "platform/types.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace contract {
+
+enum class WorldKind { simulated, wine, windows };
+WorldKind worldKind();
+
+struct FileMarks {
+    bool hidden = false;
+    bool system = false;
+    bool readOnly = false;
+};
+
+enum class IconSource { ico, exe, dll };
+
+/// A file that has icons.
+struct IconFile {
+    std::string path;
+    int count = 0; ///< it has at least these; exactly these unless it is a library of the system
+    /// The icon's picture of 16 by 16 pixels, where it is known.
+    std::function<std::optional<forms::Picture>(int index)> picture;
+};
+
+/// A fresh start, and the end of all that a test has made. One at a time.
+class World {
+  public:
+    World();
+    ~World();
+    World(const World&) = delete;
+    World& operator=(const World&) = delete;
+
+    /// Serves the program's messages until the condition holds. False if it does not come true in time.
+    static bool until(const std::function<bool()>& condition);
+
+    // --- another program, a process of its own
+    // --------------------------------------------------------------------
+    /// Opens one of its windows on top of the order.
+    platform::HWND openWindow(const std::string& title, platform::RECT rect = {60, 60, 460, 360},
+                              bool visible = true);
+    void closeWindow(platform::HWND window);
+    void renameWindow(platform::HWND window, const std::string& title);
+    /// Opens a window with an edit field of several lines that has the keyboard focus.
+    platform::HWND openEditor();
+    /// What stands in that edit field; lines end in CR LF.
+    std::string editorText(platform::HWND editor);
+    /// The process is ended from outside, its windows with it.
+    void killOtherProgram();
+    /// The thread of its windows sleeps, from before the return on. The simulated desktop has no such state:
+    /// nothing there waits for another program.
+    void hangOtherProgram(int milliseconds);
+
+    /// The window in front, whoever's it is.
+    static platform::HWND foreground();
+
+    // --- files
+    // ----------------------------------------------------------------------------------------------------
+    /// Full path of a name in the scratch folder, which is empty at the start. The name may hold folders.
+    std::string path(const std::string& name) const;
+    void makeFolder(const std::string& path);
+    void writeFile(const std::string& path, const std::string& content, FileMarks marks = {});
+    std::optional<std::string> readFile(const std::string& path);
+    void removeFile(const std::string& path);
+    /// Another program opens the file for itself alone, until the end of this world.
+    void lockFile(const std::string& path);
+    /// A file of tests/data, as a path of the machine that the tests were built on or run on.
+    static std::string dataFile(const std::string& name);
+    /// The settings file beside the program; absent at the start.
+    static std::string settingsPath();
+
+    // --- programs that can be started
+    // -------------------------------------------------------------------------------
+    /// Puts a program there that does nothing but tell that it was started.
+    void placeProgram(const std::string& path);
+    /// The command line that the program at this path was last started with; none if it was not.
+    std::optional<std::string> startedWith(const std::string& path);
+
+    // --- icons
+    // ----------------------------------------------------------------------------------------------------
+    IconFile iconFile(IconSource source);
+    /// Icons of this process that have not been given back.
+    static int openIcons();
+
+    // --- the user and a text box
+    // ------------------------------------------------------------------------------------
+    /// Types into a box on a form that is shown.
+    void typeInto(forms::TextBox& box, std::string_view text);
+    /// The text that the box shows.
+    static std::string shownText(forms::TextBox& box);
+
+  private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+} // namespace contract
