@@ -60,7 +60,7 @@ bool saveList(const ListOfKind& list) {
 } // namespace
 
 ToolButton& ButtonList::operator[](std::int32_t index) {
-    if (index < 0 || static_cast<std::size_t>(index) >= rows_.size())
+    if (static_cast<std::size_t>(index) >= rows_.size()) // a negative index is beyond any size
         throw runtime::RuntimeError(runtime::ErrorNumber::subscriptOutOfRange);
     return rows_[static_cast<std::size_t>(index)];
 }

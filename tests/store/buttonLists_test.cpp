@@ -322,7 +322,7 @@ TEST_CASE("a name that is empty in memory is saved as an empty key, and the next
 TEST_CASE("a save tells of {eaglepath} in the icon or path of a live row, exact in case") {
     const Lists lists;
     const auto saved = [](const ToolButton& button) {
-        boardButtons = listOf({row("first"), button});
+        boardButtons = listOf({row("first"), button, row("last")});
         return saveAll();
     };
     ToolButton button = row("x");

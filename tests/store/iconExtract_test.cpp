@@ -2,6 +2,8 @@
 
 #include "desktop/desktop.h"
 #include "forms/units.h"
+#include "platform/shell32.h"
+#include "platform/user32.h"
 #include "runtime/runtimeError.h"
 
 #include <doctest/doctest.h>
@@ -61,6 +63,19 @@ TEST_CASE("the index chooses among the icons of a file, and each drawing clears 
     store::extractIconToPicture("C:\\t\\x.exe", 0, surface.box);
     store::extractIconToPicture("C:\\t\\x.exe", 2, surface.box);
     CHECK(shows(surface.box, World::iconPicture("C:\\t\\x.exe", 2)));
+}
+
+TEST_CASE("what was drawn outside the icon before is cleared") {
+    const desktop::Session session;
+    Surface18 surface;
+    world().addIcons("C:\\t\\x.exe", 1);
+    platform::HICON large{};
+    platform::HICON small{};
+    REQUIRE(platform::ExtractIconExA("C:\\t\\x.exe", 0, large, small) == 1);
+    surface.box.setAutoRedraw(true);
+    REQUIRE(platform::DrawIconEx(surface.box.hDC(), 2, 2, small, 0, 0, 0, 3));
+    store::extractIconToPicture("C:\\t\\x.exe", 0, surface.box);
+    CHECK(shows(surface.box, World::iconPicture("C:\\t\\x.exe", 0)));
 }
 
 TEST_CASE("the file may hold tokens") {
