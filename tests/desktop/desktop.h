@@ -55,7 +55,8 @@ struct Window {
     int frameWidth = 2 * frameSide; ///< outer size less client size
     int frameHeight = frameTop + frameSide;
     std::vector<HWND> children; ///< top of their order first
-    /// Set for a window of the program's own: told of its new size and of its death.
+    /// Set for a window of the program's own: told of its new place, of its new size and of its death.
+    std::function<void(const Window&)> moved;
     std::function<void(const Window&)> resized;
     std::function<void()> destroyed;
 };

@@ -33,6 +33,10 @@ class WindowPeer : public forms::Peer {
             made.frameWidth = extent.width;
             made.frameHeight = extent.height;
             made.title = form->caption();
+            made.moved = [this, form](const Window& window) {
+                form->windowMoved(window.rect.left, window.rect.top);
+                position_ = pixelRect(*form);
+            };
             made.resized = [form](const Window& window) {
                 const int width = window.rect.right - window.rect.left;
                 const int height = window.rect.bottom - window.rect.top;
@@ -70,7 +74,7 @@ class WindowPeer : public forms::Peer {
     }
 
   private:
-    /// Only what has been assigned moves: a hosted window's place was set by others.
+    /// Only what has been assigned moves: a frame does not hear where others have put its window.
     void move(Window& window) {
         const RECT wanted = pixelRect(control_);
         const int dx = wanted.left != position_.left ? wanted.left - window.rect.left : 0;

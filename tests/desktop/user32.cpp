@@ -119,7 +119,10 @@ bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint) 
         return false;
     const int oldWidth = moved->rect.right - moved->rect.left;
     const int oldHeight = moved->rect.bottom - moved->rect.top;
+    const bool elsewhere = moved->rect.left != x || moved->rect.top != y;
     moved->rect = {x, y, x + oldWidth, y + oldHeight};
+    if (elsewhere && moved->moved)
+        moved->moved(*moved);
     world().resizeWindow(window, width, height);
     return true;
 }

@@ -1,0 +1,184 @@
+// Directory lookup, files and texts of the runtime, on files of the world.
+#include "contract/world.h"
+#include "platform/system.h"
+#include "platform/user32.h"
+#include "runtime/runtimeError.h"
+#include "runtime/text.h"
+
+#include <doctest/doctest.h>
+
+#include <functional>
+#include <numeric>
+
+namespace {
+
+using contract::World;
+
+/// Number of the error that the call fails with, 0 for none.
+int errorOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const runtime::RuntimeError& error) {
+        return static_cast<int>(error.number);
+    }
+    return 0;
+}
+
+std::string allCharacters() {
+    std::string all(256, '\0');
+    std::iota(all.begin(), all.end(), '\0');
+    return all;
+}
+
+} // namespace
+
+TEST_SUITE_BEGIN("contract");
+
+TEST_CASE("contract: a directory lookup gives the bare name in its stored case") {
+    World world;
+    world.writeFile(world.path("Board.BRD"), "x");
+    CHECK(platform::dir(world.path("Board.BRD")) == "Board.BRD");
+    CHECK(platform::dir(world.path("board.brd")) == "Board.BRD");
+    CHECK(platform::dir(world.path("BOARD.BRD")) == "Board.BRD");
+    CHECK(platform::dir(world.path("Board.BR")).empty());
+    world.removeFile(world.path("Board.BRD"));
+    CHECK(platform::dir(world.path("Board.BRD")).empty());
+}
+
+TEST_CASE("contract: umlauts in a name fold too") {
+    World world;
+    world.writeFile(world.path("Pl\xE4ne.brd"), "x");
+    CHECK(platform::dir(world.path("PL\xC4NE.BRD")) == "Pl\xE4ne.brd");
+}
+
+TEST_CASE("contract: a directory lookup takes wildcards") {
+    World world;
+    world.writeFile(world.path("execute.txt"), "x");
+    world.writeFile(world.path("other.dat"), "x");
+    CHECK(platform::dir(world.path("*.txt")) == "execute.txt");
+    CHECK(platform::dir(world.path("exec*")) == "execute.txt");
+    CHECK(platform::dir(world.path("e?ecute.t?t")) == "execute.txt");
+    CHECK(platform::dir(world.path("*.dat")) == "other.dat");
+    CHECK(platform::dir(world.path("*.exe")).empty());
+    CHECK(platform::dir(world.path("?.txt")).empty());
+}
+
+TEST_CASE("contract: directories, hidden and system files are not found") {
+    World world;
+    world.makeFolder(world.path("folder.txt"));
+    world.writeFile(world.path("hidden.txt"), "x", {.hidden = true});
+    world.writeFile(world.path("system.txt"), "x", {.system = true});
+    CHECK(platform::dir(world.path("folder.txt")).empty());
+    CHECK(platform::dir(world.path("hidden.txt")).empty());
+    CHECK(platform::dir(world.path("system.txt")).empty());
+    CHECK(platform::dir(world.path("*.txt")).empty());
+    world.writeFile(world.path("readonly.txt"), "x", {.readOnly = true});
+    CHECK(platform::dir(world.path("*.txt")) == "readonly.txt");
+}
+
+TEST_CASE("contract: a path that is empty or cannot exist finds nothing") {
+    World world;
+    world.writeFile(world.path("here.txt"), "x");
+    CHECK(platform::dir("").empty());
+    CHECK(platform::dir("Q:\\nosuch\\drive.txt").empty());
+    CHECK(platform::dir(world.path("nosuch\\here.txt")).empty());
+    CHECK(platform::dir(world.path("here.txt\\here.txt")).empty());
+    CHECK(platform::dir(world.path("he<r>e|.txt")).empty());
+    CHECK(platform::dir(std::string(5000, 'x')).empty());
+}
+
+TEST_CASE("contract: a folder with blanks in its name is looked into") {
+    World world;
+    world.makeFolder(world.path("My Tools"));
+    world.writeFile(world.path("My Tools\\x y.exe"), "x");
+    CHECK(platform::dir(world.path("My Tools\\x y.exe")) == "x y.exe");
+    CHECK(platform::dir(world.path("My Tools\\x y.exe /a")).empty());
+}
+
+TEST_CASE("contract: a deleted file is gone") {
+    World world;
+    world.writeFile(world.path("execute.txt"), "x");
+    platform::kill(world.path("EXECUTE.txt"));
+    CHECK_FALSE(world.readFile(world.path("execute.txt")).has_value());
+    CHECK(errorOf([&] { platform::kill(world.path("execute.txt")); }) == 53);
+}
+
+TEST_CASE("contract: a file that cannot be deleted stays") {
+    World world;
+    const std::string path = world.path("file.txt");
+    world.writeFile(path, "x", {.readOnly = true});
+    CHECK(errorOf([&] { platform::kill(path); }) == 75);
+    CHECK(world.readFile(path) == "x");
+    world.writeFile(world.path("held.txt"), "x");
+    world.lockFile(world.path("held.txt"));
+    CHECK(errorOf([&] { platform::kill(world.path("held.txt")); }) == 70);
+    world.makeFolder(world.path("folder"));
+    CHECK(errorOf([&] { platform::kill(world.path("folder")); }) == 53);
+}
+
+TEST_CASE("contract: the first line of a file is read, whatever it ends in") {
+    World world;
+    const struct {
+        std::string content;
+        std::string line;
+    } cases[] = {
+        {"C:\\x.exe /a\r\nsecond", "C:\\x.exe /a"},
+        {"one line", "one line"},
+        {"\r\nsecond", ""},
+        {"unix\nsecond", "unix"},
+        {"mac\rsecond", "mac"},
+        {"", ""},
+        {"  blanks \t\r\n", "  blanks \t"},
+        {"\xE4\xDF\x80\r\n", "\xE4\xDF\x80"},
+    };
+    for (const auto& [content, line] : cases) {
+        world.writeFile(world.path("execute.txt"), content);
+        CHECK(platform::readFirstLine(world.path("execute.txt")) == line);
+    }
+}
+
+TEST_CASE("contract: a file that cannot be read fails with the runtime's error") {
+    World world;
+    CHECK(errorOf([&] { platform::readFirstLine(world.path("nosuch.txt")); }) == 53);
+    CHECK(errorOf([&] { platform::readFirstLine(world.path("nosuch\\file.txt")); }) == 76);
+    world.makeFolder(world.path("folder"));
+    CHECK(errorOf([&] { platform::readFirstLine(world.path("folder")); }) == 75);
+    world.writeFile(world.path("held.txt"), "x");
+    world.lockFile(world.path("held.txt"));
+    CHECK(errorOf([&] { platform::readFirstLine(world.path("held.txt")); }) == 70);
+}
+
+TEST_CASE("contract: the program's folder has no separator at its end and holds the settings file") {
+    World world;
+    const std::string& folder = platform::programFolder();
+    REQUIRE_FALSE(folder.empty());
+    CHECK(folder.back() != '\\');
+    CHECK(contract::World::settingsPath() == folder + "\\kestrel.ini");
+    CHECK_FALSE(platform::currentDirectory().empty());
+}
+
+TEST_CASE("contract: a lower-case text folds the letters of the code page and leaves the rest") {
+    const std::string all = allCharacters();
+    std::string expected = all;
+    const std::string capitals =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZ\x8A\x8C\x8E\x9F\xC0\xC1\xC2\xC3\xC4\xC5\xC6\xC7\xC8\xC9"
+        "\xCA\xCB\xCC\xCD\xCE\xCF\xD0\xD1\xD2\xD3\xD4\xD5\xD6\xD8\xD9\xDA\xDB\xDC\xDD\xDE";
+    const std::string small =
+        "abcdefghijklmnopqrstuvwxyz\x9A\x9C\x9E\xFF\xE0\xE1\xE2\xE3\xE4\xE5\xE6\xE7\xE8\xE9"
+        "\xEA\xEB\xEC\xED\xEE\xEF\xF0\xF1\xF2\xF3\xF4\xF5\xF6\xF8\xF9\xFA\xFB\xFC\xFD\xFE";
+    REQUIRE(capitals.size() == small.size());
+    for (std::size_t at = 0; at < capitals.size(); ++at)
+        expected[static_cast<unsigned char>(capitals[at])] = small[at];
+    CHECK(runtime::lowerCase(all) == expected);
+}
+
+TEST_CASE("contract: every character of the code page comes back from UTF-16, others become question marks") {
+    const std::string all = allCharacters();
+    CHECK(platform::toAnsi(platform::toUtf16(all)) == all);
+    CHECK(platform::toUtf16("a\xE4\x80") == u"a\u00E4\u20AC");
+    CHECK(platform::toAnsi(u"x\u4E2Dy") == "x?y");
+    CHECK(platform::toUtf16("").empty());
+    CHECK(platform::toAnsi(u"").empty());
+}
+
+TEST_SUITE_END();

@@ -1,0 +1,153 @@
+// Icons of files, drawn into a picture box, and their handles.
+#include "contract/world.h"
+#include "forms/pictureBox.h"
+#include "platform/shell32.h"
+#include "platform/user32.h"
+#include "store/iconExtract.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+
+using contract::IconFile;
+using contract::IconSource;
+using contract::World;
+using platform::HICON;
+
+constexpr IconSource sources[] = {IconSource::ico, IconSource::exe, IconSource::dll};
+constexpr std::uint32_t background = 0xFF000000U | forms::maskGrey;
+
+/// A box of 18 by 18 pixels, as the toolbars have it.
+struct Box : forms::PictureBox {
+    Box() { setPosition({0, 0, 270, 270}); }
+};
+
+/// What an icon's pixel becomes on the background; nothing for one that shines through.
+std::optional<std::uint32_t> drawn(std::uint32_t pixel) {
+    if (pixel >> 24 == 0xFF)
+        return pixel;
+    if (pixel >> 24 == 0)
+        return background;
+    return std::nullopt;
+}
+
+/// The picture has the icon at (1, 1) and nothing around it. Gives the number of pixels that are drawn.
+int checkDrawn(const forms::Picture& picture, const std::optional<forms::Picture>& icon) {
+    REQUIRE(picture.width() == 18);
+    REQUIRE(picture.height() == 18);
+    int count = 0;
+    int wrong = 0;
+    for (int y = 0; y < 18; ++y)
+        for (int x = 0; x < 18; ++x) {
+            const std::uint32_t pixel = picture.pixel(x, y);
+            count += pixel == background ? 0 : 1;
+            const bool margin = x < 1 || y < 1 || x > 16 || y > 16;
+            std::optional<std::uint32_t> expected;
+            if (margin)
+                expected = background;
+            else if (icon)
+                expected = drawn(icon->pixel(x - 1, y - 1));
+            wrong += expected && pixel != *expected ? 1 : 0;
+        }
+    CHECK(wrong == 0);
+    return count;
+}
+
+} // namespace
+
+TEST_SUITE_BEGIN("contract");
+
+TEST_CASE("contract: one icon is extracted at both sizes from a file that has it, none beyond") {
+    for (const IconSource source : sources) {
+        World world;
+        const IconFile file = world.iconFile(source);
+        for (const int index : {0, file.count - 1}) {
+            HICON large = HICON::none;
+            HICON small = HICON::none;
+            CHECK(platform::ExtractIconExA(file.path.c_str(), index, large, small) >= 1);
+            CHECK(large != HICON::none);
+            CHECK(small != HICON::none);
+            CHECK(platform::DestroyIcon(small));
+            CHECK(platform::DestroyIcon(large));
+        }
+        HICON large = HICON::none;
+        HICON small = HICON::none;
+        CHECK(platform::ExtractIconExA(file.path.c_str(), 30'000, large, small) == 0);
+        if (source != IconSource::dll)
+            CHECK(platform::ExtractIconExA(file.path.c_str(), file.count, large, small) == 0);
+    }
+}
+
+TEST_CASE("contract: files without icons and files that are not there give none") {
+    World world;
+    world.writeFile(world.path("text.txt"), "no icon in here");
+    world.writeFile(world.path("broken.ico"), std::string("\0\0\1\0\xFF\xFF garbage", 14));
+    HICON large = HICON::none;
+    HICON small = HICON::none;
+    for (const char* name : {"text.txt", "broken.ico", "nosuch.ico", "nosuch\\folder.exe"})
+        CHECK_MESSAGE(platform::ExtractIconExA(world.path(name).c_str(), 0, large, small) == 0, name);
+}
+
+TEST_CASE("contract: an icon is drawn in its small size with a margin of one pixel") {
+    for (const IconSource source : sources) {
+        World world;
+        const IconFile file = world.iconFile(source);
+        for (const int index : {0, file.count - 1}) {
+            Box box;
+            store::extractIconToPicture(file.path, index, box);
+            CHECK(checkDrawn(box.image(), file.picture(index)) > 20);
+        }
+    }
+}
+
+TEST_CASE("contract: a second icon replaces the first") {
+    World world;
+    const IconFile file = world.iconFile(IconSource::exe);
+    REQUIRE(file.count >= 2);
+    Box box;
+    store::extractIconToPicture(file.path, 0, box);
+    const forms::Picture first = box.image();
+    store::extractIconToPicture(file.path, 1, box);
+    CHECK_FALSE(box.image() == first);
+    checkDrawn(box.image(), file.picture(1));
+}
+
+TEST_CASE("contract: a missing file and an index beyond the last leave the picture as it was") {
+    World world;
+    const IconFile file = world.iconFile(IconSource::ico);
+    Box box;
+    store::extractIconToPicture(file.path, 0, box);
+    const forms::Picture before = box.image();
+    store::extractIconToPicture(world.path("nosuch.ico"), 0, box);
+    store::extractIconToPicture(file.path, file.count, box);
+    store::extractIconToPicture("", 0, box);
+    CHECK(box.image() == before);
+    // A failed extraction does not even clear a box that shows something.
+    CHECK(checkDrawn(box.image(), file.picture(0)) > 20);
+}
+
+TEST_CASE("contract: an icon is gone once it has been given back, and gone only once") {
+    World world;
+    const IconFile file = world.iconFile(IconSource::ico);
+    const int before = World::openIcons();
+    HICON large = HICON::none;
+    HICON small = HICON::none;
+    REQUIRE(platform::ExtractIconExA(file.path.c_str(), 0, large, small) >= 1);
+    CHECK(World::openIcons() == before + 2);
+    CHECK(platform::DestroyIcon(small));
+    CHECK_FALSE(platform::DestroyIcon(small));
+    CHECK(platform::DestroyIcon(large));
+    CHECK(World::openIcons() == before);
+}
+
+TEST_CASE("contract: drawing an icon into a box leaves its large size open and nothing else") {
+    World world;
+    const IconFile file = world.iconFile(IconSource::exe);
+    Box box;
+    const int before = World::openIcons();
+    for (int time = 0; time < 50; ++time)
+        store::extractIconToPicture(file.path, time % file.count, box);
+    CHECK(World::openIcons() == before + 50);
+}
+
+TEST_SUITE_END();

@@ -1,0 +1,99 @@
+// Key text, from the notation to what an edit field of another program then holds.
+#include "contract/world.h"
+#include "platform/system.h"
+#include "runtime/keyText.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+
+using contract::World;
+
+void type(std::string_view keyText) {
+    platform::sendKeys(runtime::parseKeyText(keyText), true);
+}
+
+/// The text in a notation that stands for nothing but its characters.
+std::string escaped(std::string_view text) {
+    std::string notation;
+    for (const char character : text) {
+        const bool special = std::string_view("+^%~(){}[]").find(character) != std::string_view::npos;
+        notation += special ? std::string("{") + character + "}" : std::string(1, character);
+    }
+    return notation;
+}
+
+struct Case {
+    const char* typed;
+    const char* arrives;
+};
+
+/// Types into an edit field of its own and compares what it holds in the end.
+void checkArrives(std::string_view keyText, const std::string& expected) {
+    World world;
+    const platform::HWND editor = world.openEditor();
+    type(keyText);
+    World::until([&] { return world.editorText(editor) == expected; });
+    CHECK(world.editorText(editor) == expected);
+}
+
+} // namespace
+
+TEST_SUITE_BEGIN("contract");
+
+TEST_CASE("contract: every character arrives that is typed by the notation") {
+    const std::string text =
+        "aZ0 +^%~(){}[] \xE4\xF6\xFC\xC4\xD6\xDC\xDF\x80 @\\|<>\"';:.*,-_=?!#$&/`\xA7\xB5";
+    checkArrives(escaped(text), text);
+}
+
+TEST_CASE("contract: a command of 2000 characters arrives whole and in order") {
+    std::string text;
+    for (int number = 0; text.size() < 2000; ++number)
+        text += "grid mm " + std::to_string(number) + "; ";
+    checkArrives(text, text);
+}
+
+TEST_CASE("contract: Enter, repeats and the keys that move and delete do what they are named for") {
+    const Case cases[] = {
+        {"window fit{ENTER}", "window fit\r\n"},
+        {"a~b{enter}c", "a\r\nb\r\nc"},
+        {"run ulpx{BS}", "run ulp"},
+        {"abcdef{BACKSPACE 3}x", "abcx"},
+        {"{x 5}{- 2}", "xxxxx--"},
+        {"ac{LEFT}b", "abc"},
+        {"abc{LEFT 2}{RIGHT}x", "abxc"},
+        {"abc{HOME}x{END}y", "xabcy"},
+        {"abc{HOME}{DEL}{DELETE 1}", "c"},
+        {"{ENTER 2}x", "\r\n\r\nx"},
+    };
+    for (const auto& [typed, arrives] : cases)
+        checkArrives(typed, arrives);
+}
+
+TEST_CASE("contract: modifiers hold for the next key or group and no longer") {
+    const Case cases[] = {
+        {"+ab", "Ab"},
+        {"+(ab)c", "ABc"},
+        {"abc+{LEFT 2}x", "ax"},
+        {"ab~cd^{HOME}x", "xab\r\ncd"},
+        {"abcd{HOME}+({RIGHT}{RIGHT}){DEL}e", "ecd"},
+    };
+    for (const auto& [typed, arrives] : cases)
+        checkArrives(typed, arrives);
+}
+
+TEST_CASE("contract: what is no notation is typed as it stands") {
+    const Case cases[] = {
+        {"{nosuchkey} x", "{nosuchkey} x"},
+        {"a(b", "a(b"},
+        {"a)b", "a)b"},
+        {"}{", "}{"},
+        {"[x]", "[x]"},
+        {"{x -1}", "{x -1}"},
+    };
+    for (const auto& [typed, arrives] : cases)
+        checkArrives(typed, arrives);
+}
+
+TEST_SUITE_END();

@@ -1,0 +1,74 @@
+// Starting programs by one command line.
+#include "contract/world.h"
+#include "platform/system.h"
+#include "runtime/runtimeError.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+
+using contract::World;
+
+constexpr int normalWithFocus = 1;
+
+bool startFails(const std::string& commandLine) {
+    try {
+        platform::shell(commandLine, normalWithFocus);
+    } catch (const runtime::RuntimeError& error) {
+        return error.number == runtime::ErrorNumber::fileNotFound;
+    }
+    return false;
+}
+
+/// What the program at `path` was started with, once it has told.
+std::string awaitStart(World& world, const std::string& path) {
+    World::until([&] { return world.startedWith(path).has_value(); });
+    return world.startedWith(path).value_or("not started");
+}
+
+} // namespace
+
+TEST_SUITE_BEGIN("contract");
+
+TEST_CASE("contract: a program is started with its command line as it stands") {
+    World world;
+    const std::string program = world.path("tool.exe");
+    world.placeProgram(program);
+    const std::string commandLine = program + " /a \"b c\"";
+    platform::shell(commandLine, normalWithFocus);
+    CHECK(awaitStart(world, program) == commandLine);
+}
+
+TEST_CASE("contract: a path with blanks starts without quotes") {
+    World world;
+    world.makeFolder(world.path("My Tools"));
+    const std::string program = world.path("My Tools\\x y.exe");
+    world.placeProgram(program);
+    const std::string commandLine = program + " C:\\My Files\\a.brd";
+    platform::shell(commandLine, normalWithFocus);
+    CHECK(awaitStart(world, program) == commandLine);
+}
+
+TEST_CASE("contract: of several beginnings that are programs the shortest is started") {
+    World world;
+    const std::string shorter = world.path("My.exe");
+    const std::string longer = world.path("My Tool.exe");
+    world.placeProgram(longer);
+    platform::shell(longer, normalWithFocus);
+    CHECK(awaitStart(world, longer) == longer);
+    world.placeProgram(shorter);
+    platform::shell(longer, normalWithFocus);
+    CHECK(awaitStart(world, shorter) == longer);
+}
+
+TEST_CASE("contract: a program that is not there fails with error 53") {
+    World world;
+    CHECK(startFails(world.path("nosuch.exe")));
+    CHECK(startFails(world.path("nosuch folder\\x.exe") + " /a"));
+    CHECK(startFails("\"" + world.path("nosuch.exe") + "\" /a"));
+    CHECK(startFails(""));
+    world.makeFolder(world.path("folder"));
+    CHECK(startFails(world.path("folder")));
+}
+
+TEST_SUITE_END();

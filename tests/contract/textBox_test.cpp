@@ -1,0 +1,123 @@
+// A text box and the field that shows it: texts go both ways.
+#include "contract/world.h"
+#include "forms/form.h"
+#include "forms/textBox.h"
+
+#include <doctest/doctest.h>
+
+#include <vector>
+
+namespace {
+
+using contract::World;
+
+class EntryForm : public forms::Form {
+  public:
+    EntryForm() {
+        borderStyle = forms::BorderStyle::fixedSingle;
+        setCaption("entry");
+        setClientSize(3000, 900);
+        box.place(*this, {150, 150, 2400, 300});
+        other.place(*this, {150, 500, 2400, 300});
+        box.onChange = [this] { changes.push_back(box.text()); };
+    }
+    forms::TextBox box;
+    forms::TextBox other;
+    std::vector<std::string> changes;
+};
+
+} // namespace
+
+TEST_SUITE_BEGIN("contract");
+
+TEST_CASE("contract: a text that is assigned shows at once, with one change event") {
+    World world;
+    EntryForm form;
+    form.box.setText("before");
+    form.show();
+    CHECK(World::shownText(form.box) == "before");
+    form.changes.clear();
+    form.box.setText("1.5 mm \xE4\x80");
+    CHECK(form.changes == std::vector<std::string>{"1.5 mm \xE4\x80"});
+    CHECK(World::shownText(form.box) == "1.5 mm \xE4\x80");
+    form.box.setText("1.5 mm \xE4\x80");
+    CHECK(form.changes.size() == 1);
+    form.box.setText("");
+    CHECK(World::shownText(form.box).empty());
+    CHECK(form.changes.size() == 2);
+}
+
+TEST_CASE("contract: what is typed arrives in the text, one change event for each character") {
+    World world;
+    EntryForm form;
+    form.show();
+    world.typeInto(form.box, "2.54\xFC");
+    CHECK(World::until([&] { return form.box.text() == "2.54\xFC"; }));
+    CHECK(form.changes == std::vector<std::string>{"2", "2.", "2.5", "2.54", "2.54\xFC"});
+    CHECK(World::shownText(form.box) == "2.54\xFC");
+    CHECK(form.other.text().empty());
+}
+
+TEST_CASE("contract: typing goes on where the selection stands") {
+    World world;
+    EntryForm form;
+    form.box.setText("acd");
+    form.show();
+    form.box.setSelStart(1);
+    form.box.setSelLength(1);
+    world.typeInto(form.box, "bx");
+    CHECK(World::until([&] { return form.box.text() == "abxd"; }));
+    CHECK(World::shownText(form.box) == "abxd");
+}
+
+TEST_CASE("contract: a comma can be replaced by a dot while it is typed") {
+    World world;
+    EntryForm form;
+    form.box.onKeyPress = [](int& keyAscii) {
+        if (keyAscii == ',')
+            keyAscii = '.';
+    };
+    form.show();
+    world.typeInto(form.box, "2,54");
+    CHECK(World::until([&] { return form.box.text() == "2.54"; }));
+    CHECK(World::shownText(form.box) == "2.54");
+    CHECK(form.changes == std::vector<std::string>{"2", "2.", "2.5", "2.54"});
+}
+
+TEST_CASE("contract: a character that the key press event drops does not arrive") {
+    World world;
+    EntryForm form;
+    form.box.onKeyPress = [](int& keyAscii) {
+        if (keyAscii == 'x')
+            keyAscii = 0;
+    };
+    form.show();
+    world.typeInto(form.box, "1xx2");
+    CHECK(World::until([&] { return form.box.text() == "12"; }));
+    CHECK(World::shownText(form.box) == "12");
+}
+
+TEST_CASE("contract: no more is taken than the greatest length") {
+    World world;
+    EntryForm form;
+    form.box.maxLength = 3;
+    form.show();
+    world.typeInto(form.box, "12345");
+    CHECK(World::until([&] { return form.box.text() == "123"; }));
+    CHECK(World::shownText(form.box) == "123");
+}
+
+TEST_CASE("contract: a text that a change event assigns is the one that stays") {
+    World world;
+    EntryForm form;
+    form.box.onChange = [&form] {
+        if (form.box.text() == "ab")
+            form.box.setText("AB!");
+    };
+    form.show();
+    world.typeInto(form.box, "ab");
+    CHECK(World::until([&] { return form.box.text() == "AB!"; }));
+    CHECK(World::shownText(form.box) == "AB!");
+}
+
+TEST_SUITE_END();
