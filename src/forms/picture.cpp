@@ -106,10 +106,6 @@ Picture Picture::fitted(int width, int height) const {
     const bool cut = upToHalfAsLarge(width_, width) && upToHalfAsLarge(height_, height);
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x) {
-            if (empty()) {
-                result.push_back(0);
-                continue;
-            }
             if (cut) {
                 result.push_back(pixel(x + (width_ - width) / 2, y + (height_ - height) / 2));
                 continue;

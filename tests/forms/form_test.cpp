@@ -296,8 +296,9 @@ TEST_CASE("a size below that of the frame leaves no client area; the resize even
     CHECK(form.height() == 180);
     CHECK(form.scaleHeight() == 0);
     CHECK(form.events == Events{"load", "resize"});
-    form.windowResized(100, 5, 80, -21);
+    form.windowResized(5, 5, -3, -21);
     CHECK(form.scaleHeight() == 0);
+    CHECK(form.scaleWidth() == 0);
 }
 
 TEST_CASE("a size that the window insists on while it is being made is taken over without an event") {

@@ -101,6 +101,7 @@ TEST_CASE("pixels that show nothing give no colour to the mean") {
 TEST_CASE("the empty picture fitted to a size shows nothing, and a picture fitted to none is empty") {
     CHECK(Picture().fitted(2, 2) == plain(2, 2, 0));
     CHECK(plain(2, 2, grey).fitted(0, 5).empty());
+    CHECK(plain(2, 2, grey).fitted(-1, 5).empty());
 }
 
 TEST_CASE("images count from 1, those with a key are found by it") {
@@ -217,7 +218,7 @@ TEST_CASE("drawing lies over the picture") {
 
 TEST_CASE("a picture fills the box from its corner as far as it reaches; the image is opaque") {
     Box box;
-    box.setPicture(Picture(2, 1, {0x00123456, 0xFF0000FF}));
+    box.setPicture(Picture(2, 1, {0x00123456, 0xC00000FF}));
     CHECK(box.image() == withDot(grey, 0xFF0000FF));
     box.setPicture(plain(50, 50, 0xFF00FF00));
     CHECK(box.image() == plain(4, 3, 0xFF00FF00));
