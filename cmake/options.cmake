@@ -1,4 +1,5 @@
 # Compiler options that every target of the project shares.
+include_guard(GLOBAL)
 add_library(kestrel_options INTERFACE)
 target_compile_options(kestrel_options INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
 

@@ -5,7 +5,26 @@
 
 namespace core {
 
+namespace {
+
+bool ending = false;
+
+/// Up to the end of the program, which in the tests is not the end of the process.
+struct Ending {
+    Ending() { ending = true; }
+    ~Ending() { ending = false; }
+    Ending(const Ending&) = delete;
+    Ending& operator=(const Ending&) = delete;
+};
+
+} // namespace
+
+bool endingByError() {
+    return ending;
+}
+
 void endByError(const runtime::RuntimeError& error) {
+    const Ending untilTheEnd;
     constexpr int criticalStyle = 16;
     platform::msgBox(runtime::unhandledErrorText(error), criticalStyle, "Kestrel");
     if (Hauptform* form = hauptform())

@@ -13,8 +13,13 @@ namespace core {
 /// Shows the error and ends the program.
 [[noreturn]] void endByError(const runtime::RuntimeError& error);
 
+/// Whether an error is being shown. The message box serves timers and messages, but no code of the program runs any more.
+bool endingByError();
+
 template <typename Code>
 void guarded(Code&& code) {
+    if (endingByError())
+        return;
     try {
         std::forward<Code>(code)();
     } catch (const runtime::RuntimeError& error) {

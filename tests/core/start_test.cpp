@@ -155,3 +155,23 @@ TEST_CASE("a program folder that is a drive root finds its settings") {
     REQUIRE(program.start());
     CHECK(core::languageOffset == 10000);
 }
+
+TEST_CASE("while a runtime error is being shown no timer's code runs any more") {
+    Program program;
+    program.desk().startProcess("eagle.exe");
+    REQUIRE(program.start());
+    program.desk().openWindow("Library - (x) - EAGLE");
+    int messagesBefore = -1;
+    program.desk().onMessage = [&] {
+        program.desk().onMessage = nullptr;
+        program.desk().openWindow("Board - x.brd - EAGLE");
+        for (int fired = 0; fired < 3; ++fired)
+            program.desk().fireNext(program.desk().now + 1000);
+        messagesBefore = static_cast<int>(program.desk().messageBoxes.size());
+    };
+    program.ticks(1);
+    CHECK(messagesBefore == 1);
+    CHECK(program.desk().messageBoxes.size() == 1);
+    CHECK(program.hosted(EditorKind::board) == 0);
+    CHECK(program.desk().ended);
+}

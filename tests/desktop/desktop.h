@@ -192,6 +192,7 @@ class World {
     // --- the user ------------------------------------------------------------------------------------------------
     std::vector<MessageBox> messageBoxes;
     std::deque<int> messageAnswers; ///< without one: OK
+    std::function<void()> onMessage; ///< runs while a message is up
     /// A message that comes up for the tenth time without an answer ends the test.
     int unansweredMessages = 0;
     std::vector<InputBox> inputBoxes;

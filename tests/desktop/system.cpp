@@ -49,6 +49,8 @@ namespace platform {
 int msgBox(std::string_view text, int style, std::string_view title) {
     desktop::World& desk = world();
     desk.messageBoxes.push_back({std::string(text), style, std::string(title)});
+    if (const auto during = desk.onMessage)
+        during();
     if (!desk.messageAnswers.empty()) {
         const int answer = desk.messageAnswers.front();
         desk.messageAnswers.pop_front();

@@ -1,0 +1,371 @@
+// Forms and frames: windows of our own classes.
+#include "win32/forms/modal.h"
+#include "win32/forms/peers.h"
+#include "win32/forms/windowPeer.h"
+
+#include "core/hauptform.h"
+#include "forms/button.h"
+#include "forms/form.h"
+#include "forms/frame.h"
+#include "forms/units.h"
+
+#include <windowsx.h>
+
+#include <functional>
+
+namespace win32 {
+
+namespace {
+
+constexpr const char* formClass = "KestrelForm";
+constexpr const char* frameClass = "KestrelFrame";
+
+/// Where a form stands that is to be put into a host: it never flashes up on the desktop.
+constexpr int offScreen = -16000;
+
+struct Styles {
+    DWORD style;
+    DWORD exStyle;
+};
+
+Styles stylesOf(const forms::Form& form) {
+    const DWORD box = form.controlBox ? WS_SYSMENU : 0U;
+    const DWORD common = WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
+    const DWORD noButton = form.showInTaskbar ? 0U : WS_EX_TOOLWINDOW;
+    switch (form.borderStyle) {
+    case forms::BorderStyle::none:
+        return {WS_POPUP | common, WS_EX_CONTROLPARENT | noButton};
+    case forms::BorderStyle::fixedSingle:
+    case forms::BorderStyle::fixedDialog:
+        // Without caption and box it is only a thin border.
+        if (!form.controlBox && form.caption().empty())
+            return {WS_POPUP | WS_BORDER | common, WS_EX_CONTROLPARENT | noButton};
+        return {WS_POPUP | WS_CAPTION | box | common, WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME};
+    case forms::BorderStyle::sizableToolWindow:
+        break;
+    }
+    // No close box: a toolbar that the user has closed could not be had again.
+    return {WS_POPUP | WS_CAPTION | WS_THICKFRAME | common,
+            WS_EX_CONTROLPARENT | WS_EX_TOOLWINDOW | WS_EX_NOPARENTNOTIFY};
+}
+
+/// The first command button of a form, at any depth, that `fits`.
+forms::CommandButton* findButton(const forms::Container& container,
+                                 const std::function<bool(const forms::CommandButton&)>& fits) {
+    for (forms::Control* child : container.controls()) {
+        if (child->kind() == forms::ControlKind::commandButton) {
+            auto* button = static_cast<forms::CommandButton*>(child);
+            if (fits(*button))
+                return button;
+        } else if (auto* inner = dynamic_cast<forms::Container*>(child)) {
+            if (forms::CommandButton* button = findButton(*inner, fits))
+                return button;
+        }
+    }
+    return nullptr;
+}
+
+class FormPeer : public ContainerPeer {
+  public:
+    explicit FormPeer(forms::Form& form) : ContainerPeer(form), form_(form) {
+        registerClass(formClass);
+        const auto [style, exStyle] = stylesOf(form);
+        const int left = form.activates ? forms::toPixels(form.left()) : offScreen;
+        const int top = form.activates ? forms::toPixels(form.top()) : offScreen;
+        adopt(CreateWindowExA(exStyle, formClass, form.caption().c_str(), style, left, top,
+                              forms::toPixels(form.width()), forms::toPixels(form.height()),
+                              owner(exStyle), nullptr, GetModuleHandleA(nullptr), nullptr));
+        if (handle() == nullptr)
+            return;
+        known_ = handle();
+        windowMade(known_, form);
+        placed_ = place();
+        reportSize();
+    }
+
+    ~FormPeer() override { windowGone(known_); }
+
+    void changed(forms::Property property) override {
+        if (handle() == nullptr)
+            return;
+        switch (property) {
+        case forms::Property::position:
+            follow();
+            break;
+        case forms::Property::text:
+            setWindowText(form_.caption());
+            break;
+        case forms::Property::visible:
+            show();
+            break;
+        case forms::Property::mousePointer:
+            SetCursor(cursor());
+            break;
+        default:
+            ContainerPeer::changed(property);
+            break;
+        }
+    }
+
+  protected:
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
+        switch (message) {
+        case WM_SIZE: {
+            const LRESULT result = defaultMessage(message, wParam, lParam);
+            if (wParam != SIZE_MINIMIZED)
+                reportSize();
+            return result;
+        }
+        case WM_MOVE:
+            form_.windowMoved(place().left, place().top);
+            placed_ = place();
+            break;
+        case WM_CLOSE:
+            form_.closeRequested();
+            return 0;
+        case WM_QUERYENDSESSION:
+            return TRUE;
+        case WM_ENDSESSION:
+            if (wParam != FALSE)
+                form_.closeRequested();
+            return 0;
+        case WM_MOUSEACTIVATE:
+            if (!form_.activates)
+                return MA_NOACTIVATE;
+            break;
+        case WM_GETMINMAXINFO:
+            return limitSize(message, wParam, lParam);
+        case WM_SETCURSOR:
+            if (form_.mousePointer() != forms::MousePointer::standard) {
+                SetCursor(cursor());
+                return TRUE;
+            }
+            break;
+        case WM_MOUSEMOVE:
+            form_.Form_MouseMove(0, shiftState(), forms::toTwips(GET_X_LPARAM(lParam)),
+                                 forms::toTwips(GET_Y_LPARAM(lParam)));
+            break;
+        case WM_LBUTTONUP:
+            form_.Form_Click();
+            return 0;
+        case DM_GETDEFID:
+            if (const HWND button = windowOf([](const auto& seen) { return seen.isDefault; }))
+                return MAKELRESULT(GetDlgCtrlID(button), DC_HASDEFID);
+            return 0;
+        case WM_COMMAND:
+            if (LOWORD(wParam) == IDCANCEL && cancel())
+                return 0;
+            break;
+        case WM_ACTIVATE:
+            if (LOWORD(wParam) == WA_INACTIVE)
+                focus_ = GetFocus();
+            break;
+        case WM_SETFOCUS:
+            giveFocus();
+            return 0;
+        default:
+            break;
+        }
+        return ContainerPeer::message(message, wParam, lParam);
+    }
+
+  private:
+    /// A form that the task bar is not to show is owned by the program's hidden window, unless it is to be hosted.
+    HWND owner(DWORD exStyle) const {
+        return !form_.showInTaskbar && (exStyle & WS_EX_TOOLWINDOW) == 0 ? hiddenWindow() : nullptr;
+    }
+
+    static HWND hiddenWindow() {
+        return core::hauptform() == nullptr ? nullptr : native(core::hauptform()->hWnd());
+    }
+
+    /// Outer rectangle: screen pixels, or client pixels of the host.
+    RECT place() const {
+        RECT rect{};
+        GetWindowRect(handle(), &rect);
+        if ((GetWindowLongA(handle(), GWL_STYLE) & WS_CHILD) != 0)
+            MapWindowPoints(nullptr, GetParent(handle()), reinterpret_cast<POINT*>(&rect), 2);
+        return rect;
+    }
+
+    /// Only what has been assigned changes: the window's place may have been set by others.
+    void follow() {
+        const RECT now = place();
+        const int left = forms::toPixels(form_.left());
+        const int top = forms::toPixels(form_.top());
+        const bool moved = form_.activates && (left != placed_.left || top != placed_.top);
+        const UINT keep = SWP_NOZORDER | SWP_NOACTIVATE | (moved ? 0U : SWP_NOMOVE);
+        SetWindowPos(handle(), nullptr, moved ? left : now.left, moved ? top : now.top,
+                     forms::toPixels(form_.width()), forms::toPixels(form_.height()), keep);
+        // A size that the window has refused is to be known too.
+        if (handle() != nullptr)
+            reportSize();
+    }
+
+    void reportSize() {
+        RECT outer{};
+        RECT client{};
+        GetWindowRect(handle(), &outer);
+        GetClientRect(handle(), &client);
+        form_.windowResized(outer.right - outer.left, outer.bottom - outer.top, client.right, client.bottom);
+    }
+
+    void show() {
+        if (!form_.visible())
+            ShowWindow(handle(), SW_HIDE);
+        else if (form_.activates)
+            ShowWindow(handle(), SW_SHOW);
+        else
+            SetWindowPos(handle(), nullptr, 0, 0, 0, 0,
+                         SWP_SHOWWINDOW | SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER);
+    }
+
+    /// The user can make a tool window as narrow as one button.
+    LRESULT limitSize(UINT message, WPARAM wParam, LPARAM lParam) {
+        const LRESULT result = defaultMessage(message, wParam, lParam);
+        if (form_.borderStyle == forms::BorderStyle::sizableToolWindow || form_.borderStyle == forms::BorderStyle::none)
+            reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {1, 1}; // NOLINT(performance-no-int-to-ptr)
+        return result;
+    }
+
+    HCURSOR cursor() const {
+        return LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(
+                                        form_.mousePointer() == forms::MousePointer::hourglass ? IDC_WAIT : IDC_ARROW));
+    }
+
+    HWND windowOf(const std::function<bool(const forms::CommandButton&)>& fits) const {
+        forms::CommandButton* button = findButton(form_, fits);
+        return button == nullptr ? nullptr : native(button->hWnd());
+    }
+
+    bool cancel() {
+        forms::CommandButton* button = findButton(form_, [](const auto& seen) { return seen.isCancel; });
+        if (button == nullptr)
+            return false;
+        button->click();
+        return true;
+    }
+
+    /// The control that had the focus last, else the first that can have it.
+    void giveFocus() {
+        if (!form_.activates)
+            return;
+        if (focus_ != nullptr && IsChild(handle(), focus_) != FALSE)
+            SetFocus(focus_);
+        else if (const HWND first = GetNextDlgTabItem(handle(), nullptr, FALSE))
+            SetFocus(first);
+    }
+
+    forms::Form& form_;
+    HWND known_ = nullptr;
+    HWND focus_ = nullptr;
+    RECT placed_{};
+};
+
+class FramePeer : public ContainerPeer {
+  public:
+    explicit FramePeer(forms::Frame& frame) : ContainerPeer(frame), frame_(frame) {
+        registerClass(frameClass);
+        createChild(frameClass, frame.caption(), WS_CLIPSIBLINGS | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT);
+        if (handle() == nullptr)
+            return;
+        // A frame is no stop for the Tab key, only what stands in it.
+        SetWindowLongA(handle(), GWL_STYLE, GetWindowLongA(handle(), GWL_STYLE) & ~WS_TABSTOP);
+        known_ = handle();
+        windowMade(known_, *frame.form());
+    }
+
+    ~FramePeer() override { windowGone(known_); }
+
+    void changed(forms::Property property) override {
+        if (property == forms::Property::text) {
+            setWindowText(frame_.caption());
+            InvalidateRect(handle(), nullptr, TRUE);
+            return;
+        }
+        ContainerPeer::changed(property);
+        if (property == forms::Property::enabled && handle() != nullptr)
+            InvalidateRect(handle(), nullptr, TRUE);
+    }
+
+  protected:
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
+        switch (message) {
+        case WM_PAINT:
+            paint();
+            return 0;
+        case WM_SETFONT:
+            font_ = reinterpret_cast<HFONT>(wParam); // NOLINT(performance-no-int-to-ptr)
+            return 0;
+        case WM_GETFONT:
+            return reinterpret_cast<LRESULT>(font_);
+        case WM_GETDLGCODE:
+            return DLGC_STATIC;
+        default:
+            return ContainerPeer::message(message, wParam, lParam);
+        }
+    }
+
+  private:
+    /// An etched box with the caption in its upper edge.
+    void paint() {
+        PAINTSTRUCT paint;
+        const HDC dc = BeginPaint(handle(), &paint);
+        if (frame_.border) {
+            RECT box;
+            GetClientRect(handle(), &box);
+            const RECT whole = box;
+            const HGDIOBJ former = SelectObject(dc, font_);
+            TEXTMETRICA metrics{};
+            GetTextMetricsA(dc, &metrics);
+            box.top = frame_.caption().empty() ? 0 : metrics.tmHeight / 2;
+            DrawEdge(dc, &box, EDGE_ETCHED, BF_RECT);
+            if (!frame_.caption().empty())
+                drawCaption(dc, whole, metrics.tmHeight);
+            SelectObject(dc, former);
+        }
+        EndPaint(handle(), &paint);
+    }
+
+    void drawCaption(HDC dc, const RECT& whole, LONG height) {
+        constexpr LONG indent = 9;
+        RECT text{whole.left + indent, whole.top, whole.right - indent, whole.top + height};
+        SetBkColor(dc, frame_.backColour() ? nativeColour(*frame_.backColour()) : GetSysColor(COLOR_BTNFACE));
+        const COLORREF colour = frame_.foreColour() ? nativeColour(*frame_.foreColour()) : GetSysColor(COLOR_BTNTEXT);
+        SetTextColor(dc, IsWindowEnabled(handle()) != FALSE ? colour : GetSysColor(COLOR_GRAYTEXT));
+        DrawTextA(dc, frame_.caption().c_str(), -1, &text, DT_LEFT | DT_SINGLELINE);
+    }
+
+    forms::Frame& frame_;
+    HWND known_ = nullptr;
+    HFONT font_ = nullptr;
+};
+
+} // namespace
+
+std::unique_ptr<forms::Peer> makeFormPeer(forms::Form& form) {
+    return std::make_unique<FormPeer>(form);
+}
+
+std::unique_ptr<forms::Peer> makeFramePeer(forms::Frame& frame) {
+    return std::make_unique<FramePeer>(frame);
+}
+
+} // namespace win32
+
+namespace forms {
+
+FrameExtent frameExtent(const Form& form) {
+    const auto [style, exStyle] = win32::stylesOf(form);
+    RECT rect{};
+    AdjustWindowRectEx(&rect, style, FALSE, exStyle);
+    return {static_cast<int>(rect.right - rect.left), static_cast<int>(rect.bottom - rect.top)};
+}
+
+ScreenSize screenSize() {
+    RECT area{};
+    SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
+    return {static_cast<int>(area.right), static_cast<int>(area.bottom)};
+}
+
+} // namespace forms

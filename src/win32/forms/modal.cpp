@@ -1,0 +1,162 @@
+#include "win32/forms/modal.h"
+
+#include "forms/frame.h"
+#include "forms/menu.h"
+#include "win32/forms/windowPeer.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace win32 {
+
+namespace {
+
+struct Known {
+    HWND window;
+    const forms::Form* form;
+};
+
+struct Held {
+    forms::Form* modal;
+    std::vector<HWND> windows;
+};
+
+/// All forms and frames that have a window.
+std::vector<Known>& known() {
+    static std::vector<Known> all;
+    return all;
+}
+
+std::vector<Held>& modalForms() {
+    static std::vector<Held> all;
+    return all;
+}
+
+/// Whether a window hears the user by itself: a form, or a frame that stands in another program's window. The
+/// controls in our forms follow their form.
+bool standsAlone(HWND window) {
+    const WindowPeer* peer = WindowPeer::of(window);
+    return peer != nullptr && (peer->control().kind() == forms::ControlKind::form ||
+                               WindowPeer::of(GetAncestor(window, GA_PARENT)) == nullptr);
+}
+
+void hold(Held& held, const Known& other) {
+    if (other.form == held.modal || !standsAlone(other.window) || IsWindowEnabled(other.window) == FALSE)
+        return;
+    EnableWindow(other.window, FALSE);
+    held.windows.push_back(other.window);
+}
+
+/// The window whose dialog keys a message is for: the outermost window of ours around its target.
+HWND dialogOf(HWND window) {
+    HWND outermost = nullptr;
+    for (HWND seen = window; seen != nullptr && WindowPeer::of(seen) != nullptr; seen = GetAncestor(seen, GA_PARENT))
+        outermost = seen;
+    return outermost;
+}
+
+/// Holds the program's other forms as long as a form is modal.
+class Hold {
+  public:
+    explicit Hold(forms::Form& form) {
+        modalForms().push_back({&form, {}});
+        for (const Known& other : known())
+            hold(modalForms().back(), other);
+    }
+    ~Hold() {
+        for (const HWND window : modalForms().back().windows)
+            if (WindowPeer::of(window) != nullptr)
+                EnableWindow(window, TRUE);
+        modalForms().pop_back();
+    }
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
+};
+
+} // namespace
+
+void windowMade(HWND window, const forms::Form& form) {
+    known().push_back({window, &form});
+    if (!modalForms().empty())
+        hold(modalForms().back(), known().back());
+}
+
+void windowGone(HWND window) {
+    std::erase_if(known(), [window](const Known& gone) { return gone.window == window; });
+}
+
+void serve(MSG& message) {
+    if (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST)
+        if (const HWND dialog = dialogOf(message.hwnd); dialog != nullptr && IsDialogMessageA(dialog, &message))
+            return;
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+}
+
+void servePending() {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        serve(message);
+    }
+}
+
+} // namespace win32
+
+namespace forms {
+
+void runModal(Form& form) {
+    const HWND before = GetFocus();
+    {
+        const win32::Hold hold(form);
+        // Showing may have put it behind a window of another program.
+        if (form.activates)
+            SetForegroundWindow(win32::native(form.hWnd()));
+        MSG message;
+        while (form.visible()) {
+            const BOOL got = GetMessageA(&message, nullptr, 0, 0);
+            if (got == FALSE) { // the end of the program has been asked for: the outermost loop is to see it
+                PostQuitMessage(static_cast<int>(message.wParam));
+                form.hide();
+                break;
+            }
+            if (got > 0)
+                win32::serve(message);
+        }
+    }
+    if (before != nullptr && IsWindow(before) != FALSE)
+        SetFocus(before);
+}
+
+void popUp(Form& owner, Menu& menu) {
+    static bool open = false;
+    if (open)
+        return;
+    open = true;
+    const HMENU shown = CreatePopupMenu();
+    constexpr UINT_PTR firstId = 1; // 0 is "nothing chosen"
+    for (std::size_t place = 0; place < menu.items.size(); ++place) {
+        const MenuItem& item = menu.items[place];
+        if (!item.visible)
+            continue;
+        const UINT style = item.caption == "-" ? MF_SEPARATOR : MF_STRING | (item.enabled ? 0U : MF_GRAYED);
+        AppendMenuA(shown, style, firstId + place, item.caption.c_str());
+    }
+    POINT mouse{};
+    GetCursorPos(&mouse);
+    const HWND window = win32::native(owner.window());
+    // Without these two the menu would not close on a click elsewhere.
+    SetForegroundWindow(window);
+    const BOOL chosen = TrackPopupMenu(shown, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, mouse.x, mouse.y, 0,
+                                       window, nullptr);
+    PostMessageA(window, WM_NULL, 0, 0);
+    DestroyMenu(shown);
+    open = false;
+    if (chosen > 0)
+        menu.choose(menu.items[static_cast<std::size_t>(chosen) - firstId].index);
+}
+
+} // namespace forms

@@ -1,0 +1,69 @@
+// The drawing surface in memory: a 32-bit bitmap selected into a device context.
+#include "forms/surface.h"
+
+#include <windows.h>
+
+#include <cstddef>
+#include <vector>
+
+namespace forms {
+
+struct Surface::Impl {
+    int width;
+    int height;
+    HDC dc;
+    HBITMAP bitmap;
+    HGDIOBJ former;
+    std::uint32_t* pixels;
+
+    std::size_t count() const { return static_cast<std::size_t>(width) * static_cast<std::size_t>(height); }
+};
+
+Surface::Surface(int width, int height, Colour colour) : impl_(std::make_unique<Impl>()) {
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = -height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    info.bmiHeader.biCompression = BI_RGB;
+    void* memory = nullptr;
+    impl_->width = width;
+    impl_->height = height;
+    impl_->dc = CreateCompatibleDC(nullptr);
+    impl_->bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &memory, nullptr, 0);
+    impl_->former = SelectObject(impl_->dc, impl_->bitmap);
+    impl_->pixels = static_cast<std::uint32_t*>(memory);
+    clear(colour);
+}
+
+Surface::~Surface() {
+    SelectObject(impl_->dc, impl_->former);
+    DeleteObject(impl_->bitmap);
+    DeleteDC(impl_->dc);
+}
+
+platform::HDC Surface::dc() const {
+    return platform::HDC{reinterpret_cast<std::uintptr_t>(impl_->dc)};
+}
+
+void Surface::clear(Colour colour) {
+    if (impl_->pixels == nullptr)
+        return;
+    GdiFlush();
+    for (std::size_t index = 0; index < impl_->count(); ++index)
+        impl_->pixels[index] = colour;
+}
+
+Picture Surface::copy() const {
+    if (impl_->pixels == nullptr)
+        return {};
+    GdiFlush();
+    constexpr std::uint32_t opaque = 0xFF000000;
+    std::vector<std::uint32_t> pixels(impl_->pixels, impl_->pixels + impl_->count());
+    for (std::uint32_t& pixel : pixels)
+        pixel |= opaque;
+    return {impl_->width, impl_->height, std::move(pixels)};
+}
+
+} // namespace forms

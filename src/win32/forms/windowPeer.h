@@ -1,0 +1,92 @@
+// The base of all peers: one real window that shadows one control.
+//
+// The window is of a system class, or of one of our own for forms and frames, and is subclassed; whatever the window
+// procedure is called with goes through the guard. The window can die under us at any moment, when EAGLE closes the
+// window that it stands in; the peer then stays and has no window.
+#pragma once
+
+#include "forms/control.h"
+#include "forms/form.h"
+#include "forms/peer.h"
+#include "win32/platform/native.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <string>
+
+namespace win32 {
+
+class WindowPeer : public forms::Peer {
+  public:
+    ~WindowPeer() override;
+
+    platform::HWND window() const override;
+    void changed(forms::Property property) override;
+    void setFocus() override;
+
+    HWND handle() const { return handle_; }
+    forms::Control& control() const { return control_; }
+
+    /// The peer of one of our windows; null for any other window.
+    static WindowPeer* of(HWND window);
+
+    /// A notification of the window, passed on by the container that has received it: its code, and the number of the
+    /// control or of its button.
+    virtual void command(WORD /*code*/, WORD /*id*/) {}
+    virtual LRESULT notify(NMHDR& /*header*/) { return 0; }
+
+  protected:
+    explicit WindowPeer(forms::Control& control) : control_(control) {}
+
+    /// Makes the window as a child of its container's, at the control's place, enabled and visible as the control is.
+    void createChild(const char* className, const std::string& text, DWORD style, DWORD exStyle = 0);
+    /// Takes a window that has just been made.
+    void adopt(HWND window);
+    /// The window's own messages. Not called once the window is being destroyed.
+    virtual LRESULT message(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT defaultMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    /// Sets the window's text if it differs.
+    void setWindowText(const std::string& text);
+    void applyFont();
+    /// The window has been destroyed; handle() is null from here on.
+    virtual void destroyed() {}
+
+  private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                                      DWORD_PTR peer);
+    void reportMouse(UINT message, WPARAM wParam, LPARAM lParam);
+
+    forms::Control& control_;
+    HWND handle_ = nullptr;
+    HFONT font_ = nullptr;
+};
+
+/// A peer of a container: passes notifications on to its children's peers and gives them their colours.
+class ContainerPeer : public WindowPeer {
+  public:
+    ~ContainerPeer() override;
+
+  protected:
+    using WindowPeer::WindowPeer;
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    LRESULT childColour(HDC dc, HWND child);
+
+    HBRUSH brush_ = nullptr;
+    forms::Colour brushColour_ = 0;
+};
+
+inline COLORREF nativeColour(forms::Colour colour) {
+    return RGB(colour >> 16 & 0xFFU, colour >> 8 & 0xFFU, colour & 0xFFU);
+}
+
+/// Shift state of the keyboard as events have it: 1 Shift, 2 Ctrl, 4 Alt.
+int shiftState();
+
+/// Registers a window class of our own; the default procedure does nothing, the peer's subclass all.
+void registerClass(const char* name);
+
+} // namespace win32

@@ -1,0 +1,33 @@
+// The start of the program and its message loop.
+#include "core/guard.h"
+#include "core/hauptform.h"
+#include "win32/forms/modal.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <objbase.h>
+
+#include <cstdlib>
+
+namespace __gnu_cxx {
+// The library's own handler names the exception on a console that this program does not have, and takes a tenth of
+// the program's size to do so.
+void __verbose_terminate_handler() {
+    std::abort();
+}
+} // namespace __gnu_cxx
+
+int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*commandLine*/, int /*show*/) {
+    // The file dialogs host the shell's extensions.
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
+    INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&controls);
+    // Lives until the process ends, like all that it owns.
+    auto* const form = new core::Hauptform; // NOLINT(cppcoreguidelines-owning-memory)
+    core::guarded([form] { form->load(); });
+    MSG message;
+    while (form->loaded() && GetMessageA(&message, nullptr, 0, 0) > 0)
+        win32::serve(message);
+    return 0;
+}

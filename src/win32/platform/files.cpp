@@ -1,0 +1,128 @@
+// Files and the code page, as the language's runtime gave them.
+#include "platform/system.h"
+
+#include "runtime/runtimeError.h"
+
+#include <windows.h>
+
+#include <array>
+
+namespace {
+
+using runtime::ErrorNumber;
+using runtime::RuntimeError;
+
+RuntimeError lastError() {
+    switch (GetLastError()) {
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME:
+    case ERROR_INVALID_DRIVE:
+        return RuntimeError(ErrorNumber::pathNotFound);
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+        return RuntimeError(ErrorNumber::permissionDenied);
+    case ERROR_ACCESS_DENIED:
+    case ERROR_WRITE_PROTECT:
+        return RuntimeError(ErrorNumber::pathFileAccess);
+    default:
+        return RuntimeError(ErrorNumber::fileNotFound);
+    }
+}
+
+class File {
+  public:
+    explicit File(const std::string& path)
+        : handle_(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                              nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)) {
+        if (handle_ == INVALID_HANDLE_VALUE)
+            throw lastError();
+    }
+    ~File() { CloseHandle(handle_); }
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+
+    /// Appends what comes next; false at the end of the file.
+    bool read(std::string& text) const {
+        std::array<char, 4096> block; // NOLINT(cppcoreguidelines-pro-type-member-init): filled by the call
+        DWORD count = 0;
+        if (ReadFile(handle_, block.data(), static_cast<DWORD>(block.size()), &count, nullptr) == FALSE)
+            throw lastError();
+        text.append(block.data(), count);
+        return count > 0;
+    }
+
+  private:
+    HANDLE handle_;
+};
+
+} // namespace
+
+namespace platform {
+
+std::string dir(std::string_view path) {
+    if (path.empty())
+        return {};
+    WIN32_FIND_DATAA found;
+    const ::HANDLE search = FindFirstFileA(std::string(path).c_str(), &found);
+    if (search == reinterpret_cast<::HANDLE>(LONG_PTR{-1})) // NOLINT(performance-no-int-to-ptr): the platform's mark
+        return {};
+    std::string name;
+    do {
+        constexpr DWORD special = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+        if ((found.dwFileAttributes & special) == 0)
+            name = found.cFileName;
+    } while (name.empty() && FindNextFileA(search, &found) != FALSE);
+    FindClose(search);
+    return name;
+}
+
+void kill(std::string_view path) {
+    if (DeleteFileA(std::string(path).c_str()) == FALSE)
+        throw lastError();
+}
+
+std::string readFirstLine(std::string_view path) {
+    const File file{std::string(path)};
+    std::string text;
+    std::size_t end = std::string::npos;
+    while (end == std::string::npos && file.read(text))
+        end = text.find_first_of("\r\n");
+    return text.substr(0, end);
+}
+
+const std::string& programFolder() {
+    static const std::string folder = [] {
+        std::string path(MAX_PATH, '\0');
+        path.resize(GetModuleFileNameA(nullptr, path.data(), MAX_PATH));
+        const std::size_t slash = path.find_last_of('\\');
+        constexpr std::size_t root = 2; // the place of the backslash in a drive root
+        return path.substr(0, slash == root ? root + 1 : slash);
+    }();
+    return folder;
+}
+
+std::string currentDirectory() {
+    std::string folder(MAX_PATH, '\0');
+    folder.resize(GetCurrentDirectoryA(MAX_PATH, folder.data()));
+    return folder;
+}
+
+std::u16string toUtf16(std::string_view text) {
+    const int length = static_cast<int>(text.size());
+    const int needed = MultiByteToWideChar(CP_ACP, 0, text.data(), length, nullptr, 0);
+    std::u16string wide(static_cast<std::size_t>(needed), u'\0');
+    MultiByteToWideChar(CP_ACP, 0, text.data(), length, reinterpret_cast<wchar_t*>(wide.data()), needed);
+    return wide;
+}
+
+std::string toAnsi(std::u16string_view text) {
+    const auto* const wide = reinterpret_cast<const wchar_t*>(text.data());
+    const int length = static_cast<int>(text.size());
+    const int needed = WideCharToMultiByte(CP_ACP, 0, wide, length, nullptr, 0, "?", nullptr);
+    std::string ansi(static_cast<std::size_t>(needed), '\0');
+    WideCharToMultiByte(CP_ACP, 0, wide, length, ansi.data(), needed, "?", nullptr);
+    return ansi;
+}
+
+} // namespace platform

@@ -1,0 +1,128 @@
+// Injects key strokes: one batch for a text, so that nothing the user types gets between.
+#include "platform/system.h"
+
+#include "win32/forms/modal.h"
+
+#include <windows.h>
+
+#include <vector>
+
+namespace {
+
+using runtime::Key;
+using runtime::KeyStroke;
+
+using Inputs = std::vector<INPUT>;
+
+bool isExtended(WORD key) {
+    switch (key) {
+    case VK_PRIOR:
+    case VK_NEXT:
+    case VK_END:
+    case VK_HOME:
+    case VK_LEFT:
+    case VK_UP:
+    case VK_RIGHT:
+    case VK_DOWN:
+    case VK_SNAPSHOT:
+    case VK_INSERT:
+    case VK_DELETE:
+    case VK_NUMLOCK:
+    case VK_CANCEL:
+    case VK_RCONTROL:
+    case VK_RMENU:
+    case VK_LWIN:
+    case VK_RWIN:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void addKey(Inputs& inputs, WORD key, bool release) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(key, MAPVK_VK_TO_VSC));
+    input.ki.dwFlags = (isExtended(key) ? KEYEVENTF_EXTENDEDKEY : 0U) | (release ? KEYEVENTF_KEYUP : 0U);
+    inputs.push_back(input);
+}
+
+void addCharacter(Inputs& inputs, char character) {
+    for (const char16_t unit : platform::toUtf16({&character, 1}))
+        for (const DWORD release : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}}) {
+            INPUT input{};
+            input.type = INPUT_KEYBOARD;
+            input.ki.wScan = unit;
+            input.ki.dwFlags = KEYEVENTF_UNICODE | release;
+            inputs.push_back(input);
+        }
+}
+
+/// What the user holds down would change the keys that are typed.
+void releaseModifiers(Inputs& inputs) {
+    for (const int key : {VK_LSHIFT, VK_RSHIFT, VK_LCONTROL, VK_RCONTROL, VK_LMENU, VK_RMENU, VK_LWIN, VK_RWIN})
+        if (GetAsyncKeyState(key) < 0)
+            addKey(inputs, static_cast<WORD>(key), true);
+}
+
+void addStroke(Inputs& inputs, const KeyStroke& stroke) {
+    WORD key = static_cast<WORD>(stroke.key);
+    bool shift = stroke.shift;
+    if (stroke.key == Key::none) {
+        const SHORT scanned = VkKeyScanA(stroke.character);
+        const bool modified = stroke.shift || stroke.control || stroke.alt;
+        // A character that no key gives by itself cannot be modified: it is typed as it is.
+        constexpr int beyondShift = 0x6;
+        if (!modified || scanned == -1 || (HIBYTE(scanned) & beyondShift) != 0) {
+            addCharacter(inputs, stroke.character);
+            return;
+        }
+        key = LOBYTE(scanned);
+        shift = shift || (HIBYTE(scanned) & 1) != 0;
+    }
+    const struct {
+        bool on;
+        WORD key;
+    } modifiers[] = {{shift, VK_SHIFT}, {stroke.control, VK_CONTROL}, {stroke.alt, VK_MENU}};
+    for (const auto& modifier : modifiers)
+        if (modifier.on)
+            addKey(inputs, modifier.key, false);
+    addKey(inputs, key, false);
+    addKey(inputs, key, true);
+    for (const auto& modifier : modifiers)
+        if (modifier.on)
+            addKey(inputs, modifier.key, true);
+}
+
+/// Serves our own messages until the window in front answers, but not for ever.
+void waitUntilProcessed() {
+    constexpr DWORD longest = 2000;
+    constexpr UINT slice = 50;
+    const DWORD begin = GetTickCount();
+    do {
+        win32::servePending();
+        DWORD_PTR answer = 0;
+        const HWND front = GetForegroundWindow();
+        if (front == nullptr || SendMessageTimeoutA(front, WM_NULL, 0, 0, SMTO_NORMAL, slice, &answer) != 0)
+            return;
+    } while (GetTickCount() - begin < longest);
+}
+
+} // namespace
+
+namespace platform {
+
+void sendKeys(std::span<const runtime::KeyStroke> strokes, bool wait) {
+    Inputs inputs;
+    inputs.reserve(strokes.size() * 2 + 8);
+    releaseModifiers(inputs);
+    for (const KeyStroke& stroke : strokes)
+        addStroke(inputs, stroke);
+    if (!inputs.empty())
+        SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+    if (wait)
+        waitUntilProcessed();
+}
+
+} // namespace platform

@@ -1,0 +1,69 @@
+#include "platform/shell32.h"
+
+#include "win32/platform/native.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+/// Older than the system's present record: the shell takes it with the version that its size tells.
+NOTIFYICONDATAA trayRecord(const platform::NOTIFYICONDATA& record) {
+    NOTIFYICONDATAA made{};
+    made.cbSize = NOTIFYICONDATAA_V1_SIZE;
+    made.hWnd = win32::native(record.hWnd);
+    made.uID = record.uID;
+    made.uFlags = record.uFlags;
+    made.uCallbackMessage = record.uCallbackMessage;
+    made.hIcon = reinterpret_cast<HICON>(record.hIcon); // NOLINT(performance-no-int-to-ptr)
+    static_assert(sizeof made.szTip >= sizeof record.szTip);
+    std::copy(std::begin(record.szTip), std::end(record.szTip), made.szTip);
+    return made;
+}
+
+} // namespace
+
+namespace platform {
+
+std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeIcon, HICON& smallIcon) {
+    ::HICON large = nullptr;
+    ::HICON little = nullptr;
+    const UINT extracted = ::ExtractIconExA(file, index, &large, &little, 1);
+    largeIcon = HICON{reinterpret_cast<std::uintptr_t>(large)};
+    smallIcon = HICON{reinterpret_cast<std::uintptr_t>(little)};
+    // With both sizes asked for, the platform may count each; a failure reads as the largest number.
+    return extracted == UINT_MAX || little == nullptr ? 0 : 1;
+}
+
+int PickIconDlg(HWND owner, std::span<char16_t> file, std::int32_t& index) {
+    using Chooser = int(WINAPI*)(::HWND, wchar_t*, UINT, int*);
+    constexpr WORD ordinal = 62; // it has no name
+    const FARPROC found = GetProcAddress(GetModuleHandleA("shell32.dll"), MAKEINTRESOURCEA(ordinal));
+    if (found == nullptr)
+        return -1;
+    Chooser choose = nullptr;
+    static_assert(sizeof choose == sizeof found);
+    std::memcpy(&choose, &found, sizeof choose);
+    int chosen = index;
+    const int result = choose(win32::native(owner), reinterpret_cast<wchar_t*>(file.data()),
+                              static_cast<UINT>(file.size()), &chosen);
+    index = chosen;
+    return result;
+}
+
+bool Shell_NotifyIconA(std::uint32_t message, const NOTIFYICONDATA& record) {
+    NOTIFYICONDATAA native = trayRecord(record);
+    return ::Shell_NotifyIconA(message, &native) != FALSE;
+}
+
+HICON programIcon() {
+    static const auto icon = LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON,
+                                        GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED);
+    return HICON{reinterpret_cast<std::uintptr_t>(icon)};
+}
+
+} // namespace platform

@@ -1,0 +1,141 @@
+#include "platform/user32.h"
+
+#include "win32/platform/native.h"
+
+using win32::isForeign;
+using win32::native;
+using win32::neutral;
+
+namespace {
+
+/// Longest wait for a window of another program, in milliseconds; none at all if it is known to hang.
+constexpr UINT patience = 200;
+
+struct Enumeration {
+    platform::EnumWindowsCallback callback;
+    std::intptr_t extra;
+};
+
+BOOL CALLBACK passOn(HWND window, LPARAM parameter) {
+    const auto& enumeration = *reinterpret_cast<const Enumeration*>(parameter); // NOLINT(performance-no-int-to-ptr)
+    return enumeration.callback(neutral(window), enumeration.extra);
+}
+
+void changeStyle(HWND window, DWORD clear, DWORD set) {
+    const auto style = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
+    SetWindowLongA(window, GWL_STYLE, static_cast<LONG>((style & ~clear) | set));
+}
+
+} // namespace
+
+namespace platform {
+
+bool EnumWindows(EnumWindowsCallback callback, std::intptr_t extra) {
+    const Enumeration enumeration{callback, extra};
+    return ::EnumWindows(passOn, reinterpret_cast<LPARAM>(&enumeration)) != FALSE;
+}
+
+int GetWindowTextA(HWND window, char* text, int size) {
+    return ::GetWindowTextA(native(window), text, size);
+}
+
+int GetWindowTextLengthA(HWND window) {
+    return ::GetWindowTextLengthA(native(window));
+}
+
+bool IsWindow(HWND window) {
+    return ::IsWindow(native(window)) != FALSE;
+}
+
+bool GetWindowRect(HWND window, RECT& rect) {
+    ::RECT found{};
+    if (::GetWindowRect(native(window), &found) == FALSE)
+        return false;
+    rect = {found.left, found.top, found.right, found.bottom};
+    return true;
+}
+
+bool GetClientRect(HWND window, RECT& rect) {
+    ::RECT found{};
+    if (::GetClientRect(native(window), &found) == FALSE)
+        return false;
+    rect = {found.left, found.top, found.right, found.bottom};
+    return true;
+}
+
+HWND SetParent(HWND child, HWND parent) {
+    // The styles must fit before the window goes in and after it has come out.
+    if (parent != HWND::none) {
+        if (::IsWindow(native(parent)) == FALSE)
+            return HWND::none;
+        changeStyle(native(child), WS_POPUP, WS_CHILD);
+    }
+    const ::HWND former = ::SetParent(native(child), native(parent));
+    if (parent == HWND::none)
+        changeStyle(native(child), WS_CHILD, WS_POPUP);
+    return neutral(former);
+}
+
+bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint) {
+    return ::MoveWindow(native(window), x, y, width, height, repaint ? TRUE : FALSE) != FALSE;
+}
+
+bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int width, int height,
+                  std::uint32_t flags) {
+    // A window of another program is never waited for.
+    const UINT async = isForeign(native(window)) ? SWP_ASYNCWINDOWPOS : 0U;
+    return ::SetWindowPos(native(window), reinterpret_cast<::HWND>(insertAfter), // NOLINT(performance-no-int-to-ptr)
+                          x, y, width, height, flags | async) != FALSE;
+}
+
+bool BringWindowToTop(HWND window) {
+    const ::HWND raised = native(window);
+    if (!isForeign(raised))
+        return ::BringWindowToTop(raised) != FALSE;
+    if (::IsWindow(raised) == FALSE)
+        return false;
+    // The click that brought us here gives us the right to choose the window in front.
+    if (IsHungAppWindow(raised) == FALSE)
+        SetForegroundWindow(raised);
+    return ::SetWindowPos(raised, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_ASYNCWINDOWPOS) != FALSE;
+}
+
+bool ShowWindow(HWND window, int command) {
+    const ::HWND shown = native(window);
+    return (isForeign(shown) ? ShowWindowAsync(shown, command) : ::ShowWindow(shown, command)) != FALSE;
+}
+
+std::intptr_t SendMessageA(HWND window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) {
+    const ::HWND receiver = native(window);
+    if (!isForeign(receiver))
+        return ::SendMessageA(receiver, message, wParam, lParam);
+    DWORD_PTR result = 0;
+    SendMessageTimeoutA(receiver, message, wParam, lParam, SMTO_ABORTIFHUNG, patience, &result);
+    return static_cast<std::intptr_t>(result);
+}
+
+bool RedrawWindow(HWND window, const RECT& rect, std::uint32_t flags) {
+    // Without a window the platform would redraw the whole desktop.
+    if (window == HWND::none)
+        return false;
+    const ::RECT area{rect.left, rect.top, rect.right, rect.bottom};
+    // Drawing at once would wait for the other program; it draws when it comes to it.
+    const std::uint32_t later = isForeign(native(window)) ? RDW_UPDATENOW | RDW_ERASENOW : 0U;
+    return ::RedrawWindow(native(window), &area, nullptr, flags & ~later) != FALSE;
+}
+
+bool DrawIconEx(HDC dc, int x, int y, HICON icon, int width, int height, std::uint32_t step,
+                std::uint32_t flags) {
+    return ::DrawIconEx(reinterpret_cast<::HDC>(dc), x, y, reinterpret_cast<::HICON>(icon), // NOLINT
+                        width, height, step, nullptr, flags) != FALSE;
+}
+
+bool DestroyIcon(HICON icon) {
+    return ::DestroyIcon(reinterpret_cast<::HICON>(icon)) != FALSE; // NOLINT(performance-no-int-to-ptr)
+}
+
+void CharLowerBuffA(std::span<char> text) {
+    ::CharLowerBuffA(text.data(), static_cast<DWORD>(text.size()));
+}
+
+} // namespace platform
