@@ -10,10 +10,14 @@ set -euo pipefail
 cd "$PROJECT"
 build=$(realpath -m "${1:-build/native}")
 stamp=$build/tidy.stamp
+badFormat=
 sources=$(find src tests bench -name '*.h' -o -name '*.cpp' | sort)
 
 say "clang-format over $(wc -l <<<"$sources") files"
-xargs clang-format --dry-run -Werror <<<"$sources" || fail "style: run clang-format -i over the files named above"
+xargs clang-format --dry-run -Werror <<<"$sources" >"$(logFile format)" 2>&1 || {
+    sed -n 's/^\([^ ]*\.\(h\|cpp\)\):.* error: .*/\1/p' "$(logFile format)" | sort | uniq -c >&2
+    badFormat="run clang-format -i over the files above (places in each), see $(logFile format)"
+}
 
 [ -f "$build/compile_commands.json" ] || fail "$build is not configured: cmake --preset native"
 compiled=$(sed -n "s|^ *\"file\": \"$PROJECT/\(src/.*\.cpp\)\".*|\1|p" "$build/compile_commands.json" | sort -u)
@@ -27,14 +31,15 @@ if [ -f "$stamp" ]; then
 fi
 if [ -z "$compiled" ]; then
     say "clang-tidy: nothing has changed"
-    exit
+else
+    say "clang-tidy over $(wc -l <<<"$compiled") files"
+    touch "$stamp.new"
+    report=$(logFile tidy)
+    if ! xargs -P 2 -n 4 clang-tidy -p "$build" --quiet <<<"$compiled" >"$report" 2>&1; then
+        grep -v -e 'warnings generated' -e '^Suppressed' -e '^Use -header-filter' "$report" >&2 || true
+        fail "clang-tidy found something, report in $report"
+    fi
+    mv "$stamp.new" "$stamp"
 fi
-say "clang-tidy over $(wc -l <<<"$compiled") files"
-touch "$stamp.new"
-report=$(logFile tidy)
-if ! xargs -P 2 -n 4 clang-tidy -p "$build" --quiet <<<"$compiled" >"$report" 2>&1; then
-    grep -v -e 'warnings generated' -e '^Suppressed' -e '^Use -header-filter' "$report" >&2 || true
-    fail "style: clang-tidy, report in $report"
-fi
-mv "$stamp.new" "$stamp"
-say "style: nothing to say"
+[ -z "$badFormat" ] || fail "$badFormat"
+say "style: nothing found"
