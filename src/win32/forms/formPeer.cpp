@@ -1,7 +1,7 @@
 // Forms and frames: windows of our own classes.
+#include "win32/forms/containerPeer.h"
 #include "win32/forms/modal.h"
 #include "win32/forms/peers.h"
-#include "win32/forms/windowPeer.h"
 
 #include "core/hauptform.h"
 #include "forms/button.h"
@@ -330,7 +330,7 @@ class FramePeer : public ContainerPeer {
     void drawCaption(HDC dc, const RECT& whole, LONG height) {
         constexpr LONG indent = 9;
         RECT text{whole.left + indent, whole.top, whole.right - indent, whole.top + height};
-        SetBkColor(dc, frame_.backColour() ? nativeColour(*frame_.backColour()) : GetSysColor(COLOR_BTNFACE));
+        SetBkColor(dc, background().value_or(GetSysColor(COLOR_BTNFACE)));
         const COLORREF colour = frame_.foreColour() ? nativeColour(*frame_.foreColour()) : GetSysColor(COLOR_BTNTEXT);
         SetTextColor(dc, IsWindowEnabled(handle()) != FALSE ? colour : GetSysColor(COLOR_GRAYTEXT));
         DrawTextA(dc, frame_.caption().c_str(), -1, &text, DT_LEFT | DT_SINGLELINE);

@@ -2,6 +2,7 @@
 
 #include "forms/frame.h"
 #include "forms/menu.h"
+#include "win32/forms/dialogKeys.h"
 #include "win32/forms/windowPeer.h"
 
 #include <algorithm>
@@ -47,14 +48,6 @@ void hold(Held& held, const Known& other) {
     held.windows.push_back(other.window);
 }
 
-/// The window whose dialog keys a message is for: the outermost window of ours around its target.
-HWND dialogOf(HWND window) {
-    HWND outermost = nullptr;
-    for (HWND seen = window; seen != nullptr && WindowPeer::of(seen) != nullptr; seen = GetAncestor(seen, GA_PARENT))
-        outermost = seen;
-    return outermost;
-}
-
 /// Holds the program's other forms as long as a form is modal.
 class Hold {
   public:
@@ -87,7 +80,8 @@ void windowGone(HWND window) {
 
 void serve(MSG& message) {
     if (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST)
-        if (const HWND dialog = dialogOf(message.hwnd); dialog != nullptr && IsDialogMessageA(dialog, &message))
+        if (const HWND dialog = dialogOf(message.hwnd);
+            dialog != nullptr && (turnPage(dialog, message) || IsDialogMessageA(dialog, &message)))
             return;
     TranslateMessage(&message);
     DispatchMessageA(&message);
@@ -150,8 +144,8 @@ void popUp(Form& owner, Menu& menu) {
     const HWND window = win32::native(owner.window());
     // Without these two the menu would not close on a click elsewhere.
     SetForegroundWindow(window);
-    const BOOL chosen = TrackPopupMenu(shown, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, mouse.x, mouse.y, 0,
-                                       window, nullptr);
+    const BOOL chosen = TrackPopupMenu(shown, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, mouse.x,
+                                       mouse.y, 0, window, nullptr);
     PostMessageA(window, WM_NULL, 0, 0);
     DestroyMenu(shown);
     open = false;

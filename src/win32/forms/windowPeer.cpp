@@ -3,8 +3,13 @@
 #include "core/guard.h"
 #include "forms/event.h"
 #include "forms/units.h"
+#include "win32/forms/containerPeer.h"
+#include "win32/forms/dialogKeys.h"
+#include "win32/forms/toolTip.h"
 
 #include <windowsx.h>
+
+#include <algorithm>
 
 namespace win32 {
 
@@ -33,6 +38,7 @@ WindowPeer::~WindowPeer() {
     if (handle_ != nullptr) {
         const HWND window = handle_;
         handle_ = nullptr;
+        setToolTip(window, {});
         RemoveWindowSubclass(window, procedure, subclassId);
         DestroyWindow(window);
     }
@@ -52,23 +58,73 @@ WindowPeer* WindowPeer::of(HWND window) {
 }
 
 void WindowPeer::createChild(const char* className, const std::string& text, DWORD style, DWORD exStyle) {
-    WindowPeer* container = control_.container() == nullptr
-                                ? nullptr
-                                : dynamic_cast<WindowPeer*>(control_.container()->peer());
+    const ContainerPeer* container = containerPeer();
     if (container == nullptr || container->handle() == nullptr)
         return;
+    // Boxes may overlap: none is to paint over its neighbour.
+    style |= WS_CLIPSIBLINGS;
+    if (startsGroup())
+        style |= WS_GROUP;
     if (control_.visible())
         style |= WS_VISIBLE;
     if (!control_.enabled())
         style |= WS_DISABLED;
     if (control_.tabStop)
         style |= WS_TABSTOP;
-    const RECT place = pixelRect(control_);
+    const RECT place = childPlace();
     const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(nextChildId())); // NOLINT
-    adopt(CreateWindowExA(exStyle | WS_EX_NOPARENTNOTIFY, className, text.c_str(), style | WS_CHILD, place.left,
-                          place.top, place.right - place.left, place.bottom - place.top, container->handle(), id,
-                          GetModuleHandleA(nullptr), nullptr));
+    adopt(CreateWindowExA(exStyle | WS_EX_NOPARENTNOTIFY, className, text.c_str(), style | WS_CHILD,
+                          place.left, place.top, place.right - place.left, place.bottom - place.top,
+                          container->handle(), id, GetModuleHandleA(nullptr), nullptr));
+    if (handle_ == nullptr)
+        return;
     applyFont();
+    takeTabPlace();
+    if (!control_.toolTipText().empty())
+        setToolTip(handle_, control_.toolTipText());
+}
+
+RECT WindowPeer::childPlace() const {
+    return pixelRect(control_);
+}
+
+ContainerPeer* WindowPeer::containerPeer() const {
+    const forms::Container* container = control_.container();
+    return container == nullptr ? nullptr : dynamic_cast<ContainerPeer*>(container->peer());
+}
+
+COLORREF WindowPeer::colourBehind() const {
+    const ContainerPeer* container = containerPeer();
+    const std::optional<COLORREF> colour = container == nullptr ? std::nullopt : container->background();
+    return colour.value_or(GetSysColor(COLOR_BTNFACE));
+}
+
+/// The option buttons of a container that stand one after the other are one group, any other control is one
+/// by itself.
+bool WindowPeer::startsGroup() const {
+    if (control_.kind() != forms::ControlKind::optionButton)
+        return true;
+    const auto& siblings = control_.container()->controls();
+    const auto self = std::find(siblings.begin(), siblings.end(), &control_);
+    return self == siblings.begin() || (*std::prev(self))->kind() != forms::ControlKind::optionButton;
+}
+
+/// A window comes into the world behind its siblings. One with a number goes before those that have a higher
+/// one.
+void WindowPeer::takeTabPlace() {
+    if (!control_.tabIndex)
+        return;
+    HWND before = nullptr;
+    for (HWND sibling = GetWindow(GetParent(handle_), GW_CHILD); sibling != nullptr && sibling != handle_;
+         sibling = GetWindow(sibling, GW_HWNDNEXT)) {
+        const WindowPeer* other = of(sibling);
+        if (other != nullptr && other->control_.tabIndex && *other->control_.tabIndex > *control_.tabIndex) {
+            SetWindowPos(handle_, before == nullptr ? HWND_TOP : before, 0, 0, 0, 0,
+                         SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+            return;
+        }
+        before = sibling;
+    }
 }
 
 void WindowPeer::adopt(HWND window) {
@@ -77,12 +133,15 @@ void WindowPeer::adopt(HWND window) {
         SetWindowSubclass(window, procedure, subclassId, reinterpret_cast<DWORD_PTR>(this));
 }
 
-LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR /*id*/,
-                                       DWORD_PTR peer) {
+LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                       UINT_PTR /*id*/, DWORD_PTR peer) {
     auto* const self = reinterpret_cast<WindowPeer*>(peer); // NOLINT(performance-no-int-to-ptr)
+    // An event may unload the form: the peer lives until its event has returned.
+    const std::shared_ptr<Peer> kept = self->weak_from_this().lock();
     LRESULT result = 0;
     // When the host's process has been killed this is the only message that tells.
     if (message == WM_NCDESTROY) {
+        setToolTip(window, {});
         RemoveWindowSubclass(window, procedure, subclassId);
         result = DefSubclassProc(window, message, wParam, lParam);
         self->handle_ = nullptr;
@@ -90,9 +149,14 @@ LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam,
         return result;
     }
     core::guarded([&] {
-        self->reportMouse(message, wParam, lParam);
+        const bool mouseLast = self->mouseEventsLast();
+        if (!mouseLast)
+            self->reportMouse(message, wParam, lParam);
         // An event may have unloaded the form and the peer with it.
-        result = of(window) == self ? self->message(message, wParam, lParam) : 0;
+        if (of(window) == self)
+            result = self->message(message, wParam, lParam);
+        if (mouseLast && of(window) == self)
+            self->reportMouse(message, wParam, lParam);
     });
     return result;
 }
@@ -138,12 +202,14 @@ void WindowPeer::changed(forms::Property property) {
         return;
     switch (property) {
     case forms::Property::position: {
-        const RECT place = pixelRect(control_);
-        SetWindowPos(handle_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
-                     SWP_NOZORDER | SWP_NOACTIVATE);
+        const RECT place = childPlace();
+        SetWindowPos(handle_, nullptr, place.left, place.top, place.right - place.left,
+                     place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
         break;
     }
     case forms::Property::enabled:
+        if (!control_.enabled())
+            leaveFocus();
         EnableWindow(handle_, control_.enabled() ? TRUE : FALSE);
         break;
     case forms::Property::visible:
@@ -153,9 +219,29 @@ void WindowPeer::changed(forms::Property property) {
         applyFont();
         InvalidateRect(handle_, nullptr, TRUE);
         break;
+    case forms::Property::toolTip:
+        setToolTip(handle_, control_.toolTipText());
+        break;
     default:
         break;
     }
+}
+
+/// A window that hears the user no longer does not keep the focus, or the keyboard would be dead.
+void WindowPeer::leaveFocus() const {
+    const auto within = [this](HWND window) {
+        return window == handle_ || IsChild(handle_, window) != FALSE;
+    };
+    const HWND focus = GetFocus();
+    const HWND dialog = dialogOf(handle_);
+    if (focus == nullptr || dialog == handle_ || !within(focus))
+        return;
+    HWND next = focus;
+    do
+        next = GetNextDlgTabItem(dialog, next, FALSE);
+    while (next != nullptr && next != focus && within(next));
+    if (next != nullptr && next != focus)
+        SetFocus(next);
 }
 
 void WindowPeer::setFocus() {
@@ -167,8 +253,8 @@ void WindowPeer::setWindowText(const std::string& text) {
     if (handle_ == nullptr)
         return;
     std::string present(static_cast<std::size_t>(GetWindowTextLengthA(handle_)) + 1, '\0');
-    present.resize(static_cast<std::size_t>(
-        GetWindowTextA(handle_, present.data(), static_cast<int>(present.size()))));
+    present.resize(
+        static_cast<std::size_t>(GetWindowTextA(handle_, present.data(), static_cast<int>(present.size()))));
     if (present != text)
         SetWindowTextA(handle_, text.c_str());
 }
@@ -190,71 +276,6 @@ void WindowPeer::applyFont() {
     if (font_ != nullptr)
         DeleteObject(font_);
     font_ = made;
-}
-
-ContainerPeer::~ContainerPeer() {
-    if (brush_ != nullptr)
-        DeleteObject(brush_);
-}
-
-LRESULT ContainerPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case WM_COMMAND:
-        if (WindowPeer* child = of(reinterpret_cast<HWND>(lParam))) { // NOLINT(performance-no-int-to-ptr)
-            child->command(HIWORD(wParam), LOWORD(wParam));
-            return 0;
-        }
-        break;
-    case WM_NOTIFY: {
-        auto& header = *reinterpret_cast<NMHDR*>(lParam); // NOLINT(performance-no-int-to-ptr)
-        if (WindowPeer* child = of(header.hwndFrom))
-            return child->notify(header);
-        break;
-    }
-    case WM_CTLCOLORSTATIC:
-    case WM_CTLCOLORBTN:
-    case WM_CTLCOLOREDIT:
-    case WM_CTLCOLORLISTBOX:
-        if (const LRESULT brush = childColour(reinterpret_cast<HDC>(wParam), // NOLINT(performance-no-int-to-ptr)
-                                              reinterpret_cast<HWND>(lParam)); // NOLINT(performance-no-int-to-ptr)
-            brush != 0)
-            return brush;
-        break;
-    case WM_ERASEBKGND:
-        if (control().backColour()) {
-            RECT client;
-            GetClientRect(handle(), &client);
-            const HBRUSH fill = CreateSolidBrush(nativeColour(*control().backColour()));
-            FillRect(reinterpret_cast<HDC>(wParam), &client, fill); // NOLINT(performance-no-int-to-ptr)
-            DeleteObject(fill);
-            return 1;
-        }
-        break;
-    default:
-        break;
-    }
-    return defaultMessage(message, wParam, lParam);
-}
-
-/// Colours of a child that has its own, or that shows its container's. 0 leaves the system's.
-LRESULT ContainerPeer::childColour(HDC dc, HWND child) {
-    const WindowPeer* peer = of(child);
-    if (peer == nullptr)
-        return 0;
-    if (peer->control().foreColour())
-        SetTextColor(dc, nativeColour(*peer->control().foreColour()));
-    const auto& own = peer->control().backColour();
-    const auto& wanted = own ? own : control().backColour();
-    if (!wanted)
-        return 0;
-    if (brush_ == nullptr || brushColour_ != *wanted) {
-        if (brush_ != nullptr)
-            DeleteObject(brush_);
-        brushColour_ = *wanted;
-        brush_ = CreateSolidBrush(nativeColour(*wanted));
-    }
-    SetBkColor(dc, nativeColour(*wanted));
-    return reinterpret_cast<LRESULT>(brush_);
 }
 
 int shiftState() {

@@ -1,8 +1,8 @@
 // The base of all peers: one real window that shadows one control.
 //
-// The window is of a system class, or of one of our own for forms and frames, and is subclassed; whatever the window
-// procedure is called with goes through the guard. The window can die under us at any moment, when EAGLE closes the
-// window that it stands in; the peer then stays and has no window.
+// The window is of a system class, or of one of our own for forms and frames, and is subclassed; whatever the
+// window procedure is called with goes through the guard. The window can die under us at any moment, when
+// EAGLE closes the window that it stands in; the peer then stays and has no window.
 #pragma once
 
 #include "forms/control.h"
@@ -14,9 +14,12 @@
 
 #include <commctrl.h>
 
+#include <optional>
 #include <string>
 
 namespace win32 {
+
+class ContainerPeer;
 
 class WindowPeer : public forms::Peer {
   public:
@@ -32,21 +35,31 @@ class WindowPeer : public forms::Peer {
     /// The peer of one of our windows; null for any other window.
     static WindowPeer* of(HWND window);
 
-    /// A notification of the window, passed on by the container that has received it: its code, and the number of the
-    /// control or of its button.
+    /// A notification of the window, passed on by the container that has received it: its code, and the
+    /// number of the control or of its button.
     virtual void command(WORD /*code*/, WORD /*id*/) {}
     virtual LRESULT notify(NMHDR& /*header*/) { return 0; }
 
   protected:
     explicit WindowPeer(forms::Control& control) : control_(control) {}
 
-    /// Makes the window as a child of its container's, at the control's place, enabled and visible as the control is.
+    /// Makes the window as a child of its container's, at the control's place, enabled and visible as the
+    /// control is.
     void createChild(const char* className, const std::string& text, DWORD style, DWORD exStyle = 0);
     /// Takes a window that has just been made.
     void adopt(HWND window);
     /// The window's own messages. Not called once the window is being destroyed.
     virtual LRESULT message(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT defaultMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    /// Where the window belongs, in pixels of its container's client area: the control's own place, unless
+    /// the system's control needs another one.
+    virtual RECT childPlace() const;
+    /// Whether mouse events are raised after the window has dealt with the message instead of before.
+    virtual bool mouseEventsLast() const { return false; }
+    /// The peer of the control's container; null if that has none.
+    ContainerPeer* containerPeer() const;
+    /// The colour that the control stands on.
+    COLORREF colourBehind() const;
     /// Sets the window's text if it differs.
     void setWindowText(const std::string& text);
     void applyFont();
@@ -57,26 +70,13 @@ class WindowPeer : public forms::Peer {
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                       DWORD_PTR peer);
     void reportMouse(UINT message, WPARAM wParam, LPARAM lParam);
+    bool startsGroup() const;
+    void takeTabPlace();
+    void leaveFocus() const;
 
     forms::Control& control_;
     HWND handle_ = nullptr;
     HFONT font_ = nullptr;
-};
-
-/// A peer of a container: passes notifications on to its children's peers and gives them their colours.
-class ContainerPeer : public WindowPeer {
-  public:
-    ~ContainerPeer() override;
-
-  protected:
-    using WindowPeer::WindowPeer;
-    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
-
-  private:
-    LRESULT childColour(HDC dc, HWND child);
-
-    HBRUSH brush_ = nullptr;
-    forms::Colour brushColour_ = 0;
 };
 
 inline COLORREF nativeColour(forms::Colour colour) {

@@ -1,0 +1,98 @@
+#include "win32/forms/containerPeer.h"
+
+#include "win32/forms/dialogKeys.h"
+
+namespace win32 {
+
+ContainerPeer::~ContainerPeer() {
+    if (brush_ != nullptr)
+        DeleteObject(brush_);
+}
+
+void ContainerPeer::changed(forms::Property property) {
+    WindowPeer::changed(property);
+    if (property == forms::Property::colours && handle() != nullptr)
+        RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+std::optional<COLORREF> ContainerPeer::background() const {
+    if (control().backColour())
+        return nativeColour(*control().backColour());
+    const ContainerPeer* around = containerPeer();
+    return around == nullptr ? std::nullopt : around->background();
+}
+
+LRESULT ContainerPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_COMMAND:
+        if (WindowPeer* child = of(reinterpret_cast<HWND>(lParam))) { // NOLINT(performance-no-int-to-ptr)
+            child->command(HIWORD(wParam), LOWORD(wParam));
+            return 0;
+        }
+        break;
+    case WM_NOTIFY: {
+        auto& header = *reinterpret_cast<NMHDR*>(lParam); // NOLINT(performance-no-int-to-ptr)
+        if (WindowPeer* child = of(header.hwndFrom))
+            return child->notify(header);
+        break;
+    }
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORLISTBOX:
+        if (const LRESULT brush =
+                childColour(reinterpret_cast<HDC>(wParam),   // NOLINT(performance-no-int-to-ptr)
+                            reinterpret_cast<HWND>(lParam)); // NOLINT(performance-no-int-to-ptr)
+            brush != 0)
+            return brush;
+        break;
+    case WM_ERASEBKGND:
+        if (const std::optional<COLORREF> colour = background()) {
+            RECT client;
+            GetClientRect(handle(), &client);
+            const HBRUSH fill = CreateSolidBrush(*colour);
+            FillRect(reinterpret_cast<HDC>(wParam), &client, fill); // NOLINT(performance-no-int-to-ptr)
+            DeleteObject(fill);
+            return 1;
+        }
+        break;
+    case WM_NEXTDLGCTL: // a mnemonic asks for it
+        if (LOWORD(lParam) != 0)
+            SetFocus(reinterpret_cast<HWND>(wParam)); // NOLINT(performance-no-int-to-ptr)
+        else
+            moveFocus(GetFocus(), wParam != 0);
+        return 0;
+    default:
+        break;
+    }
+    return defaultMessage(message, wParam, lParam);
+}
+
+/// Colours of a child that has its own, or that shows what it stands on. 0 leaves the system's.
+LRESULT ContainerPeer::childColour(HDC dc, HWND child) {
+    const WindowPeer* peer = of(child);
+    if (peer == nullptr)
+        return 0;
+    if (peer->control().foreColour())
+        SetTextColor(dc, nativeColour(*peer->control().foreColour()));
+    const forms::ControlKind kind = peer->control().kind();
+    const bool hasPaper = kind == forms::ControlKind::textBox || kind == forms::ControlKind::listBox ||
+                          kind == forms::ControlKind::comboBox;
+    std::optional<COLORREF> wanted;
+    if (peer->control().backColour())
+        wanted = nativeColour(*peer->control().backColour());
+    else if (!hasPaper)
+        wanted = background();
+    if (!wanted)
+        return 0;
+    if (brush_ == nullptr || brushColour_ != *wanted) {
+        if (brush_ != nullptr)
+            DeleteObject(brush_);
+        brushColour_ = *wanted;
+        brush_ = CreateSolidBrush(*wanted);
+    }
+    SetBkColor(dc, *wanted);
+    return reinterpret_cast<LRESULT>(brush_);
+}
+
+} // namespace win32

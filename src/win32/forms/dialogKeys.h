@@ -1,0 +1,19 @@
+// The keys that belong to a dialog as a whole: which window they are for, and where they lead.
+#pragma once
+
+#include <windows.h>
+
+namespace win32 {
+
+/// The window whose dialog keys are meant by those that go to `window`: the outermost of ours around it. Null
+/// for windows of others.
+HWND dialogOf(HWND window);
+
+/// Gives the focus to the next or previous stop of the Tab key after `from`, its text selected.
+void moveFocus(HWND from, bool back);
+
+/// Ctrl+Tab and Ctrl+Shift+Tab turn the pages of the dialog's tab strip. False if the message is neither or
+/// the dialog has no tab strip.
+bool turnPage(HWND dialog, const MSG& message);
+
+} // namespace win32
