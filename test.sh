@@ -1,0 +1,51 @@
+#!/usr/bin/env bash
+# Sets up what is missing, builds, and runs every test. The last line says how many passed and failed; the exit code
+# is 0 only when none failed. Takes no arguments and may be run again: what is there already is not made again.
+#
+# A step that prints counts of its own (tools/test-counts.awk knows how they look) adds them; any other step counts
+# as one. A step that could not run has failed.
+set -uo pipefail
+. "$(dirname "$0")/tools/lib.sh"
+cd "$PROJECT" || exit 1
+
+passed=0
+failed=0
+summary=()
+
+# step NAME COMMAND...
+step() {
+    local name=$1 log begin=$SECONDS code
+    shift
+    log=$(logFile "test-${name// /-}")
+    printf '\n== %s: %s\n' "$name" "$*"
+    "$@" </dev/null 2>&1 | tee "$log"
+    code=${PIPESTATUS[0]}
+    local -i good bad
+    read -r good bad < <(awk -f tools/test-counts.awk "$log")
+    if ((good + bad == 0)); then
+        ((code == 0)) && good=1
+    fi
+    ((code != 0 && bad == 0)) && bad=1
+    passed=$((passed + good))
+    failed=$((failed + bad))
+    summary+=("$(printf '%-22s %4d passed %4d failed %4d s' "$name" "$good" "$bad" $((SECONDS - begin)))")
+    printf '== %s\n' "${summary[-1]}"
+}
+
+step 'toolchain' tools/setup-toolchain.sh
+step 'native build' tools/test-build.sh native
+step 'native tests' build/native/bin/kestrel-tests
+step 'style' tools/check-style.sh build/native
+step 'art' "$PYTHON" resources/check-art.py
+step 'win32 build' tools/test-build.sh i686
+step 'win64 build' tools/test-build.sh x86_64
+step 'wine' tools/setup-wine.sh
+step 'win32 contract' tools/test-contract.sh i686
+step 'win64 contract' tools/test-contract.sh x86_64
+step 'win32 scenes' "$PYTHON" tests/windows/playAll.py win32
+step 'win64 scenes' "$PYTHON" tests/windows/playAll.py win64 mainJob
+
+printf '\n'
+printf '   %s\n' "${summary[@]}" "$(printf '%-43s %4d s' 'all together' "$SECONDS")"
+printf '%d passed, %d failed\n' "$passed" "$failed"
+((failed == 0))

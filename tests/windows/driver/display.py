@@ -1,0 +1,56 @@
+"""A virtual display of its own with a window manager, so that runs do not disturb one another or the user.
+
+As a program it starts a command on such a display: python3 -m driver.display COMMAND [ARGUMENT]...
+"""
+
+import os
+import subprocess
+import sys
+
+from driver.waiting import poll
+
+WIDTH, HEIGHT = 1600, 1200
+
+
+class Display:
+    """Use it in a with statement. `environment` is what programs on the display need."""
+
+    def __init__(self):
+        read, write = os.pipe()
+        self._server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-nolisten", "tcp", "-ac"],
+            pass_fds=[write], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.close(write)
+        with os.fdopen(read) as pipe:
+            number = pipe.readline().strip()  # empty when the server has ended instead
+        if not number:
+            raise RuntimeError("Xvfb does not start")
+        self.name = f":{number}"
+        self.environment = {**os.environ, "DISPLAY": self.name}
+        self._manager = subprocess.Popen(["openbox", "--sm-disable"], env=self.environment, stdin=subprocess.DEVNULL,
+                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        if not poll(self._managed):
+            self.close()
+            raise RuntimeError("the window manager does not start")
+
+    def _managed(self):
+        """Whether the window manager has taken over: it says so on the root window."""
+        shown = subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], env=self.environment,
+                               capture_output=True, text=True, check=False)
+        return "window id" in shown.stdout
+
+    def close(self):
+        for process in (self._manager, self._server):
+            process.terminate()
+            process.wait()
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+
+if __name__ == "__main__":
+    with Display() as display:
+        sys.exit(subprocess.run(sys.argv[1:], env=display.environment, check=False).returncode)

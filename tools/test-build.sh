@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Configures and builds one preset: test-build.sh native|i686|x86_64. The Windows presets leave dist/win32, dist/win64.
+set -euo pipefail
+. "$(dirname "$0")/lib.sh"
+
+cd "$PROJECT"
+preset=${1:?which preset?}
+log=$(logFile "build-$preset")
+say "configuring and building $preset, log in $log"
+cmake --preset "$preset" >"$log" 2>&1 || { tail -30 "$log"; fail "configuring $preset failed"; }
+cmake --build --preset "$preset" >>"$log" 2>&1 || { grep -A12 -m3 -e 'FAILED' "$log" || tail -30 "$log"; fail "building $preset failed"; }
+say "$(tail -1 "$log")"

@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Runs the contract tests under Wine: test-contract.sh i686|x86_64, the preset whose build is meant. They get a
+# display of their own, since windows, input and the clipboard are among what they test.
+set -euo pipefail
+. "$(dirname "$0")/lib.sh"
+
+cd "$PROJECT"
+preset=${1:?which preset?}
+program=build/$preset/bin/contract-tests.exe
+[ -f "$program" ] || fail "$program has not been built"
+say "contract tests of $preset under Wine"
+export PYTHONPATH=tests/windows
+timeout -k 10 600 "$PYTHON" -m driver.display tools/wine-run "$program"
