@@ -41,7 +41,8 @@ enum class Property {
     mousePointer,
 };
 
-class Peer {
+/// Shared, so that a window whose event drops its own peer can keep it until the event has returned.
+class Peer : public std::enable_shared_from_this<Peer> {
   public:
     virtual ~Peer() = default;
     Peer(const Peer&) = delete;
