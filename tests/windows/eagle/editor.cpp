@@ -3,6 +3,7 @@
 #include "eagle/chrome.h"
 #include "eagle/drawing.h"
 #include "eagle/eagle.h"
+#include "eagle/guests.h"
 
 #include <map>
 #include <memory>
@@ -121,7 +122,7 @@ static void journalPlace(const Editor& editor) {
                     std::to_wstring(place.right), std::to_wstring(place.bottom)});
 }
 
-static LRESULT CALLBACK frameProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+static LRESULT handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCCREATE) {
         auto* created = static_cast<Editor*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
         created->frame = window;
@@ -175,6 +176,12 @@ static LRESULT CALLBACK frameProc(HWND window, UINT message, WPARAM wParam, LPAR
         break;
     }
     return DefWindowProcW(window, message, wParam, lParam);
+}
+
+static LRESULT CALLBACK frameProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = handle(window, message, wParam, lParam);
+    guests::afterMessage(window, message, wParam);
+    return result;
 }
 
 void registerClasses() {
