@@ -1,5 +1,5 @@
-// What the tracker's own logic costs for each window title, on the simulated desktop: a whole search that finds
-// nothing, less a walk that makes the same platform calls and does nothing with the titles.
+// What the tracker's own logic costs for each window title, on the simulated desktop: a whole search that
+// finds nothing, less a walk that makes the same platform calls and does nothing with the titles.
 #include "core/windoInf.h"
 #include "desktop/desktop.h"
 #include "platform/user32.h"

@@ -1,5 +1,5 @@
-// frmMil: the form of the unit calculator. Only its frame goes into EAGLE's window; the form itself stays behind as
-// an idle sliver on the desktop and hears the events of the frame's controls.
+// frmMil: the form of the unit calculator. Only its frame goes into EAGLE's window; the form itself stays
+// behind as an idle sliver on the desktop and hears the events of the frame's controls.
 #pragma once
 
 #include "forms/form.h"

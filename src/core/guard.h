@@ -1,7 +1,7 @@
 // The guard around every entry from the outside: timers, messages, control events, the start itself.
 //
-// A runtime error that nothing has handled ends here: it is shown, the tray icon is removed and the program ends
-// at once.
+// A runtime error that nothing has handled ends here: it is shown, the tray icon is removed and the program
+// ends at once.
 #pragma once
 
 #include "runtime/runtimeError.h"
@@ -13,7 +13,8 @@ namespace core {
 /// Shows the error and ends the program.
 [[noreturn]] void endByError(const runtime::RuntimeError& error);
 
-/// Whether an error is being shown. The message box serves timers and messages, but no code of the program runs any more.
+/// Whether an error is being shown. The message box serves timers and messages, but no code of the program
+/// runs any more.
 bool endingByError();
 
 template <typename Code>

@@ -1,5 +1,5 @@
-// Hauptform: the hidden main form. It lives as long as the program and owns the timers, the lists of forms that
-// were put into EAGLE's windows, and the tray icon. Its load routine is the start of the program.
+// Hauptform: the hidden main form. It lives as long as the program and owns the timers, the lists of forms
+// that were put into EAGLE's windows, and the tray icon. Its load routine is the start of the program.
 #pragma once
 
 #include "calculator/frmMil.h"
@@ -19,8 +19,8 @@
 
 namespace core {
 
-/// A list of hosted forms: index 0 is made at the start, entries are added behind and never removed, also when their
-/// host has gone.
+/// A list of hosted forms: index 0 is made at the start, entries are added behind and never removed, also
+/// when their host has gone.
 using Toolbars = std::vector<std::unique_ptr<toolbars::frmToolbar>>;
 using Calculators = std::vector<std::unique_ptr<calculator::frmMil>>;
 

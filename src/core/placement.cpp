@@ -5,10 +5,10 @@
 namespace core {
 
 namespace {
-constexpr std::int32_t toolbarGap = 25;          // pixels between toolbar and right end of the host
-constexpr std::int32_t toolbarTop = 21;          // pixels
-constexpr std::int32_t narrowestFollowed = 700;  // pixels
-constexpr double calculatorRoom = 3000;          // twips: the calculator's width at design
+constexpr std::int32_t toolbarGap = 25;         // pixels between toolbar and right end of the host
+constexpr std::int32_t toolbarTop = 21;         // pixels
+constexpr std::int32_t narrowestFollowed = 700; // pixels
+constexpr double calculatorRoom = 3000;         // twips: the calculator's width at design
 } // namespace
 
 ToolbarPlace placeToolbar(std::int32_t hostWidth, float formWidth, float formHeight, double twipsPerPixel) {

@@ -1,4 +1,5 @@
-// What the whole program knows of its settings between start and end: read once at program start, changed by the setup.
+// What the whole program knows of its settings between start and end: read once at program start, changed by
+// the setup.
 #pragma once
 
 #include <array>

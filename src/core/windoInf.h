@@ -16,8 +16,8 @@ inline std::string searchTitle;
 /// Result of the latest title search.
 inline platform::HWND foundWindow = platform::HWND::none;
 
-/// The first top-level window, in window order, whose title holds the text, ignoring case; none if there is none or the
-/// text is empty. Only the first 255 characters of a title count.
+/// The first top-level window, in window order, whose title holds the text, ignoring case; none if there is
+/// none or the text is empty. Only the first 255 characters of a title count.
 platform::HWND findWindowByTitle(std::string_view text);
 
 /// Callback of findWindowByTitle: 0 on a match, else 1. Allocates nothing.

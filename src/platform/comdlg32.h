@@ -11,10 +11,10 @@ namespace platform {
 struct OPENFILENAMEA {
     std::uint32_t lStructSize = 0;
     HWND hwndOwner = HWND::none;
-    const char* lpstrFilter = nullptr;     ///< pairs of display text and pattern, ended by two NULs
-    std::uint32_t nFilterIndex = 0;        ///< counted from 1
-    char* lpstrFile = nullptr;             ///< in: start name; out: chosen path
-    std::uint32_t nMaxFile = 0;            ///< size of that buffer in characters
+    const char* lpstrFilter = nullptr; ///< pairs of display text and pattern, ended by two NULs
+    std::uint32_t nFilterIndex = 0;    ///< counted from 1
+    char* lpstrFile = nullptr;         ///< in: start name; out: chosen path
+    std::uint32_t nMaxFile = 0;        ///< size of that buffer in characters
     const char* lpstrInitialDir = nullptr;
     const char* lpstrTitle = nullptr;
     std::uint32_t Flags = 0;

@@ -8,16 +8,16 @@
 
 namespace platform {
 
-/// Copies the value of a key, or the default, into `buffer` of `size` characters, terminated by NUL; gives the
-/// number of characters copied without it. A null section or key lists names, as the platform has it.
+/// Copies the value of a key, or the default, into `buffer` of `size` characters, terminated by NUL; gives
+/// the number of characters copied without it. A null section or key lists names, as the platform has it.
 std::uint32_t GetPrivateProfileStringA(const char* section, const char* key, const char* defaultValue,
                                        char* buffer, std::uint32_t size, const char* file);
 
 /// Sets a key, creating section and file as needed. A null value removes the key, a null key the section.
 int WritePrivateProfileStringA(const char* section, const char* key, const char* value, const char* file);
 
-/// One record of the process walk. `dwSize` must be `processRecordSize` before the first call; the executable's
-/// name is a field of 260 characters, ended by NUL.
+/// One record of the process walk. `dwSize` must be `processRecordSize` before the first call; the
+/// executable's name is a field of 260 characters, ended by NUL.
 struct PROCESSENTRY32 {
     std::uint32_t dwSize = 0;
     std::uint32_t th32ProcessID = 0;

@@ -20,8 +20,8 @@ int msgBox(std::string_view text, int style, std::string_view title);
 /// Asks for one line of text. Empty when the user cancels.
 std::string inputBox(std::string_view prompt, std::string_view title);
 
-/// The bare name, in its stored case, of the first normal file that `path` (with `*` and `?`) matches; empty if
-/// there is none. Directories, hidden and system files do not match, an empty path matches nothing.
+/// The bare name, in its stored case, of the first normal file that `path` (with `*` and `?`) matches; empty
+/// if there is none. Directories, hidden and system files do not match, an empty path matches nothing.
 std::string dir(std::string_view path);
 
 /// Deletes a file. Errors 53, 70, 75.
@@ -30,15 +30,16 @@ void kill(std::string_view path);
 /// The first line of a text file, without its line end; empty if the file is. Errors 53, 55, 70, 75, 76.
 std::string readFirstLine(std::string_view path);
 
-/// Starts one command line and returns at once; window style 1 is normal with focus. Error 53 if nothing starts.
+/// Starts one command line and returns at once; window style 1 is normal with focus. Error 53 if nothing
+/// starts.
 void shell(std::string_view commandLine, int windowStyle);
 
 /// Activates the first window whose title is `title`, else the first whose title begins with it, both without
 /// regard to case. Error 5 if there is none.
 void appActivate(std::string_view title);
 
-/// Types key strokes into the window that has the keyboard focus. With `wait` it returns only after the window
-/// in front has processed them, or after two seconds.
+/// Types key strokes into the window that has the keyboard focus. With `wait` it returns only after the
+/// window in front has processed them, or after two seconds.
 void sendKeys(std::span<const runtime::KeyStroke> strokes, bool wait);
 
 /// Lets pending messages run once.

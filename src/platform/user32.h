@@ -45,7 +45,8 @@ bool BringWindowToTop(HWND window);
 bool ShowWindow(HWND window, int command);
 std::intptr_t SendMessageA(HWND window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam);
 
-/// `rect` in client pixels of `window`; flags as the platform's (0x185: invalidate, erase, all children, now).
+/// `rect` in client pixels of `window`; flags as the platform's (0x185: invalidate, erase, all children,
+/// now).
 bool RedrawWindow(HWND window, const RECT& rect, std::uint32_t flags);
 
 /// Draws an icon; size 0 with flags 3 means the icon's own size and the normal drawing mode.

@@ -15,14 +15,16 @@ double readNumber(std::string_view text);
 std::int32_t roundToInt32(double value);
 std::int16_t roundToInt16(double value);
 
-/// The whole text, blanks around it aside, as one number, rounded. Error 13 if it is none, error 6 out of range.
+/// The whole text, blanks around it aside, as one number, rounded. Error 13 if it is none, error 6 out of
+/// range.
 std::int32_t toInt32(std::string_view text);
 std::int16_t toInt16(std::string_view text);
 
 /// General text of a number, 15 significant digits.
 std::string generalText(double value);
 
-/// A number by one of the patterns "@" and "0.#" to "0.#######"; "@" and any other pattern give the general text.
+/// A number by one of the patterns "@" and "0.#" to "0.#######"; "@" and any other pattern give the general
+/// text.
 std::string formatNumber(double value, std::string_view pattern);
 
 } // namespace runtime

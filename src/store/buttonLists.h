@@ -27,13 +27,15 @@ struct ToolButton {
     bool operator==(const ToolButton&) const = default;
 };
 
-/// A growable array of rows, counted from 1; element 0 is never used. An array that has never received a row is
-/// unallocated, which is not the same as one without a live row.
+/// A growable array of rows, counted from 1; element 0 is never used. An array that has never received a row
+/// is unallocated, which is not the same as one without a live row.
 class ButtonList {
   public:
     bool allocated() const { return !rows_.empty(); }
     /// Highest index; 0 if unallocated.
-    std::int32_t upperBound() const { return rows_.empty() ? 0 : static_cast<std::int32_t>(rows_.size()) - 1; }
+    std::int32_t upperBound() const {
+        return rows_.empty() ? 0 : static_cast<std::int32_t>(rows_.size()) - 1;
+    }
     /// Resizes to the range 0 to `bound`, keeping contents.
     void redim(std::int32_t bound) { rows_.resize(static_cast<std::size_t>(bound) + 1); }
     /// Error 9 for an index beyond the bounds.
@@ -58,8 +60,8 @@ struct ListOfKind {
 };
 const ListOfKind& listOf(EditorKind kind);
 
-/// Loads one list from the settings file, row by row until a name is missing. If row 1 is missing the list keeps
-/// what it held. Error 13 or 6 for a row without a proper `dialog` or `type`.
+/// Loads one list from the settings file, row by row until a name is missing. If row 1 is missing the list
+/// keeps what it held. Error 13 or 6 for a row without a proper `dialog` or `type`.
 void loadList(EditorKind kind);
 
 /// Loads the lists that `selector` names.

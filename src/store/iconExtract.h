@@ -9,12 +9,12 @@
 
 namespace store {
 
-/// Draws the small icon with number `index` of a file (tokens allowed) into the picture box, with a margin of one
-/// pixel. On any failure the box keeps what it showed.
+/// Draws the small icon with number `index` of a file (tokens allowed) into the picture box, with a margin of
+/// one pixel. On any failure the box keeps what it showed.
 void extractIconToPicture(const std::string& file, std::int32_t index, forms::PictureBox& picture);
 
-/// Lets the user pick an icon, starting from `reference` (file, comma, index, or empty). Gives the new reference, or
-/// empty text on cancel. Error 9 for a reference without a comma.
+/// Lets the user pick an icon, starting from `reference` (file, comma, index, or empty). Gives the new
+/// reference, or empty text on cancel. Error 9 for a reference without a comma.
 std::string chooseIconFile(const std::string& reference, platform::HWND owner);
 
 } // namespace store

@@ -1,5 +1,5 @@
-// The settings file: one text file in the classic INI format beside the program. These three routines are the only
-// way to it, and nothing of it is cached: a value is read at the moment of use.
+// The settings file: one text file in the classic INI format beside the program. These three routines are the
+// only way to it, and nothing of it is cached: a value is read at the moment of use.
 #pragma once
 
 #include <cstdint>

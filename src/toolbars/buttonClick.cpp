@@ -17,8 +17,8 @@ namespace toolbars {
 
 namespace {
 
-/// The argument that the user gives in the dialog that the tag asks for, with one blank before it; empty where there is
-/// no dialog, none at all where the user cancels.
+/// The argument that the user gives in the dialog that the tag asks for, with one blank before it; empty
+/// where there is no dialog, none at all where the user cancels.
 std::optional<std::string> askForArgument(const std::vector<std::string>& parts, platform::HWND owner) {
     constexpr std::int16_t inputDialog = 1;
     constexpr std::int16_t fileDialog = 2;

@@ -1,5 +1,5 @@
-// The button tag: path, dialog, param and type of a row, joined by the section sign. It is the only link between a
-// toolbar button and what it does.
+// The button tag: path, dialog, param and type of a row, joined by the section sign. It is the only link
+// between a toolbar button and what it does.
 #pragma once
 
 #include "store/buttonLists.h"

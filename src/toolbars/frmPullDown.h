@@ -1,5 +1,5 @@
-// frmPullDown: a small form that is never shown. Its toolbar has neither buttons nor pictures, and a click on it does
-// nothing.
+// frmPullDown: a small form that is never shown. Its toolbar has neither buttons nor pictures, and a click on
+// it does nothing.
 #pragma once
 
 #include "forms/form.h"

@@ -50,8 +50,8 @@ void frmToolbar::Form_Resize() {
     platform::SendMessageA(eagHND, setRedraw, 0, 0);
     platform::SendMessageA(form, setRedraw, 0, 0);
     const std::int32_t newHeight = runtime::roundToInt32(toolbar.height() + height() - scaleHeight());
-    // The height is set while the form is no child of the host. Setting it raises this event once more; the inner run
-    // finds the height right already.
+    // The height is set while the form is no child of the host. Setting it raises this event once more; the
+    // inner run finds the height right already.
     platform::SetParent(form, platform::HWND::none);
     setHeight(static_cast<float>(newHeight));
     platform::SetParent(form, eagHND);

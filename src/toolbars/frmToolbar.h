@@ -22,15 +22,16 @@ class frmToolbar : public forms::Form {
   public:
     explicit frmToolbar(store::EditorKind kind);
 
-    /// The editor window that the form stands in; the identity of the toolbar. EAGLE can close it at any moment.
+    /// The editor window that the form stands in; the identity of the toolbar. EAGLE can close it at any
+    /// moment.
     platform::HWND eagHND = platform::HWND::none;
     /// Index of the calculator of the same host, 0 for none.
     std::int32_t milIndex = 0;
     /// Written once, read by nothing.
     platform::HWND oldParent = platform::HWND::none;
 
-    /// Builds the buttons anew from the form's list. Errors: 9 for an icon reference without a comma, 13 for an icon index
-    /// that is no number, 35602 for two buttons with the same key.
+    /// Builds the buttons anew from the form's list. Errors: 9 for an icon reference without a comma, 13 for
+    /// an icon index that is no number, 35602 for two buttons with the same key.
     void loadVarBar();
     /// Reloads the form's list from the settings file.
     void loadLists();

@@ -11,8 +11,8 @@
 #include <cstdlib>
 
 namespace __gnu_cxx {
-// The library's own handler names the exception on a console that this program does not have, and takes a tenth of
-// the program's size to do so.
+// The library's own handler names the exception on a console that this program does not have, and takes a
+// tenth of the program's size to do so.
 void __verbose_terminate_handler() {
     std::abort();
 }

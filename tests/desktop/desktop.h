@@ -1,8 +1,8 @@
 // The simulated desktop: windows with their order, titles and rectangles, processes, files, the shell, the
 // user and the clock, all in memory and deterministic. The platform operations of the tests act on it.
 //
-// A test resets it, arranges what is there, drives the program's routines or lets time pass, and looks at what
-// has happened. Nothing here waits for real time.
+// A test resets it, arranges what is there, drives the program's routines or lets time pass, and looks at
+// what has happened. Nothing here waits for real time.
 #pragma once
 
 #include "forms/form.h"
@@ -72,7 +72,7 @@ struct File {
     bool hidden = false;
     bool system = false;
     bool readOnly = false;
-    bool locked = false; ///< held by another program: neither opened nor deleted
+    bool locked = false;    ///< held by another program: neither opened nor deleted
     std::string storedName; ///< bare name in its stored case
 };
 
@@ -91,8 +91,8 @@ struct InputBox {
 struct FileDialog {
     bool save;
     HWND owner;
-    std::string filter;  ///< whole list with its NULs
-    std::string file;    ///< start name
+    std::string filter; ///< whole list with its NULs
+    std::string file;   ///< start name
     std::uint32_t maxFile;
     std::string initialDir;
     std::string title;
@@ -125,7 +125,8 @@ class World {
     World();
     ~World();
 
-    // --- windows -----------------------------------------------------------------------------------------------
+    // --- windows
+    // -----------------------------------------------------------------------------------------------
     /// Opens a window of another program on top of the others and in front.
     HWND openWindow(const std::string& title, RECT rect = {0, 0, 1024, 768}, std::uint32_t process = 100);
     HWND addWindow(Window window);
@@ -145,7 +146,8 @@ class World {
     /// The next window made gets this handle instead of a new one.
     HWND nextHandle = HWND::none;
 
-    // --- processes ---------------------------------------------------------------------------------------------
+    // --- processes
+    // ---------------------------------------------------------------------------------------------
     std::vector<Process> processes;
     void startProcess(const std::string& exe, std::uint32_t id = 100) { processes.push_back({id, exe}); }
     /// The process goes, with all its windows.
@@ -153,7 +155,8 @@ class World {
     bool snapshotFails = false;
     int openSnapshots = 0;
 
-    // --- files (paths compare without case) -----------------------------------------------------------------------
+    // --- files (paths compare without case)
+    // -----------------------------------------------------------------------
     void writeFile(const std::string& path, const std::string& content);
     /// The settings file beside the program.
     void writeSettings(const std::string& content);
@@ -167,7 +170,8 @@ class World {
     std::deque<runtime::RuntimeError> directoryFailures; ///< of the next looks for the current folder
     int settingsReads = 0;
 
-    // --- icons -------------------------------------------------------------------------------------------------
+    // --- icons
+    // -------------------------------------------------------------------------------------------------
     /// A file with `count` icons, each of one colour that is its own.
     void addIcons(const std::string& path, int count);
     static forms::Picture iconPicture(const std::string& path, int index);
@@ -189,9 +193,10 @@ class World {
     };
     std::vector<ChooserCall> chooserCalls;
 
-    // --- the user ------------------------------------------------------------------------------------------------
+    // --- the user
+    // ------------------------------------------------------------------------------------------------
     std::vector<MessageBox> messageBoxes;
-    std::deque<int> messageAnswers; ///< without one: OK
+    std::deque<int> messageAnswers;  ///< without one: OK
     std::function<void()> onMessage; ///< runs while a message is up
     /// A message that comes up for the tenth time without an answer ends the test.
     int unansweredMessages = 0;
@@ -216,7 +221,8 @@ class World {
             onMenu(menu);
     }
 
-    // --- program -------------------------------------------------------------------------------------------------
+    // --- program
+    // -------------------------------------------------------------------------------------------------
     bool otherInstance = false;
     bool ended = false;
     int messagePumps = 0;
@@ -224,7 +230,8 @@ class World {
     std::vector<std::string> calls;
     void note(const std::string& call) { calls.push_back(call); }
 
-    // --- time and modal forms ------------------------------------------------------------------------------------
+    // --- time and modal forms
+    // ------------------------------------------------------------------------------------
     std::int64_t now = 0; ///< milliseconds
     /// Lets time pass; timers fire in order. Returns early once the program has ended.
     void run(std::int64_t milliseconds);

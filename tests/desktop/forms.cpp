@@ -1,5 +1,5 @@
-// Windows of forms and frames on the simulated desktop, and drawing surfaces. Other controls need no window here:
-// a test does to them what a user would do by calling what their window would call.
+// Windows of forms and frames on the simulated desktop, and drawing surfaces. Other controls need no window
+// here: a test does to them what a user would do by calling what their window would call.
 #include "desktop/desktop.h"
 #include "desktop/surfaces.h"
 

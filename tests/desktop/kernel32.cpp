@@ -36,7 +36,8 @@ std::uint32_t GetPrivateProfileStringA(const char* section, const char* key, con
 }
 
 int WritePrivateProfileStringA(const char* section, const char* key, const char* value, const char* file) {
-    if (const desktop::File* found = world().file(file); found != nullptr && (found->readOnly || found->locked))
+    if (const desktop::File* found = world().file(file);
+        found != nullptr && (found->readOnly || found->locked))
         return 0;
     std::optional<std::string> text = world().fileText(file);
     const int result = desktop::profileWrite(text, section, key, value);

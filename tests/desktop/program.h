@@ -1,4 +1,5 @@
-// The program as a test runs it: a fresh desktop, module variables as at the start of a process, and Hauptform.
+// The program as a test runs it: a fresh desktop, module variables as at the start of a process, and
+// Hauptform.
 #pragma once
 
 #include "core/hauptform.h"

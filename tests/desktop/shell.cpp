@@ -42,10 +42,10 @@ std::string ended(const char* text) {
 
 int fileDialog(platform::OPENFILENAMEA& record, bool save) {
     World& desk = world();
-    desk.fileDialogs.push_back({save, record.hwndOwner, doubleEnded(record.lpstrFilter), ended(record.lpstrFile),
-                                record.nMaxFile, ended(record.lpstrInitialDir), ended(record.lpstrTitle),
-                                record.Flags, ended(record.lpstrDefExt), record.lStructSize,
-                                record.nFilterIndex});
+    desk.fileDialogs.push_back({save, record.hwndOwner, doubleEnded(record.lpstrFilter),
+                                ended(record.lpstrFile), record.nMaxFile, ended(record.lpstrInitialDir),
+                                ended(record.lpstrTitle), record.Flags, ended(record.lpstrDefExt),
+                                record.lStructSize, record.nFilterIndex});
     if (desk.onFileDialog)
         desk.onFileDialog();
     if (desk.fileAnswers.empty())

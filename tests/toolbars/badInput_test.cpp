@@ -47,7 +47,8 @@ TEST_CASE("an icon reference without a comma ends the tick with the runtime's me
 
 TEST_CASE("a gap in the numbering ends a list") {
     Program program;
-    REQUIRE(runWith(program, "[board]\r\n1name=a\r\n1dialog=0\r\n1type=1\r\n3name=c\r\n3dialog=0\r\n3type=1\r\n"));
+    REQUIRE(runWith(program,
+                    "[board]\r\n1name=a\r\n1dialog=0\r\n1type=1\r\n3name=c\r\n3dialog=0\r\n3type=1\r\n"));
     CHECK(program.toolbar(EditorKind::board, 1).toolbar.buttons().size() == 2);
 }
 
@@ -78,7 +79,8 @@ TEST_CASE("names and tips of thousands of characters and of any byte are held to
 TEST_CASE("random bytes as settings file never do worse than the runtime's message") {
     std::mt19937 random(20061); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same every time
     for (int round = 0; round < 200; ++round) {
-        std::string settings = "[board]\r\n1name=x\r\n1dialog=0\r\n1type=1\r\n2name=y\r\n2dialog=0\r\n2type=0\r\n";
+        std::string settings =
+            "[board]\r\n1name=x\r\n1dialog=0\r\n1type=1\r\n2name=y\r\n2dialog=0\r\n2type=0\r\n";
         for (int change = 0; change < 12; ++change)
             settings[random() % settings.size()] = static_cast<char>(random() & 0xFFU);
         Program program;

@@ -132,7 +132,8 @@ TEST_CASE("without a dialog the command line is the path alone") {
     CHECK(program.desk().started.at(0).commandLine == "C:\\x.exe");
 }
 
-TEST_CASE("a program path that does not exist, is a folder or holds arguments starts nothing and says nothing") {
+TEST_CASE(
+    "a program path that does not exist, is a folder or holds arguments starts nothing and says nothing") {
     Host program;
     program.desk().writeFile("C:\\x.exe", "MZ");
     program.desk().writeFile("C:\\folder", "");

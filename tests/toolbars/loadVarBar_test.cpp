@@ -174,8 +174,9 @@ TEST_CASE("a type other than 0, 1 and 2 makes an ordinary button") {
 }
 
 TEST_CASE("an empty icon gives the picture of the kind") {
-    for (const auto& [kind, key] : {std::pair{EditorKind::board, "BRD"}, std::pair{EditorKind::schematic, "SCH"},
-                                    std::pair{EditorKind::library, "LBR"}}) {
+    for (const auto& [kind, key] :
+         {std::pair{EditorKind::board, "BRD"}, std::pair{EditorKind::schematic, "SCH"},
+          std::pair{EditorKind::library, "LBR"}}) {
         Bar bar(kind);
         bar.build({row("a")});
         CHECK(bar.rowPicture(1) == toolbars::fixedPictures().picture(key));

@@ -15,7 +15,8 @@ std::string rows(const char* section, int count) {
     std::string text = std::string("[") + section + "]\r\n";
     for (int row = 1; row <= count; ++row) {
         const std::string number = std::to_string(row);
-        text += number + "name=b\r\n" + number + "path=p\r\n" + number + "dialog=0\r\n" + number + "type=1\r\n";
+        text +=
+            number + "name=b\r\n" + number + "path=p\r\n" + number + "dialog=0\r\n" + number + "type=1\r\n";
     }
     return text;
 }
@@ -55,8 +56,8 @@ constexpr int rowHeight = 22;
 } // namespace
 
 TEST_CASE("the form is just high enough for its rows of buttons") {
-    for (const auto& [buttons, expected] : {std::pair{0, 1}, std::pair{4, 1}, std::pair{5, 2}, std::pair{9, 2},
-                                            std::pair{10, 3}, std::pair{99, 20}}) {
+    for (const auto& [buttons, expected] : {std::pair{0, 1}, std::pair{4, 1}, std::pair{5, 2},
+                                            std::pair{9, 2}, std::pair{10, 3}, std::pair{99, 20}}) {
         Host bar(buttons);
         CHECK(bar.height() == expected * rowHeight + frameHeight);
     }
@@ -106,14 +107,10 @@ TEST_CASE("the height is set while the form is out of the host, with drawing off
     const std::string form = std::to_string(static_cast<std::uintptr_t>(bar.handle));
     const std::string host = std::to_string(static_cast<std::uintptr_t>(bar.host));
     const std::vector<std::string> expected = {
-        "SetWindowPos " + host + " 0 0 0 0 0 3",
-        "SendMessage " + host + " 11 0 0",
-        "SendMessage " + form + " 11 0 0",
-        "SetParent " + form + " 0",
-        "SetParent " + form + " " + host,
-        "SendMessage " + form + " 11 -1 0",
-        "RedrawWindow " + form + " 120 22 389",
-        "SendMessage " + host + " 11 -1 0",
+        "SetWindowPos " + host + " 0 0 0 0 0 3",  "SendMessage " + host + " 11 0 0",
+        "SendMessage " + form + " 11 0 0",        "SetParent " + form + " 0",
+        "SetParent " + form + " " + host,         "SendMessage " + form + " 11 -1 0",
+        "RedrawWindow " + form + " 120 22 389",   "SendMessage " + host + " 11 -1 0",
         "RedrawWindow " + host + " 1016 741 389",
     };
     CHECK(bar.desk().calls == expected);
@@ -188,9 +185,9 @@ TEST_CASE("a new toolbar refreshes the list for its siblings without rebuilding 
 }
 
 TEST_CASE("the shells of the three forms") {
-    for (const auto& [kind, clientHeight] : {std::pair{EditorKind::board, 300.0F},
-                                             std::pair{EditorKind::schematic, 345.0F},
-                                             std::pair{EditorKind::library, 300.0F}}) {
+    for (const auto& [kind, clientHeight] :
+         {std::pair{EditorKind::board, 300.0F}, std::pair{EditorKind::schematic, 345.0F},
+          std::pair{EditorKind::library, 300.0F}}) {
         desktop::Session session;
         toolbars::frmToolbar form(kind);
         CHECK(form.caption() == "EAGLE Kestrel Bench");

@@ -2,6 +2,7 @@
 #include "win32/forms/containerPeer.h"
 #include "win32/forms/modal.h"
 #include "win32/forms/peers.h"
+#include "win32/platform/focusKeeper.h"
 
 #include "core/hauptform.h"
 #include "forms/button.h"
@@ -212,12 +213,23 @@ class FormPeer : public ContainerPeer {
 
     void show() {
         if (!form_.visible())
-            ShowWindow(handle(), SW_HIDE);
-        else if (form_.activates)
+            hide();
+        else if (form_.activates) {
+            keeper_ = std::make_unique<FocusKeeper>();
             ShowWindow(handle(), SW_SHOW);
-        else
+        } else
             SetWindowPos(handle(), nullptr, 0, 0, 0, 0,
                          SWP_SHOWWINDOW | SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER);
+    }
+
+    /// The window that was in front before gets the keyboard back while ours still stands: otherwise the system would
+    /// choose one. Unless the user has gone elsewhere meanwhile.
+    void hide() {
+        leaving(form_);
+        if (keeper_ && GetForegroundWindow() != handle())
+            keeper_->dismiss();
+        keeper_.reset();
+        ShowWindow(handle(), SW_HIDE);
     }
 
     /// The user can make a tool window as narrow as one button.
@@ -257,6 +269,7 @@ class FormPeer : public ContainerPeer {
     }
 
     forms::Form& form_;
+    std::unique_ptr<FocusKeeper> keeper_;
     HWND known_ = nullptr;
     HWND focus_ = nullptr;
     RECT placed_{};

@@ -48,6 +48,13 @@ void hold(Held& held, const Known& other) {
     held.windows.push_back(other.window);
 }
 
+void release(Held& held) {
+    for (const HWND window : held.windows)
+        if (WindowPeer::of(window) != nullptr)
+            EnableWindow(window, TRUE);
+    held.windows.clear();
+}
+
 /// Holds the program's other forms as long as a form is modal.
 class Hold {
   public:
@@ -57,9 +64,7 @@ class Hold {
             hold(modalForms().back(), other);
     }
     ~Hold() {
-        for (const HWND window : modalForms().back().windows)
-            if (WindowPeer::of(window) != nullptr)
-                EnableWindow(window, TRUE);
+        release(modalForms().back());
         modalForms().pop_back();
     }
     Hold(const Hold&) = delete;
@@ -67,6 +72,11 @@ class Hold {
 };
 
 } // namespace
+
+void leaving(const forms::Form& form) {
+    if (!modalForms().empty() && modalForms().back().modal == &form)
+        release(modalForms().back());
+}
 
 void windowMade(HWND window, const forms::Form& form) {
     known().push_back({window, &form});
@@ -103,26 +113,21 @@ void servePending() {
 namespace forms {
 
 void runModal(Form& form) {
-    const HWND before = GetFocus();
-    {
-        const win32::Hold hold(form);
-        // Showing may have put it behind a window of another program.
-        if (form.activates)
-            SetForegroundWindow(win32::native(form.hWnd()));
-        MSG message;
-        while (form.visible()) {
-            const BOOL got = GetMessageA(&message, nullptr, 0, 0);
-            if (got == FALSE) { // the end of the program has been asked for: the outermost loop is to see it
-                PostQuitMessage(static_cast<int>(message.wParam));
-                form.hide();
-                break;
-            }
-            if (got > 0)
-                win32::serve(message);
+    const win32::Hold hold(form);
+    // Showing may have put it behind a window of another program.
+    if (form.activates)
+        SetForegroundWindow(win32::native(form.hWnd()));
+    MSG message;
+    while (form.visible()) {
+        const BOOL got = GetMessageA(&message, nullptr, 0, 0);
+        if (got == FALSE) { // the end of the program has been asked for: the outermost loop is to see it
+            PostQuitMessage(static_cast<int>(message.wParam));
+            form.hide();
+            break;
         }
+        if (got > 0)
+            win32::serve(message);
     }
-    if (before != nullptr && IsWindow(before) != FALSE)
-        SetFocus(before);
 }
 
 void popUp(Form& owner, Menu& menu) {

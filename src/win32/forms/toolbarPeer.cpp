@@ -24,8 +24,8 @@ class ToolbarPeer : public WindowPeer {
   public:
     explicit ToolbarPeer(forms::Toolbar& toolbar) : WindowPeer(toolbar), toolbar_(toolbar) {
         createChild(TOOLBARCLASSNAMEA, {},
-                    TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | TBSTYLE_TRANSPARENT | CCS_NODIVIDER | CCS_NOPARENTALIGN |
-                        CCS_NORESIZE | WS_CLIPSIBLINGS);
+                    TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | TBSTYLE_TRANSPARENT | CCS_NODIVIDER |
+                        CCS_NOPARENTALIGN | CCS_NORESIZE | WS_CLIPSIBLINGS);
         if (handle() == nullptr)
             return;
         SendMessageA(handle(), TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
@@ -154,7 +154,8 @@ class ToolbarPeer : public WindowPeer {
         if (!imagesDirty_)
             return;
         imagesDirty_ = false;
-        const HIMAGELIST made = toolbar_.imageList() == nullptr ? nullptr : nativeImageList(*toolbar_.imageList());
+        const HIMAGELIST made =
+            toolbar_.imageList() == nullptr ? nullptr : nativeImageList(*toolbar_.imageList());
         if (toolbar_.imageList() != nullptr)
             SendMessageA(handle(), TB_SETBITMAPSIZE, 0,
                          MAKELPARAM(toolbar_.imageList()->imageWidth, toolbar_.imageList()->imageHeight));
@@ -174,7 +175,9 @@ class ToolbarPeer : public WindowPeer {
             const forms::ButtonCell& cell = layout.cells[index];
             const bool separator = button.style == forms::ButtonStyle::separator;
             TBBUTTON made{};
-            made.iBitmap = separator ? forms::toolbarSeparatorWidth : button.image == 0 ? I_IMAGENONE : button.image - 1;
+            made.iBitmap = separator           ? forms::toolbarSeparatorWidth
+                           : button.image == 0 ? I_IMAGENONE
+                                               : button.image - 1;
             made.idCommand = firstCommand + static_cast<int>(index);
             made.fsState = TBSTATE_ENABLED;
             made.fsStyle = separator ? BTNS_SEP : BTNS_BUTTON;

@@ -9,7 +9,8 @@
 
 namespace {
 
-/// The owner is disabled while the dialog is up, and with a hosted form that is its host. One that hangs would hold us.
+/// The owner is disabled while the dialog is up, and with a hosted form that is its host. One that hangs
+/// would hold us.
 HWND ownerFor(HWND owner) {
     const HWND root = GetAncestor(owner, GA_ROOT);
     return root != nullptr && IsHungAppWindow(root) != FALSE ? win32::ownerWindow() : owner;

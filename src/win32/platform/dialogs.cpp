@@ -93,7 +93,6 @@ int msgBox(std::string_view text, int style, std::string_view title) {
 }
 
 std::string inputBox(std::string_view prompt, std::string_view title) {
-    const win32::FocusKeeper keeper;
     win32::InputForm form(prompt, title);
     form.showModal();
     return form.answer;

@@ -33,8 +33,9 @@ RuntimeError lastError() {
 class File {
   public:
     explicit File(const std::string& path)
-        : handle_(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                              nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)) {
+        : handle_(CreateFileA(path.c_str(), GENERIC_READ,
+                              FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                              FILE_ATTRIBUTE_NORMAL, nullptr)) {
         if (handle_ == INVALID_HANDLE_VALUE)
             throw lastError();
     }
@@ -65,7 +66,8 @@ std::string dir(std::string_view path) {
         return {};
     WIN32_FIND_DATAA found;
     const ::HANDLE search = FindFirstFileA(std::string(path).c_str(), &found);
-    if (search == reinterpret_cast<::HANDLE>(LONG_PTR{-1})) // NOLINT(performance-no-int-to-ptr): the platform's mark
+    if (search ==
+        reinterpret_cast<::HANDLE>(LONG_PTR{-1})) // NOLINT(performance-no-int-to-ptr): the platform's mark
         return {};
     std::string name;
     do {

@@ -9,7 +9,10 @@ class FocusKeeper {
   public:
     /// Remembers the window in front and, in it, the one that has the focus.
     FocusKeeper();
+    /// Gives it back.
     ~FocusKeeper();
+    /// The user has chosen another window: nothing is to be given back.
+    void dismiss() { front_ = nullptr; }
     FocusKeeper(const FocusKeeper&) = delete;
     FocusKeeper& operator=(const FocusKeeper&) = delete;
 

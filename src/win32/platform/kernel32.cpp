@@ -9,7 +9,8 @@
 namespace {
 
 /// The platform's record; the logic states the size of the 32-bit one, the platform wants its own.
-bool walk(BOOL(WINAPI* step)(HANDLE, LPPROCESSENTRY32), platform::HANDLE snapshot, platform::PROCESSENTRY32& entry) {
+bool walk(BOOL(WINAPI* step)(HANDLE, LPPROCESSENTRY32), platform::HANDLE snapshot,
+          platform::PROCESSENTRY32& entry) {
     ::PROCESSENTRY32 record{};
     record.dwSize = sizeof record;
     if (entry.dwSize != platform::processRecordSize ||

@@ -61,7 +61,8 @@ void addCharacter(Inputs& inputs, char character) {
 
 /// What the user holds down would change the keys that are typed.
 void releaseModifiers(Inputs& inputs) {
-    for (const int key : {VK_LSHIFT, VK_RSHIFT, VK_LCONTROL, VK_RCONTROL, VK_LMENU, VK_RMENU, VK_LWIN, VK_RWIN})
+    for (const int key :
+         {VK_LSHIFT, VK_RSHIFT, VK_LCONTROL, VK_RCONTROL, VK_LMENU, VK_RMENU, VK_LWIN, VK_RWIN})
         if (GetAsyncKeyState(key) < 0)
             addKey(inputs, static_cast<WORD>(key), true);
 }

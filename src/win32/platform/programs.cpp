@@ -27,7 +27,8 @@ std::string userSid() {
     DWORD length = 0;
     std::string sid;
     char* text = nullptr;
-    if (GetTokenInformation(token, TokenUser, user.data(), static_cast<DWORD>(user.size()), &length) != FALSE &&
+    if (GetTokenInformation(token, TokenUser, user.data(), static_cast<DWORD>(user.size()), &length) !=
+            FALSE &&
         ConvertSidToStringSidA(reinterpret_cast<TOKEN_USER*>(user.data())->User.Sid, &text) != FALSE) {
         sid = text;
         LocalFree(text);
@@ -68,7 +69,8 @@ void shell(std::string_view commandLine, int windowStyle) {
     start.dwFlags = STARTF_USESHOWWINDOW;
     start.wShowWindow = static_cast<WORD>(windowStyle);
     PROCESS_INFORMATION started{};
-    if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &started) == FALSE)
+    if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                       &started) == FALSE)
         throw RuntimeError(ErrorNumber::fileNotFound);
     CloseHandle(started.hThread);
     CloseHandle(started.hProcess);

@@ -61,8 +61,9 @@ bool Shell_NotifyIconA(std::uint32_t message, const NOTIFYICONDATA& record) {
 }
 
 HICON programIcon() {
-    static const auto icon = LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON,
-                                        GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED);
+    static const auto icon =
+        LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON, GetSystemMetrics(SM_CXSMICON),
+                   GetSystemMetrics(SM_CYSMICON), LR_SHARED);
     return HICON{reinterpret_cast<std::uintptr_t>(icon)};
 }
 

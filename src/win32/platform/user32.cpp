@@ -17,7 +17,8 @@ struct Enumeration {
 };
 
 BOOL CALLBACK passOn(HWND window, LPARAM parameter) {
-    const auto& enumeration = *reinterpret_cast<const Enumeration*>(parameter); // NOLINT(performance-no-int-to-ptr)
+    const auto& enumeration =
+        *reinterpret_cast<const Enumeration*>(parameter); // NOLINT(performance-no-int-to-ptr)
     return enumeration.callback(neutral(window), enumeration.extra);
 }
 
@@ -84,7 +85,8 @@ bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int widt
                   std::uint32_t flags) {
     // A window of another program is never waited for.
     const UINT async = isForeign(native(window)) ? SWP_ASYNCWINDOWPOS : 0U;
-    return ::SetWindowPos(native(window), reinterpret_cast<::HWND>(insertAfter), // NOLINT(performance-no-int-to-ptr)
+    return ::SetWindowPos(native(window),
+                          reinterpret_cast<::HWND>(insertAfter), // NOLINT(performance-no-int-to-ptr)
                           x, y, width, height, flags | async) != FALSE;
 }
 
@@ -119,9 +121,12 @@ bool RedrawWindow(HWND window, const RECT& rect, std::uint32_t flags) {
     if (window == HWND::none)
         return false;
     const ::RECT area{rect.left, rect.top, rect.right, rect.bottom};
-    // Drawing at once would wait for the other program; it draws when it comes to it.
-    const std::uint32_t later = isForeign(native(window)) ? RDW_UPDATENOW | RDW_ERASENOW : 0U;
-    return ::RedrawWindow(native(window), &area, nullptr, flags & ~later) != FALSE;
+    // Drawing at once would wait for the other program; it draws when it comes to it. A window of our own
+    // whose drawing was switched off has lost its frame as well.
+    flags =
+        isForeign(native(window)) ? flags & ~std::uint32_t{RDW_UPDATENOW | RDW_ERASENOW} : flags | RDW_FRAME;
+    const bool whole = (flags & RDW_FRAME) != 0;
+    return ::RedrawWindow(native(window), whole ? nullptr : &area, nullptr, flags) != FALSE;
 }
 
 bool DrawIconEx(HDC dc, int x, int y, HICON icon, int width, int height, std::uint32_t step,
