@@ -1,0 +1,40 @@
+"""The user's hands and eyes: mouse and keys by the X server's own input, pictures of the whole screen."""
+
+import subprocess
+
+
+class Screen:
+    """All places are screen pixels."""
+
+    def __init__(self, display):
+        self._environment = display.environment
+
+    def _xdotool(self, *arguments):
+        subprocess.run(["xdotool", *map(str, arguments)], env=self._environment, check=True)
+
+    def point(self, x, y):
+        self._xdotool("mousemove", x, y)
+
+    def click(self, x, y):
+        # In two steps, as a hand does it: buttons that light up under the mouse see it come first.
+        self.point(x - 1, y)
+        self._xdotool("mousemove", x, y, "click", 1)
+
+    def drag(self, start, end, steps=8):
+        """Presses the button at the one place and lets it go at the other."""
+        self.point(*start)
+        self._xdotool("mousedown", 1)
+        for step in range(1, steps + 1):
+            self.point(*(a + (b - a) * step // steps for a, b in zip(start, end)))
+        self._xdotool("mouseup", 1)
+
+    def type(self, text):
+        self._xdotool("type", "--delay", 15, text)
+
+    def key(self, *names):
+        """Keys by their X names: Return, Escape, Tab, alt+F4."""
+        self._xdotool("key", "--delay", 15, *names)
+
+    def picture(self, path):
+        path.parent.mkdir(parents=True, exist_ok=True)
+        subprocess.run(["import", "-silent", "-window", "root", path], env=self._environment, check=True)
