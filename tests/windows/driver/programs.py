@@ -1,0 +1,129 @@
+"""The programs of the stage: they are given orders and heard through their journals (see orders.h, journal.h)."""
+
+from dataclasses import dataclass
+
+from driver.desktop import Desktop
+from driver.waiting import LIMIT, poll
+
+
+class OrderFailed(Exception):
+    pass
+
+
+_ESCAPES = {"\\": "\\\\", "\t": "\\t", "\r": "\\r", "\n": "\\n"}
+_LETTERS = {"t": "\t", "r": "\r", "n": "\n"}
+
+
+def _escaped(word):
+    return "".join(_ESCAPES.get(letter, letter) for letter in str(word))
+
+
+def _plain(word):
+    result, letters = "", iter(word)
+    for letter in letters:
+        if letter == "\\":
+            letter = next(letters, "")
+            letter = _LETTERS.get(letter, letter)
+        result += letter
+    return result
+
+
+@dataclass
+class Event:
+    """A line of a journal."""
+
+    process: int
+    name: str
+    words: list
+
+
+class Program:
+    def __init__(self, prefix, windows_folder, name):
+        folder = prefix.path(windows_folder)
+        self._control = folder / f"{name}-control.txt"
+        self._journal = folder / f"{name}-journal.txt"
+        self._orders = 0
+
+    def events(self, name=None):
+        """All that the journal holds so far, or the events of a name."""
+        if not self._journal.exists():
+            return []
+        whole = self._journal.read_text(encoding="utf-8").rpartition("\n")[0]
+        events = []
+        for line in whole.splitlines():
+            _, process, event, *words = line.split("\t")
+            if name in (None, event):
+                events.append(Event(int(process), event, list(map(_plain, words))))
+        return events
+
+    def wait_for(self, name, *words, after=0, seconds=LIMIT):
+        """The first event of this name that begins with these words, behind the first `after` events of the name."""
+        def find():
+            for event in self.events(name)[after:]:
+                if event.words[:len(words)] == [str(word) for word in words]:
+                    return event
+            return None
+        return poll(find, seconds)
+
+    def send(self, verb, *words):
+        """Gives an order and does not wait for the answer."""
+        self._orders += 1
+        with self._control.open("a", encoding="utf-8") as control:
+            control.write("\t".join(map(_escaped, (self._orders, verb, *words))) + "\n")
+        return self._orders
+
+    def answer(self, number, seconds=LIMIT):
+        """What the order with this number was answered."""
+        def find():
+            for event in self.events():
+                if event.name in ("done", "failed") and event.words[0] == str(number):
+                    return event
+            return None
+        event = poll(find, seconds)
+        if event is None:
+            raise OrderFailed(f"order {number} was not answered")
+        if event.name == "failed":
+            raise OrderFailed(event.words[1])
+        return event.words[1]
+
+    def order(self, verb, *words, seconds=LIMIT):
+        return self.answer(self.send(verb, *words), seconds)
+
+
+class Witness(Program):
+    """The eyes inside the Windows world; it also starts the other programs, so that it knows how they end."""
+
+    FOLDER = "C:\\witness"
+
+    def __init__(self, prefix, executable):
+        super().__init__(prefix, self.FOLDER, "witness")
+        self._dump = prefix.path(self.FOLDER + "\\dump.txt")
+        prefix.put([executable], self.FOLDER)
+        self._process = prefix.start(self.FOLDER + "\\witness.exe")
+        if not self.wait_for("ready", seconds=60):
+            raise RuntimeError("the witness does not start")
+
+    def look(self):
+        """The desktop at this moment."""
+        self.order("dump", self.FOLDER + "\\dump.txt")
+        return Desktop(self._dump.read_text(encoding="utf-8").split("\n")[:-1])
+
+    def run(self, line):
+        """Starts a command line and gives the process id."""
+        return int(self.order("run", line))
+
+    def exit_code(self, process, seconds=LIMIT):
+        """Waits for the end of a process that `run` has started; None if it goes on."""
+        event = self.wait_for("exited", process, seconds=seconds)
+        return int(event.words[1]) if event else None
+
+    def runs(self, process):
+        return not any(event.words[0] == str(process) for event in self.events("exited"))
+
+    def answers(self, window, seconds):
+        """Whether a window answers within the time."""
+        try:
+            self.order("ping", window, int(seconds * 1000), seconds=seconds + LIMIT)
+        except OrderFailed:
+            return False
+        return True
