@@ -71,8 +71,7 @@ class Desktop:
         self.windows = {}  # by handle, in window order
         self.processes = {}  # executable names by id
         self.foreground = self.focus = 0
-        for line in lines:
-            name, *words = line.split("\t")
+        for name, *words in lines:
             getattr(self, "_" + name)(*words)
 
     def _window(self, handle, parent, owner, process, class_name, style, extended, visible, enabled, *rest):

@@ -2,30 +2,13 @@
 
 from dataclasses import dataclass
 
+from driver import fields
 from driver.desktop import Desktop
 from driver.waiting import LIMIT, poll
 
 
 class OrderFailed(Exception):
     pass
-
-
-_ESCAPES = {"\\": "\\\\", "\t": "\\t", "\r": "\\r", "\n": "\\n"}
-_LETTERS = {"t": "\t", "r": "\r", "n": "\n"}
-
-
-def _escaped(word):
-    return "".join(_ESCAPES.get(letter, letter) for letter in str(word))
-
-
-def _plain(word):
-    result, letters = "", iter(word)
-    for letter in letters:
-        if letter == "\\":
-            letter = next(letters, "")
-            letter = _LETTERS.get(letter, letter)
-        result += letter
-    return result
 
 
 @dataclass
@@ -48,13 +31,9 @@ class Program:
         """All that the journal holds so far, or the events of a name."""
         if not self._journal.exists():
             return []
-        whole = self._journal.read_text(encoding="utf-8").rpartition("\n")[0]
-        events = []
-        for line in whole.splitlines():
-            _, process, event, *words = line.split("\t")
-            if name in (None, event):
-                events.append(Event(int(process), event, list(map(_plain, words))))
-        return events
+        lines = fields.lines_of(self._journal.read_text(encoding="utf-8", errors="replace"))
+        events = [Event(int(process), event, words) for _, process, event, *words in lines]
+        return [event for event in events if name in (None, event.name)]
 
     def wait_for(self, name, *words, after=0, seconds=LIMIT):
         """The first event of this name that begins with these words, behind the first `after` events of the name."""
@@ -69,7 +48,7 @@ class Program:
         """Gives an order and does not wait for the answer."""
         self._orders += 1
         with self._control.open("a", encoding="utf-8") as control:
-            control.write("\t".join(map(_escaped, (self._orders, verb, *words))) + "\n")
+            control.write(fields.joined((self._orders, verb, *words)) + "\n")
         return self._orders
 
     def answer(self, number, seconds=LIMIT):
@@ -106,7 +85,7 @@ class Witness(Program):
     def look(self):
         """The desktop at this moment."""
         self.order("dump", self.FOLDER + "\\dump.txt")
-        return Desktop(self._dump.read_text(encoding="utf-8").split("\n")[:-1])
+        return Desktop(fields.lines_of(self._dump.read_text(encoding="utf-8")))
 
     def run(self, line):
         """Starts a command line and gives the process id."""

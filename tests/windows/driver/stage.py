@@ -1,0 +1,104 @@
+"""A stage for a scene: display, prefix, the stand-in EAGLE and the real Kestrel, and what a user does with them."""
+
+from dataclasses import dataclass
+
+from driver import paths
+from driver.desktop import Window
+from driver.display import Display
+from driver.eagle import Eagle
+from driver.prefix import Prefix
+from driver.programs import Witness
+from driver.screen import Screen
+from driver.waiting import poll
+
+KESTREL = "C:\\kestrel"
+
+
+@dataclass
+class Toolbar:
+    """A toolbar of Kestrel's in an editor window."""
+
+    form: Window
+    bar: Window
+
+    @property
+    def buttons(self):
+        """Those that can be clicked, in their order; the last is "Config"."""
+        return [button for button in self.bar.buttons if not button.separator]
+
+
+class Stage:
+    """Use it in a with statement. `bits` is win32 or win64, `pictures` the folder for screenshots."""
+
+    def __init__(self, bits, pictures):
+        self._bits = bits
+        self._pictures = pictures
+        self._display = Display()
+        try:
+            self.screen = Screen(self._display)
+            self.prefix = Prefix(self._display)
+        except BaseException:
+            self._display.close()
+            raise
+        try:
+            self.witness = Witness(self.prefix, paths.built("win64", "witness.exe"))
+            folder = paths.program_folder(bits)
+            self.prefix.put(sorted(folder.iterdir()), KESTREL)
+        except BaseException:
+            self.close()
+            raise
+
+    def close(self):
+        self.prefix.close()
+        self._display.close()
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+    def start_eagle(self, name="eagle", arguments=""):
+        return Eagle(self.prefix, self.witness, paths.built(self._bits, "eagle.exe"), name, arguments)
+
+    def write_settings(self, text):
+        """Kestrel's settings file; bytes are taken as they are."""
+        data = text if isinstance(text, bytes) else text.replace("\n", "\r\n").encode("cp1252")
+        self.prefix.path(KESTREL + "\\kestrel.ini").write_bytes(data)
+
+    def settings(self):
+        return self.prefix.path(KESTREL + "\\kestrel.ini").read_bytes().decode("cp1252")
+
+    def start_kestrel(self, settings=None):
+        """Gives the process id."""
+        if settings is not None:
+            self.write_settings(settings)
+        return self.witness.run(KESTREL + "\\kestrel.exe")
+
+    def look(self):
+        return self.witness.look()
+
+    def toolbars(self, editor, desktop=None):
+        """Those in the editor window now."""
+        window = (desktop or self.look()).windows.get(editor.handle)
+        forms = [child for child in (window.children if window else []) if child.class_name == "KestrelForm"]
+        found = []
+        for form in forms:
+            bars = [inner for inner in form.inside() if inner.class_name == "ToolbarWindow32"]
+            if form.text == "EAGLE Kestrel Bench" and form.visible and bars:
+                found.append(Toolbar(form, bars[0]))
+        return found
+
+    def toolbar(self, editor, seconds=None):
+        """Waits for the editor's toolbar, finished with its buttons; None if it does not come."""
+        def find():
+            found = self.toolbars(editor)
+            return found[0] if found and found[0].bar.buttons else None
+        return poll(find) if seconds is None else poll(find, seconds)
+
+    def click_button(self, editor, number):
+        """A click with the mouse on a toolbar's button, counted from 0, separators not counted."""
+        self.screen.click(*self.toolbar(editor).buttons[number].place.middle)
+
+    def picture(self, name):
+        self.screen.picture(self._pictures / f"{name}.png")
