@@ -38,3 +38,10 @@ class Screen:
     def picture(self, path):
         path.parent.mkdir(parents=True, exist_ok=True)
         subprocess.run(["import", "-silent", "-window", "root", path], env=self._environment, check=True)
+
+    def colours(self, place):
+        """How many colours there are in a rectangle of the screen: few where nothing has been painted."""
+        part = f"{place.width}x{place.height}+{place.left}+{place.top}"
+        shown = subprocess.run(["import", "-silent", "-window", "root", "-crop", part, "-format", "%k", "info:"],
+                               env=self._environment, capture_output=True, text=True, check=True)
+        return int(shown.stdout)

@@ -61,6 +61,15 @@ class Stage:
     def start_eagle(self, name="eagle", arguments=""):
         return Eagle(self.prefix, self.witness, paths.built(self._bits, "eagle.exe"), name, arguments)
 
+    def three_editors(self, eagle):
+        """A board, a schematic and a library beside each other, by kind; all their upper right corners are free."""
+        editors = {"board": eagle.open("board", "C:\\work\\demo.brd"),
+                   "schematic": eagle.open("schematic", "C:\\work\\demo.sch"),
+                   "library": eagle.open("library", "C:\\work\\parts.lbr")}
+        for editor, (left, top) in zip(editors.values(), ((0, 20), (800, 20), (400, 610))):
+            editor.place(left, top, 790, 560)
+        return editors
+
     def write_settings(self, text):
         """Kestrel's settings file; bytes are taken as they are."""
         data = text if isinstance(text, bytes) else text.replace("\n", "\r\n").encode("cp1252")

@@ -1,0 +1,39 @@
+"""What every scene begins and ends with: the way to the driver, a stage, counted checks.
+
+A scene is a file with a routine that gets a stage and checks. It is started alone by
+
+    python3 tests/windows/scenes/mainJob.py win32|win64
+
+prints a line for each check and at the end "N passed, N failed", and leaves pictures in build/scenes.
+"""
+
+import sys
+import traceback
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[1]))
+
+from driver import paths  # noqa: E402, the way to it stands above
+from driver.checks import Checks  # noqa: E402
+from driver.stage import Stage  # noqa: E402
+
+
+def play(file, story):
+    """Ends the program; the exit code tells whether all went well."""
+    if len(sys.argv) != 2 or sys.argv[1] not in paths.PRESETS:
+        sys.exit(f"say which: {' or '.join(paths.PRESETS)}")
+    bits, name = sys.argv[1], Path(file).stem
+    pictures = paths.BUILD / "scenes" / bits / name
+    checks = Checks()
+    print(f"-- {name}, {bits}", flush=True)
+    try:
+        with Stage(bits, pictures) as stage:
+            try:
+                story(stage, checks)
+            finally:
+                stage.picture("end")
+    except Exception:  # pylint: disable=broad-except; a scene that breaks off has failed, whatever the reason
+        traceback.print_exc()
+        checks.that(False, "the scene is played to its end")
+    print(checks.summary(), flush=True)
+    sys.exit(1 if checks.failed else 0)
