@@ -70,11 +70,16 @@ int TextBox::keyPressed(int keyAscii) {
 }
 
 void TextBox::edited(std::string_view text) {
-    if (text == text_)
-        return;
-    text_ = std::string(text);
-    selected(selStart_, selLength_);
-    raise(onChange);
+    edited(text, selStart_, selLength_);
+}
+
+void TextBox::edited(std::string_view text, int start, int length) {
+    const bool changed = text != text_;
+    if (changed)
+        text_ = std::string(text);
+    selected(start, length);
+    if (changed)
+        raise(onChange);
 }
 
 void TextBox::selected(int start, int length) {

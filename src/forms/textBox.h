@@ -35,6 +35,8 @@ class TextBox : public Control {
     /// The text has been edited in the window: takes it over and raises onChange if it is another one,
     /// without telling the peer.
     void edited(std::string_view text);
+    /// The same, with the selection as it stands after the edit.
+    void edited(std::string_view text, int start, int length);
     /// The selection has been moved in the window.
     void selected(int start, int length);
 

@@ -86,6 +86,18 @@ TEST_CASE("an edit in the window raises the change if it is one, and the selecti
     CHECK(box.selLength() == 0);
 }
 
+TEST_CASE("the change event of an edit in the window finds the selection as it stands after the edit") {
+    forms::TextBox box;
+    box.setText("ab");
+    int start = -1;
+    box.onChange = [&] { start = box.selStart(); };
+    box.edited("abc", 3, 0);
+    CHECK(start == 3);
+    box.edited("abc", 1, 2);
+    CHECK(box.selStart() == 1);
+    CHECK(box.selLength() == 2);
+}
+
 TEST_CASE("a change event may assign the text again") {
     forms::TextBox box;
     int changes = 0;

@@ -149,14 +149,11 @@ LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam,
         return result;
     }
     core::guarded([&] {
-        const bool mouseLast = self->mouseEventsLast();
-        if (!mouseLast)
+        if (self->mouseEventsFirst())
             self->reportMouse(message, wParam, lParam);
-        // An event may have unloaded the form and the peer with it.
+        // An event may have unloaded the form and the window with it.
         if (of(window) == self)
             result = self->message(message, wParam, lParam);
-        if (mouseLast && of(window) == self)
-            self->reportMouse(message, wParam, lParam);
     });
     return result;
 }
@@ -249,13 +246,15 @@ void WindowPeer::setFocus() {
         SetFocus(handle_);
 }
 
+std::string WindowPeer::windowText() const {
+    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(handle_)) + 1, '\0');
+    text.resize(
+        static_cast<std::size_t>(GetWindowTextA(handle_, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
 void WindowPeer::setWindowText(const std::string& text) {
-    if (handle_ == nullptr)
-        return;
-    std::string present(static_cast<std::size_t>(GetWindowTextLengthA(handle_)) + 1, '\0');
-    present.resize(
-        static_cast<std::size_t>(GetWindowTextA(handle_, present.data(), static_cast<int>(present.size()))));
-    if (present != text)
+    if (handle_ != nullptr && windowText() != text)
         SetWindowTextA(handle_, text.c_str());
 }
 

@@ -54,12 +54,15 @@ class WindowPeer : public forms::Peer {
     /// Where the window belongs, in pixels of its container's client area: the control's own place, unless
     /// the system's control needs another one.
     virtual RECT childPlace() const;
-    /// Whether mouse events are raised after the window has dealt with the message instead of before.
-    virtual bool mouseEventsLast() const { return false; }
+    /// Whether mouse events are raised before a message goes to the window. Else the peer raises them itself.
+    virtual bool mouseEventsFirst() const { return true; }
+    /// Raises the control's mouse event if the message is one.
+    void reportMouse(UINT message, WPARAM wParam, LPARAM lParam);
     /// The peer of the control's container; null if that has none.
     ContainerPeer* containerPeer() const;
     /// The colour that the control stands on.
     COLORREF colourBehind() const;
+    std::string windowText() const;
     /// Sets the window's text if it differs.
     void setWindowText(const std::string& text);
     void applyFont();
@@ -69,7 +72,6 @@ class WindowPeer : public forms::Peer {
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                       DWORD_PTR peer);
-    void reportMouse(UINT message, WPARAM wParam, LPARAM lParam);
     bool startsGroup() const;
     void takeTabPlace();
     void leaveFocus() const;

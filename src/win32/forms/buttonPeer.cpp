@@ -1,0 +1,229 @@
+// Command button, check box and option button. The window never changes its own mark: it follows the model.
+#include "win32/forms/imageStrip.h"
+#include "win32/forms/peers.h"
+#include "win32/forms/windowPeer.h"
+
+#include "forms/button.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace win32 {
+
+namespace {
+
+/// What the three kinds have in common: a caption and a click.
+template <typename Button>
+class ButtonPeer : public WindowPeer {
+  public:
+    void changed(forms::Property property) override {
+        if (property == forms::Property::text)
+            setWindowText(button_.caption());
+        else
+            WindowPeer::changed(property);
+    }
+
+    void command(WORD code, WORD /*id*/) override {
+        if (code == BN_CLICKED)
+            button_.click();
+    }
+
+  protected:
+    ButtonPeer(Button& button, DWORD style) : WindowPeer(button), button_(button) {
+        createChild("BUTTON", button.caption(), style);
+    }
+
+    Button& button() const { return button_; }
+
+    void mark(bool on) {
+        if (handle() != nullptr)
+            SendMessageA(handle(), BM_SETCHECK, on ? BST_CHECKED : BST_UNCHECKED, 0);
+    }
+
+  private:
+    Button& button_;
+};
+
+/// An icon carries the picture's opacity to the button, a bitmap would not.
+HICON iconOf(const forms::Picture& picture) {
+    // One bit a pixel, rows of whole words, all zero: the opacity alone decides.
+    constexpr int wordBits = 16;
+    const auto words = static_cast<std::size_t>((picture.width() + wordBits - 1) / wordBits);
+    const std::vector<std::uint16_t> nothing(words * static_cast<std::size_t>(picture.height()));
+    const HBITMAP mask = CreateBitmap(picture.width(), picture.height(), 1, 1, nothing.data());
+    const HBITMAP colours = bitmapOf(picture);
+    ICONINFO info{TRUE, 0, 0, mask, colours};
+    const HICON icon = CreateIconIndirect(&info);
+    DeleteObject(colours);
+    DeleteObject(mask);
+    return icon;
+}
+
+class CommandButtonPeer : public ButtonPeer<forms::CommandButton> {
+  public:
+    explicit CommandButtonPeer(forms::CommandButton& button)
+        : ButtonPeer(button, button.isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) {
+        if (!button.picture().empty())
+            showPicture();
+    }
+
+    ~CommandButtonPeer() override {
+        if (icon_ != nullptr)
+            DestroyIcon(icon_);
+    }
+
+    void changed(forms::Property property) override {
+        if (property == forms::Property::picture)
+            showPicture();
+        else
+            ButtonPeer::changed(property);
+    }
+
+  protected:
+    /// Enter presses the button that has the focus, and it looks like it.
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_SETFOCUS)
+            SendMessageA(handle(), BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
+        else if (message == WM_KILLFOCUS && !button().isDefault)
+            SendMessageA(handle(), BM_SETSTYLE, BS_PUSHBUTTON, TRUE);
+        return defaultMessage(message, wParam, lParam);
+    }
+
+  private:
+    void showPicture() {
+        if (handle() == nullptr)
+            return;
+        const HICON made = button().picture().empty() ? nullptr : iconOf(button().picture());
+        const LONG style = GetWindowLongA(handle(), GWL_STYLE) & ~BS_ICON;
+        SetWindowLongA(handle(), GWL_STYLE, made == nullptr ? style : style | BS_ICON);
+        SendMessageA(handle(), BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(made));
+        if (icon_ != nullptr)
+            DestroyIcon(icon_);
+        icon_ = made;
+        InvalidateRect(handle(), nullptr, TRUE);
+    }
+
+    HICON icon_ = nullptr;
+};
+
+class CheckBoxPeer : public ButtonPeer<forms::CheckBox> {
+  public:
+    explicit CheckBoxPeer(forms::CheckBox& box) : ButtonPeer(box, BS_CHECKBOX) { mark(box.value() != 0); }
+
+    void changed(forms::Property property) override {
+        if (property == forms::Property::value)
+            mark(button().value() != 0);
+        else
+            ButtonPeer::changed(property);
+    }
+};
+
+/// The option buttons of one container, in their order.
+std::vector<forms::OptionButton*> groupOf(const forms::OptionButton& button) {
+    std::vector<forms::OptionButton*> group;
+    for (forms::Control* control : button.container()->controls())
+        if (control->kind() == forms::ControlKind::optionButton)
+            group.push_back(static_cast<forms::OptionButton*>(control));
+    return group;
+}
+
+/// The Tab key stops at a group once: at the button that is on, else at the first one.
+void placeTabStop(const std::vector<forms::OptionButton*>& group) {
+    const auto on =
+        std::find_if(group.begin(), group.end(), [](const auto* button) { return button->value(); });
+    const forms::OptionButton* const stop = on == group.end() ? group.front() : *on;
+    for (const forms::OptionButton* button : group) {
+        const auto* peer = dynamic_cast<const WindowPeer*>(button->peer());
+        if (peer == nullptr || peer->handle() == nullptr)
+            continue;
+        const LONG style = GetWindowLongA(peer->handle(), GWL_STYLE) & ~WS_TABSTOP;
+        SetWindowLongA(peer->handle(), GWL_STYLE,
+                       button == stop && button->tabStop ? style | WS_TABSTOP : style);
+    }
+}
+
+class OptionButtonPeer : public ButtonPeer<forms::OptionButton> {
+  public:
+    explicit OptionButtonPeer(forms::OptionButton& button) : ButtonPeer(button, BS_RADIOBUTTON) {
+        mark(button.value());
+        if (handle() == nullptr)
+            return;
+        // This window is not known to the control yet, the others are.
+        const bool stops = button.tabStop && (button.value() || groupOf(button).front() == &button);
+        const LONG style = GetWindowLongA(handle(), GWL_STYLE) & ~WS_TABSTOP;
+        SetWindowLongA(handle(), GWL_STYLE, stops ? style | WS_TABSTOP : style);
+        if (button.value())
+            placeTabStop(groupOf(button));
+    }
+
+    void changed(forms::Property property) override {
+        if (property != forms::Property::value) {
+            ButtonPeer::changed(property);
+            return;
+        }
+        mark(button().value());
+        placeTabStop(groupOf(button()));
+    }
+
+    void command(WORD code, WORD id) override {
+        // The system's button reports a click when it only gets the focus.
+        if (!gettingFocus_)
+            ButtonPeer::command(code, id);
+    }
+
+  protected:
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
+        switch (message) {
+        case WM_SETFOCUS: {
+            gettingFocus_ = true;
+            const LRESULT result = defaultMessage(message, wParam, lParam);
+            gettingFocus_ = false;
+            return result;
+        }
+        case WM_GETDLGCODE:
+            return defaultMessage(message, wParam, lParam) | DLGC_WANTARROWS;
+        case WM_KEYDOWN:
+            if (wParam == VK_UP || wParam == VK_LEFT || wParam == VK_DOWN || wParam == VK_RIGHT) {
+                selectNeighbour(wParam == VK_UP || wParam == VK_LEFT);
+                return 0;
+            }
+            break;
+        default:
+            break;
+        }
+        return defaultMessage(message, wParam, lParam);
+    }
+
+  private:
+    void selectNeighbour(bool back) {
+        std::vector<forms::OptionButton*> group = groupOf(button());
+        if (back)
+            std::reverse(group.begin(), group.end());
+        // This button comes last, its neighbours in their order before it.
+        std::rotate(group.begin(), std::next(std::find(group.begin(), group.end(), &button())), group.end());
+        for (forms::OptionButton* other : group)
+            if (other != &button() && other->visible() && other->enabled()) {
+                other->setFocus();
+                other->click();
+                return;
+            }
+    }
+
+    bool gettingFocus_ = false;
+};
+
+} // namespace
+
+std::unique_ptr<forms::Peer> makeCommandButtonPeer(forms::CommandButton& button) {
+    return std::make_unique<CommandButtonPeer>(button);
+}
+
+std::unique_ptr<forms::Peer> makeCheckBoxPeer(forms::CheckBox& box) {
+    return std::make_unique<CheckBoxPeer>(box);
+}
+
+std::unique_ptr<forms::Peer> makeOptionButtonPeer(forms::OptionButton& button) {
+    return std::make_unique<OptionButtonPeer>(button);
+}
+
+} // namespace win32

@@ -1,0 +1,166 @@
+// Controls that only show something: label, dividing line, image.
+#include "win32/forms/paintedPeer.h"
+#include "win32/forms/peers.h"
+
+#include "forms/label.h"
+
+#include <algorithm>
+
+namespace win32 {
+
+namespace {
+
+/// A label that has neither border nor colour takes no more room than its text needs. Labels are windows here
+/// and come before what they name, for the sake of the mnemonics: a whole box would cover the field that it
+/// reaches into.
+class LabelPeer : public WindowPeer {
+  public:
+    explicit LabelPeer(forms::Label& label) : WindowPeer(label), label_(label) {
+        createChild("STATIC", label.caption(), styleOf(label), label.border ? WS_EX_STATICEDGE : 0U);
+        fit();
+    }
+
+    void changed(forms::Property property) override {
+        if (property == forms::Property::text)
+            setWindowText(label_.caption());
+        WindowPeer::changed(property);
+        if (property == forms::Property::text || property == forms::Property::colours ||
+            property == forms::Property::position)
+            fit();
+    }
+
+  protected:
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
+        const LRESULT result = defaultMessage(message, wParam, lParam);
+        if (message == WM_LBUTTONUP)
+            label_.click();
+        return result;
+    }
+
+    RECT childPlace() const override {
+        RECT place = WindowPeer::childPlace();
+        const bool tight = !label_.border && !label_.backColour();
+        if (handle() == nullptr || (!label_.autoSize && !tight))
+            return place;
+        const SIZE text = textSize(place.right - place.left);
+        if (label_.autoSize)
+            return {place.left, place.top, place.left + text.cx, place.top + text.cy};
+        const LONG spare = std::max<LONG>(0, place.right - place.left - text.cx);
+        if (label_.alignment != forms::Alignment::left)
+            place.left += label_.alignment == forms::Alignment::right ? spare : spare / 2;
+        place.right = std::min(place.right, place.left + text.cx);
+        place.bottom = std::min(place.bottom, place.top + text.cy);
+        return place;
+    }
+
+  private:
+    static DWORD styleOf(const forms::Label& label) {
+        constexpr DWORD common = SS_NOTIFY; // without it the window would not hear the mouse
+        if (label.alignment == forms::Alignment::right)
+            return common | SS_RIGHT;
+        if (label.alignment == forms::Alignment::centre)
+            return common | SS_CENTER;
+        return common | (label.autoSize && !label.wordWrap ? SS_LEFTNOWORDWRAP : SS_LEFT);
+    }
+
+    void fit() {
+        if (handle() == nullptr)
+            return;
+        WindowPeer::changed(forms::Property::position);
+        InvalidateRect(handle(), nullptr, TRUE);
+    }
+
+    /// Size of a window that holds the text; the text wraps at the width, unless the label grows with it.
+    SIZE textSize(LONG width) const {
+        const bool wraps = label_.wordWrap || !label_.autoSize;
+        const HDC dc = GetDC(handle());
+        const HGDIOBJ former =
+            SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageA(handle(), WM_GETFONT, 0, 0))); // NOLINT
+        RECT edge{};
+        AdjustWindowRectEx(&edge, static_cast<DWORD>(GetWindowLongA(handle(), GWL_STYLE)), FALSE,
+                           static_cast<DWORD>(GetWindowLongA(handle(), GWL_EXSTYLE)));
+        const SIZE edges{edge.right - edge.left, edge.bottom - edge.top};
+        RECT text{0, 0, std::max<LONG>(1, width - edges.cx), 0};
+        const std::string& caption = label_.caption();
+        // An empty line is as high as any other.
+        DrawTextA(dc, caption.empty() ? " " : caption.c_str(), -1, &text,
+                  DT_CALCRECT | DT_EXPANDTABS | (wraps ? DT_WORDBREAK : 0U));
+        SelectObject(dc, former);
+        ReleaseDC(handle(), dc);
+        // Slanted letters lean out of their cells.
+        constexpr LONG slant = 8;
+        const LONG lean = label_.font().italic ? text.bottom / slant + 1 : 0;
+        return {text.right + lean + edges.cx, text.bottom + edges.cy};
+    }
+
+    forms::Label& label_;
+};
+
+/// The thickness that a line is drawn with, in pixels.
+constexpr LONG plainLine = 1;
+constexpr LONG etchedLine = 2;
+
+/// Etched, or plain if it has a colour.
+class LinePeer : public PaintedPeer {
+  public:
+    explicit LinePeer(forms::Line& line) : PaintedPeer(line) { createChild("STATIC", {}, 0); }
+
+  protected:
+    RECT childPlace() const override {
+        RECT place = WindowPeer::childPlace();
+        const LONG thickness = control().foreColour() ? plainLine : etchedLine;
+        place.right = std::max(place.right, place.left + thickness);
+        place.bottom = std::max(place.bottom, place.top + thickness);
+        return place;
+    }
+
+    void paint(HDC dc, const RECT& area) override {
+        const COLORREF colour =
+            control().foreColour() ? nativeColour(*control().foreColour()) : colourBehind();
+        const HBRUSH brush = CreateSolidBrush(colour);
+        FillRect(dc, &area, brush);
+        DeleteObject(brush);
+        if (control().foreColour())
+            return;
+        RECT edge = area;
+        DrawEdge(dc, &edge, EDGE_ETCHED, area.right > area.bottom ? BF_TOP : BF_LEFT);
+    }
+};
+
+class ImagePeer : public PaintedPeer {
+  public:
+    explicit ImagePeer(forms::Image& image) : PaintedPeer(image), image_(image) {
+        createChild("STATIC", {}, SS_NOTIFY);
+    }
+
+  protected:
+    void paint(HDC dc, const RECT& area) override {
+        paintPicture(dc, area, image_.picture(), colourBehind());
+    }
+
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
+        const LRESULT result = PaintedPeer::message(message, wParam, lParam);
+        if (message == WM_LBUTTONUP)
+            image_.click();
+        return result;
+    }
+
+  private:
+    forms::Image& image_;
+};
+
+} // namespace
+
+std::unique_ptr<forms::Peer> makeLabelPeer(forms::Label& label) {
+    return std::make_unique<LabelPeer>(label);
+}
+
+std::unique_ptr<forms::Peer> makeLinePeer(forms::Line& line) {
+    return std::make_unique<LinePeer>(line);
+}
+
+std::unique_ptr<forms::Peer> makeImagePeer(forms::Image& image) {
+    return std::make_unique<ImagePeer>(image);
+}
+
+} // namespace win32

@@ -1,0 +1,106 @@
+// A tab strip: the system's tab control, with the frames of its pages as children.
+#include "win32/forms/containerPeer.h"
+#include "win32/forms/peers.h"
+
+#include "forms/tabStrip.h"
+
+#include <uxtheme.h>
+#include <vssym32.h>
+
+namespace win32 {
+
+namespace {
+
+class TabStripPeer : public ContainerPeer {
+  public:
+    explicit TabStripPeer(forms::TabStrip& tabs) : ContainerPeer(tabs), tabs_(tabs) {
+        // Several rows if the captions need them: arrows to scroll through them would hide pages.
+        createChild(WC_TABCONTROLA, {}, TCS_MULTILINE | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT);
+        if (handle() == nullptr)
+            return;
+        readPageColour();
+        followCaptions();
+        changed(forms::Property::selection);
+    }
+
+    void changed(forms::Property property) override {
+        if (handle() == nullptr)
+            return;
+        switch (property) {
+        case forms::Property::items:
+            followCaptions();
+            changed(forms::Property::selection);
+            break;
+        case forms::Property::selection:
+            SendMessageA(handle(), TCM_SETCURSEL, static_cast<WPARAM>(tabs_.tab()), 0);
+            break;
+        default:
+            ContainerPeer::changed(property);
+            break;
+        }
+    }
+
+    LRESULT notify(NMHDR& header) override {
+        if (header.code == static_cast<UINT>(TCN_SELCHANGE))
+            tabs_.selected(static_cast<int>(SendMessageA(handle(), TCM_GETCURSEL, 0, 0)));
+        return 0;
+    }
+
+    /// The theme's colour of a page.
+    std::optional<COLORREF> background() const override {
+        return tabs_.backColour() ? ContainerPeer::background() : pageColour_;
+    }
+
+  protected:
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
+        switch (message) {
+        case WM_ERASEBKGND: // the row of tabs stands on what is behind it, not on a page
+            return defaultMessage(message, wParam, lParam);
+        case WM_THEMECHANGED: {
+            const LRESULT result = ContainerPeer::message(message, wParam, lParam);
+            readPageColour();
+            RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+            return result;
+        }
+        default:
+            return ContainerPeer::message(message, wParam, lParam);
+        }
+    }
+
+  private:
+    void readPageColour() {
+        pageColour_.reset();
+        const HTHEME theme = OpenThemeData(handle(), L"Tab");
+        if (theme == nullptr)
+            return;
+        COLORREF colour = 0;
+        if (SUCCEEDED(GetThemeColor(theme, TABP_BODY, 0, TMT_FILLCOLORHINT, &colour)))
+            pageColour_ = colour;
+        CloseThemeData(theme);
+    }
+
+    void followCaptions() {
+        auto shown = static_cast<int>(SendMessageA(handle(), TCM_GETITEMCOUNT, 0, 0));
+        for (; shown > tabs_.tabs(); --shown)
+            SendMessageA(handle(), TCM_DELETEITEM, static_cast<WPARAM>(shown - 1), 0);
+        for (int tab = 0; tab < tabs_.tabs(); ++tab) {
+            std::string caption = tabs_.tabCaption(tab); // the record wants a text that may be written to
+            TCITEMA item{};
+            item.mask = TCIF_TEXT;
+            item.pszText = caption.data();
+            SendMessageA(handle(), tab < shown ? TCM_SETITEMA : TCM_INSERTITEMA, static_cast<WPARAM>(tab),
+                         reinterpret_cast<LPARAM>(&item));
+        }
+    }
+
+    forms::TabStrip& tabs_;
+    std::optional<COLORREF> pageColour_;
+};
+
+} // namespace
+
+std::unique_ptr<forms::Peer> makeTabStripPeer(forms::TabStrip& tabs) {
+    return std::make_unique<TabStripPeer>(tabs);
+}
+
+} // namespace win32
