@@ -1,4 +1,4 @@
-"""A virtual display of its own with a window manager, so that runs do not disturb one another or the user.
+"""A virtual display of its own with a window manager and a tray, so that runs do not disturb one another or the user.
 
 As a program it starts a command on such a display: python3 -m driver.display COMMAND [ARGUMENT]...
 """
@@ -10,6 +10,7 @@ import sys
 from driver.waiting import poll
 
 WIDTH, HEIGHT = 1600, 1200
+TRAY_HEIGHT = 32  # at the bottom
 
 
 class Display:
@@ -27,11 +28,17 @@ class Display:
             raise RuntimeError("Xvfb does not start")
         self.name = f":{number}"
         self.environment = {**os.environ, "DISPLAY": self.name}
-        self._manager = subprocess.Popen(["openbox", "--sm-disable"], env=self.environment, stdin=subprocess.DEVNULL,
-                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self._clients = [self._start("openbox", "--sm-disable")]
         if not poll(self._managed):
             self.close()
             raise RuntimeError("the window manager does not start")
+        self._clients.append(self._start("trayer", "--edge", "bottom", "--align", "right", "--SetDockType", "true",
+                                         "--widthtype", "pixel", "--width", "200", "--heighttype", "pixel",
+                                         "--height", str(TRAY_HEIGHT)))
+
+    def _start(self, *command):
+        return subprocess.Popen(command, env=self.environment, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                stderr=subprocess.DEVNULL)
 
     def _managed(self):
         """Whether the window manager has taken over: it says so on the root window."""
@@ -40,7 +47,7 @@ class Display:
         return "window id" in shown.stdout
 
     def close(self):
-        for process in (self._manager, self._server):
+        for process in (*self._clients, self._server):
             process.terminate()
             process.wait()
 
