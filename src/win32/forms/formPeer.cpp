@@ -132,7 +132,7 @@ class FormPeer : public ContainerPeer {
             return 0;
         case WM_MOUSEACTIVATE:
             if (!form_.activates)
-                return MA_NOACTIVATE;
+                return isHeld(form_) ? MA_NOACTIVATEANDEAT : MA_NOACTIVATE;
             break;
         case WM_GETMINMAXINFO:
             return limitSize(message, wParam, lParam);
@@ -284,11 +284,7 @@ class FramePeer : public ContainerPeer {
             return;
         // A frame is no stop for the Tab key, only what stands in it.
         SetWindowLongA(handle(), GWL_STYLE, GetWindowLongA(handle(), GWL_STYLE) & ~WS_TABSTOP);
-        known_ = handle();
-        windowMade(known_, *frame.form());
     }
-
-    ~FramePeer() override { windowGone(known_); }
 
     void changed(forms::Property property) override {
         if (property == forms::Property::text) {
@@ -350,7 +346,6 @@ class FramePeer : public ContainerPeer {
     }
 
     forms::Frame& frame_;
-    HWND known_ = nullptr;
     HFONT font_ = nullptr;
 };
 

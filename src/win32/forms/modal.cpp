@@ -1,6 +1,5 @@
 #include "win32/forms/modal.h"
 
-#include "forms/frame.h"
 #include "forms/menu.h"
 #include "win32/forms/dialogKeys.h"
 #include "win32/forms/windowPeer.h"
@@ -18,11 +17,11 @@ struct Known {
 };
 
 struct Held {
-    forms::Form* modal;
+    const forms::Form* modal; ///< none for a dialog of the system
     std::vector<HWND> windows;
 };
 
-/// All forms and frames that have a window.
+/// All forms that have a window.
 std::vector<Known>& known() {
     static std::vector<Known> all;
     return all;
@@ -33,16 +32,9 @@ std::vector<Held>& modalForms() {
     return all;
 }
 
-/// Whether a window hears the user by itself: a form, or a frame that stands in another program's window. The
-/// controls in our forms follow their form.
-bool standsAlone(HWND window) {
-    const WindowPeer* peer = WindowPeer::of(window);
-    return peer != nullptr && (peer->control().kind() == forms::ControlKind::form ||
-                               WindowPeer::of(GetAncestor(window, GA_PARENT)) == nullptr);
-}
-
 void hold(Held& held, const Known& other) {
-    if (other.form == held.modal || !standsAlone(other.window) || IsWindowEnabled(other.window) == FALSE)
+    // Hosted forms are held by isHeld.
+    if (other.form == held.modal || !other.form->activates || IsWindowEnabled(other.window) == FALSE)
         return;
     EnableWindow(other.window, FALSE);
     held.windows.push_back(other.window);
@@ -55,18 +47,22 @@ void release(Held& held) {
     held.windows.clear();
 }
 
+void holdOthers(const forms::Form* modal) {
+    modalForms().push_back({modal, {}});
+    for (const Known& other : known())
+        hold(modalForms().back(), other);
+}
+
+void releaseOthers() {
+    release(modalForms().back());
+    modalForms().pop_back();
+}
+
 /// Holds the program's other forms as long as a form is modal.
 class Hold {
   public:
-    explicit Hold(forms::Form& form) {
-        modalForms().push_back({&form, {}});
-        for (const Known& other : known())
-            hold(modalForms().back(), other);
-    }
-    ~Hold() {
-        release(modalForms().back());
-        modalForms().pop_back();
-    }
+    explicit Hold(const forms::Form& form) { holdOthers(&form); }
+    ~Hold() { releaseOthers(); }
     Hold(const Hold&) = delete;
     Hold& operator=(const Hold&) = delete;
 };
@@ -76,6 +72,18 @@ class Hold {
 void leaving(const forms::Form& form) {
     if (!modalForms().empty() && modalForms().back().modal == &form)
         release(modalForms().back());
+}
+
+bool isHeld(const forms::Form& form) {
+    return !modalForms().empty() && modalForms().back().modal != &form;
+}
+
+HoldAll::HoldAll() {
+    holdOthers(nullptr);
+}
+
+HoldAll::~HoldAll() {
+    releaseOthers();
 }
 
 void windowMade(HWND window, const forms::Form& form) {

@@ -76,10 +76,6 @@ class ToolbarPeer : public WindowPeer {
         case WM_PAINT:
             rebuild();
             break;
-        case WM_MOUSEACTIVATE:
-            if (!toolbar_.form()->activates)
-                return MA_NOACTIVATE;
-            break;
         case WM_MOUSEMOVE:
         case WM_LBUTTONDOWN:
             rebuild();

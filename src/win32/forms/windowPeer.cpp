@@ -5,6 +5,7 @@
 #include "forms/units.h"
 #include "win32/forms/containerPeer.h"
 #include "win32/forms/dialogKeys.h"
+#include "win32/forms/hosted.h"
 #include "win32/forms/toolTip.h"
 
 #include <windowsx.h>
@@ -163,7 +164,10 @@ LRESULT WindowPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT WindowPeer::defaultMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    return handle_ == nullptr ? 0 : DefSubclassProc(handle_, message, wParam, lParam);
+    LRESULT result = 0;
+    if (handle_ == nullptr || answerAsHosted(handle_, message, wParam, lParam, result))
+        return result;
+    return DefSubclassProc(handle_, message, wParam, lParam);
 }
 
 void WindowPeer::reportMouse(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -1,5 +1,6 @@
 #include "platform/comdlg32.h"
 
+#include "win32/forms/modal.h"
 #include "win32/platform/focusKeeper.h"
 #include "win32/platform/native.h"
 
@@ -13,7 +14,7 @@ namespace {
 /// would hold us.
 HWND ownerFor(HWND owner) {
     const HWND root = GetAncestor(owner, GA_ROOT);
-    return root != nullptr && IsHungAppWindow(root) != FALSE ? win32::ownerWindow() : owner;
+    return root != nullptr && !win32::answers(root) ? win32::ownerWindow() : owner;
 }
 
 int show(BOOL(WINAPI* dialog)(LPOPENFILENAMEA), platform::OPENFILENAMEA& record) {
@@ -30,6 +31,7 @@ int show(BOOL(WINAPI* dialog)(LPOPENFILENAMEA), platform::OPENFILENAMEA& record)
     made.Flags = record.Flags;
     made.lpstrDefExt = record.lpstrDefExt;
     const win32::FocusKeeper keeper;
+    const win32::HoldAll hold;
     return dialog(&made);
 }
 

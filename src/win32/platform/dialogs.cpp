@@ -6,6 +6,7 @@
 #include "forms/form.h"
 #include "forms/label.h"
 #include "forms/textBox.h"
+#include "win32/forms/modal.h"
 #include "win32/platform/focusKeeper.h"
 #include "win32/platform/native.h"
 
@@ -25,7 +26,7 @@ FocusKeeper::FocusKeeper() : front_(GetForegroundWindow()) {
 }
 
 FocusKeeper::~FocusKeeper() {
-    if (front_ == nullptr || IsWindow(front_) == FALSE || IsHungAppWindow(front_) != FALSE)
+    if (front_ == nullptr || IsWindow(front_) == FALSE || !answers(front_))
         return;
     SetForegroundWindow(front_);
     // The input of a host is joined with ours, so that the focus inside it can be set from here.
@@ -88,6 +89,7 @@ namespace platform {
 
 int msgBox(std::string_view text, int style, std::string_view title) {
     const win32::FocusKeeper keeper;
+    const win32::HoldAll hold;
     return MessageBoxA(win32::ownerWindow(), std::string(text).c_str(), std::string(title).c_str(),
                        static_cast<UINT>(style) | MB_SETFOREGROUND);
 }

@@ -22,6 +22,14 @@ inline bool isForeign(HWND window) {
     return GetWindowThreadProcessId(window, nullptr) != GetCurrentThreadId();
 }
 
+/// Whether the program of a window serves its messages: asked, and waited for only a moment. What makes it
+/// change its focus or its order would wait for it without end.
+inline bool answers(HWND window) {
+    constexpr UINT patience = 200; // milliseconds
+    DWORD_PTR answer = 0;
+    return SendMessageTimeoutA(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, patience, &answer) != 0;
+}
+
 /// The program's hidden window, which owns its message boxes and dialogs; null before the start.
 HWND ownerWindow();
 

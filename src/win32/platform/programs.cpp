@@ -1,5 +1,6 @@
 // Other programs, and this one's own place among them.
 #include "platform/system.h"
+#include "platform/user32.h"
 
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
@@ -82,7 +83,7 @@ void appActivate(std::string_view title) {
     const ::HWND found = search.exact != nullptr ? search.exact : search.beginning;
     if (found == nullptr)
         throw RuntimeError(ErrorNumber::invalidCall);
-    SetForegroundWindow(found);
+    BringWindowToTop(win32::neutral(found));
 }
 
 bool previousInstance() {

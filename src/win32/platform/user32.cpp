@@ -97,7 +97,7 @@ bool BringWindowToTop(HWND window) {
     if (::IsWindow(raised) == FALSE)
         return false;
     // The click that brought us here gives us the right to choose the window in front.
-    if (IsHungAppWindow(raised) == FALSE)
+    if (win32::answers(raised))
         SetForegroundWindow(raised);
     return ::SetWindowPos(raised, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_ASYNCWINDOWPOS) != FALSE;
 }
@@ -112,7 +112,10 @@ std::intptr_t SendMessageA(HWND window, std::uint32_t message, std::uintptr_t wP
     if (!isForeign(receiver))
         return ::SendMessageA(receiver, message, wParam, lParam);
     DWORD_PTR result = 0;
-    SendMessageTimeoutA(receiver, message, wParam, lParam, SMTO_ABORTIFHUNG, patience, &result);
+    if (SendMessageTimeoutA(receiver, message, wParam, lParam, SMTO_ABORTIFHUNG, patience, &result) == 0 &&
+        message == WM_SETREDRAW)
+        // Not waited for, but not lost either: the host would stay without drawing.
+        SendNotifyMessageA(receiver, message, wParam, lParam);
     return static_cast<std::intptr_t>(result);
 }
 
