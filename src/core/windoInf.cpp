@@ -25,9 +25,7 @@ int enumTitleCallback(platform::HWND window, std::intptr_t /*extra*/) {
     const int copied = platform::GetWindowTextA(window, buffer.data(), static_cast<int>(buffer.size()));
     if (copied < static_cast<int>(searchTitle.size()))
         return 1;
-    const std::span<char> title(buffer.data(), static_cast<std::size_t>(copied));
-    platform::CharLowerBuffA(title);
-    if (std::string_view(title.data(), title.size()).find(searchTitle) == std::string_view::npos)
+    if (!runtime::holdsIgnoringCase({buffer.data(), static_cast<std::size_t>(copied)}, searchTitle))
         return 1;
     foundWindow = window;
     return 0;

@@ -3,12 +3,33 @@
 #include "platform/user32.h"
 #include "runtime/runtimeError.h"
 
+#include <algorithm>
+#include <array>
+#include <numeric>
+
 namespace runtime {
 
 std::string lowerCase(std::string_view text) {
     std::string result(text);
     platform::CharLowerBuffA(result);
     return result;
+}
+
+bool holdsIgnoringCase(std::string_view text, std::string_view what) {
+    if (what.empty())
+        return true;
+    static const std::array<char, 256> lower = [] {
+        std::array<char, 256> all{};
+        std::iota(all.begin(), all.end(), char{0});
+        // One by one: two bytes together may be one character.
+        for (char& character : all)
+            platform::CharLowerBuffA({&character, 1});
+        return all;
+    }();
+    const auto equal = [](char seen, char wanted) {
+        return lower[static_cast<unsigned char>(seen)] == wanted;
+    };
+    return std::search(text.begin(), text.end(), what.begin(), what.end(), equal) != text.end();
 }
 
 std::string_view trim(std::string_view text) {

@@ -10,6 +10,10 @@ namespace runtime {
 /// Lower case by the ANSI code page, so that umlauts fold too.
 std::string lowerCase(std::string_view text);
 
+/// Whether `text` holds `what`, which is in lower case, ignoring the case of `text`. Takes no memory. Reads
+/// byte by byte, so that in a code page of two bytes a character's second byte may be taken for a letter.
+bool holdsIgnoringCase(std::string_view text, std::string_view what);
+
 /// Without leading and trailing blanks (and nothing but blanks).
 std::string_view trim(std::string_view text);
 

@@ -52,3 +52,14 @@ TEST_CASE("a text ends at its first NUL") {
     CHECK(runtime::untilNul("ab") == "ab");
     CHECK(runtime::untilNul(std::string_view("\0", 1)) == "");
 }
+
+TEST_CASE("a text holds another one, ignoring its own case and folding umlauts") {
+    CHECK(runtime::holdsIgnoringCase("My BOARD - x", "board -"));
+    CHECK(runtime::holdsIgnoringCase("x\xC4\xD6\xDC", "\xE4\xF6\xFC"));
+    CHECK(runtime::holdsIgnoringCase("board -", "board -"));
+    CHECK(runtime::holdsIgnoringCase("bboboard -", "board -"));
+    CHECK(runtime::holdsIgnoringCase("x", ""));
+    CHECK_FALSE(runtime::holdsIgnoringCase("board", "board -"));
+    CHECK_FALSE(runtime::holdsIgnoringCase("", "b"));
+    CHECK_FALSE(runtime::holdsIgnoringCase("BOARD -", "Board -"));
+}
