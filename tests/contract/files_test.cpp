@@ -113,7 +113,7 @@ TEST_CASE("contract: a file that cannot be deleted stays") {
     world.lockFile(world.path("held.txt"));
     CHECK(errorOf([&] { platform::kill(world.path("held.txt")); }) == 70);
     world.makeFolder(world.path("folder"));
-    CHECK(errorOf([&] { platform::kill(world.path("folder")); }) == 53);
+    CHECK(errorOf([&] { platform::kill(world.path("folder")); }) == 75);
 }
 
 TEST_CASE("contract: the first line of a file is read, whatever it ends in") {

@@ -31,26 +31,39 @@ std::optional<std::uint32_t> drawn(std::uint32_t pixel) {
     return std::nullopt;
 }
 
-/// The picture has the icon at (1, 1) and nothing around it. Gives the number of pixels that are drawn.
-int checkDrawn(const forms::Picture& picture, const std::optional<forms::Picture>& icon) {
+struct Differences {
+    int margin = 0; ///< pixels around the icon that are not background
+    int icon = 0;   ///< pixels of the icon that are not its own
+    int drawn = 0;  ///< pixels that are not background
+};
+
+/// Compares a picture with one that has the icon at (1, 1) and nothing around it.
+Differences compare(const forms::Picture& picture, const std::optional<forms::Picture>& icon) {
     REQUIRE(picture.width() == 18);
     REQUIRE(picture.height() == 18);
-    int count = 0;
-    int wrong = 0;
+    Differences found;
     for (int y = 0; y < 18; ++y)
         for (int x = 0; x < 18; ++x) {
             const std::uint32_t pixel = picture.pixel(x, y);
-            count += pixel == background ? 0 : 1;
-            const bool margin = x < 1 || y < 1 || x > 16 || y > 16;
-            std::optional<std::uint32_t> expected;
-            if (margin)
-                expected = background;
-            else if (icon)
-                expected = drawn(icon->pixel(x - 1, y - 1));
-            wrong += expected && pixel != *expected ? 1 : 0;
+            found.drawn += pixel == background ? 0 : 1;
+            if (x < 1 || y < 1 || x > 16 || y > 16) {
+                found.margin += pixel == background ? 0 : 1;
+                continue;
+            }
+            const std::optional<std::uint32_t> expected =
+                icon ? drawn(icon->pixel(x - 1, y - 1)) : std::nullopt;
+            found.icon += expected && pixel != *expected ? 1 : 0;
         }
-    CHECK(wrong == 0);
-    return count;
+    return found;
+}
+
+void checkDrawn(const forms::Picture& picture, const std::optional<forms::Picture>& icon) {
+    const Differences found = compare(picture, icon);
+    CHECK(found.drawn > 20);
+    CHECK(found.margin == 0);
+    // Known gap: asked for both sizes at once, Wine gives the large icon's picture, shrunk, as the small one.
+    const bool shrunk = icon && contract::worldKind() == contract::WorldKind::wine;
+    CHECK((found.icon > 0) == shrunk);
 }
 
 } // namespace
@@ -81,7 +94,7 @@ TEST_CASE("contract: one icon is extracted at both sizes from a file that has it
 TEST_CASE("contract: files without icons and files that are not there give none") {
     World world;
     world.writeFile(world.path("text.txt"), "no icon in here");
-    world.writeFile(world.path("broken.ico"), std::string("\0\0\1\0\xFF\xFF garbage", 14));
+    world.writeFile(world.path("broken.ico"), std::string("\0\0\1\0\0\0 garbage", 14));
     HICON large = HICON::none;
     HICON small = HICON::none;
     for (const char* name : {"text.txt", "broken.ico", "nosuch.ico", "nosuch\\folder.exe"})
@@ -95,7 +108,7 @@ TEST_CASE("contract: an icon is drawn in its small size with a margin of one pix
         for (const int index : {0, file.count - 1}) {
             Box box;
             store::extractIconToPicture(file.path, index, box);
-            CHECK(checkDrawn(box.image(), file.picture(index)) > 20);
+            checkDrawn(box.image(), file.picture(index));
         }
     }
 }
@@ -123,7 +136,7 @@ TEST_CASE("contract: a missing file and an index beyond the last leave the pictu
     store::extractIconToPicture("", 0, box);
     CHECK(box.image() == before);
     // A failed extraction does not even clear a box that shows something.
-    CHECK(checkDrawn(box.image(), file.picture(0)) > 20);
+    checkDrawn(box.image(), file.picture(0));
 }
 
 TEST_CASE("contract: an icon is gone once it has been given back, and gone only once") {

@@ -113,6 +113,9 @@ std::string dir(std::string_view path) {
 }
 
 void kill(std::string_view path) {
+    if (const desktop::File* found = desktop::world().file(std::string(path));
+        found != nullptr && found->directory)
+        desktop::fail(runtime::ErrorNumber::pathFileAccess);
     const desktop::File& file = desktop::existing(std::string(path));
     if (file.locked)
         desktop::fail(runtime::ErrorNumber::permissionDenied);

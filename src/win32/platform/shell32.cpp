@@ -33,10 +33,12 @@ std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeI
     ::HICON large = nullptr;
     ::HICON little = nullptr;
     const UINT extracted = ::ExtractIconExA(file, index, &large, &little, 1);
+    // A file that cannot be read gives the largest number. Wine leaves anything in the handles when it fails.
+    if (extracted == 0 || extracted == UINT_MAX || little == nullptr)
+        return 0;
     largeIcon = HICON{reinterpret_cast<std::uintptr_t>(large)};
     smallIcon = HICON{reinterpret_cast<std::uintptr_t>(little)};
-    // With both sizes asked for, the platform may count each; a failure reads as the largest number.
-    return extracted == UINT_MAX || little == nullptr ? 0 : 1;
+    return 1; // with both sizes asked for the platform may count each
 }
 
 int PickIconDlg(HWND owner, std::span<char16_t> file, std::int32_t& index) {

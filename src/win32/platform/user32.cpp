@@ -78,7 +78,11 @@ HWND SetParent(HWND child, HWND parent) {
 }
 
 bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint) {
-    return ::MoveWindow(native(window), x, y, width, height, repaint ? TRUE : FALSE) != FALSE;
+    const ::HWND moved = native(window);
+    if (!isForeign(moved))
+        return ::MoveWindow(moved, x, y, width, height, repaint ? TRUE : FALSE) != FALSE;
+    constexpr UINT keep = SWP_NOZORDER | SWP_NOACTIVATE | SWP_ASYNCWINDOWPOS;
+    return ::SetWindowPos(moved, nullptr, x, y, width, height, keep | (repaint ? 0U : SWP_NOREDRAW)) != FALSE;
 }
 
 bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int width, int height,

@@ -1,0 +1,83 @@
+// contract-tests.exe: the tests; with an argument the other program of the tests; under another name a
+// program that only tells that it was started.
+#define DOCTEST_CONFIG_IMPLEMENT
+#include <doctest/doctest.h>
+
+#include "contract/windows/files.h"
+#include "contract/windows/orders.h"
+#include "contract/windows/otherProgramMain.h"
+#include "contract/world.h"
+
+#include <windows.h>
+
+#include <cstdio>
+#include <cstring>
+#include <thread>
+
+namespace {
+
+constexpr const char* ownName = "contract-tests.exe";
+constexpr ULONGLONG longestTest = 90'000; // milliseconds
+
+/// Leaves the command line beside the program; the file appears whole or not at all.
+int report() {
+    const std::string file = contract::ownPath() + ".started";
+    contract::writeWholeFile(file + ".new", GetCommandLineA());
+    return MoveFileExA((file + ".new").c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE ? 0 : 1;
+}
+
+/// Ends the program when one test goes on for ever, in a message box for instance.
+void watch() {
+    const doctest::TestCaseData* seen = nullptr;
+    ULONGLONG since = GetTickCount64();
+    for (;; Sleep(500)) {
+        const doctest::TestCaseData* running = doctest::getContextOptions()->currentTest;
+        if (running != seen) {
+            seen = running;
+            since = GetTickCount64();
+        } else if (seen != nullptr && GetTickCount64() - since > longestTest) {
+            std::fprintf(stderr, "this test does not end: %s\n", seen->m_name);
+            std::fflush(stderr);
+            ExitProcess(3);
+        }
+    }
+}
+
+/// Ends the program at a fault with what is known of it; the system would ask a debugger first.
+LONG WINAPI fault(EXCEPTION_POINTERS* what) {
+    const doctest::TestCaseData* running = doctest::getContextOptions()->currentTest;
+    std::fprintf(stderr, "fault 0x%08lX at %p in this test: %s\n", what->ExceptionRecord->ExceptionCode,
+                 what->ExceptionRecord->ExceptionAddress, running == nullptr ? "none" : running->m_name);
+    ExitProcess(4);
+}
+
+/// A settings file that stood beside the program before is there again afterwards.
+class KeptSettings {
+  public:
+    KeptSettings() : kept_(contract::readWholeFile(contract::World::settingsPath())) {}
+    ~KeptSettings() {
+        if (kept_)
+            contract::writeWholeFile(contract::World::settingsPath(), *kept_);
+    }
+    KeptSettings(const KeptSettings&) = delete;
+    KeptSettings& operator=(const KeptSettings&) = delete;
+
+  private:
+    std::optional<std::string> kept_;
+};
+
+} // namespace
+
+int main(int count, char** arguments) {
+    const std::string own = contract::ownPath();
+    if (_stricmp(own.c_str() + own.find_last_of('\\') + 1, ownName) != 0)
+        return report();
+    if (count > 1 && std::strcmp(arguments[1], contract::otherProgramArgument) == 0)
+        return contract::otherProgramMain();
+    SetUnhandledExceptionFilter(fault);
+    std::setvbuf(stdout, nullptr, _IONBF, 0);
+    const KeptSettings settings;
+    doctest::Context context(count, arguments);
+    std::thread(watch).detach();
+    return context.run();
+}

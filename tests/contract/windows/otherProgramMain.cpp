@@ -1,0 +1,159 @@
+// The other program: opens, renames and closes windows as it is told through its standard input, and can
+// hang. It ends with its input.
+#include "contract/windows/otherProgramMain.h"
+
+#include "contract/windows/orders.h"
+
+#include <windows.h>
+
+#include <cstdint>
+#include <iostream>
+#include <thread>
+
+namespace contract {
+
+namespace {
+
+constexpr UINT orderMessage = WM_APP;
+constexpr UINT hangMessage = WM_APP + 1;
+constexpr const char* windowClass = "KestrelContractWindow";
+constexpr int editorId = 100;
+
+HANDLE hanging = nullptr; // set as soon as the thread of the windows sleeps
+
+struct Order {
+    std::istringstream words;
+    std::string answer = "done";
+};
+
+HWND handleFrom(std::istringstream& words) {
+    std::uintptr_t number = 0;
+    words >> number;
+    return reinterpret_cast<HWND>(number);
+}
+
+std::string textFrom(std::istringstream& words) {
+    std::string word;
+    words >> word;
+    return fromWord(word);
+}
+
+std::string answerOf(HWND window) {
+    return std::to_string(reinterpret_cast<std::uintptr_t>(window));
+}
+
+HWND makeWindow(const std::string& title, const RECT& place, DWORD exStyle) {
+    return CreateWindowExA(exStyle, windowClass, title.c_str(), WS_OVERLAPPEDWINDOW, place.left, place.top,
+                           place.right - place.left, place.bottom - place.top, nullptr, nullptr,
+                           GetModuleHandleA(nullptr), nullptr);
+}
+
+std::string open(std::istringstream& words) {
+    RECT place{};
+    int visible = 0;
+    words >> place.left >> place.top >> place.right >> place.bottom >> visible;
+    // A window manager that gives the keyboard to each new window, a moment later, would change the order
+    // again.
+    const HWND made = makeWindow(textFrom(words), place, WS_EX_NOACTIVATE);
+    if (visible != 0)
+        ShowWindow(made, SW_SHOWNOACTIVATE);
+    return answerOf(made);
+}
+
+std::string openEditor() {
+    const HWND made = makeWindow("Editor", {60, 60, 660, 360}, 0);
+    CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL, 0, 0,
+                    580, 260, made, reinterpret_cast<HMENU>(static_cast<INT_PTR>(editorId)),
+                    GetModuleHandleA(nullptr), nullptr);
+    ShowWindow(made, SW_SHOW);
+    SetForegroundWindow(made);
+    return answerOf(made);
+}
+
+std::string textOf(HWND window) {
+    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+void carryOut(Order& order) {
+    std::string verb;
+    order.words >> verb;
+    if (verb == "open") {
+        order.answer = open(order.words);
+    } else if (verb == "openEditor") {
+        order.answer = openEditor();
+    } else if (verb == "close") {
+        DestroyWindow(handleFrom(order.words));
+    } else if (verb == "rename") {
+        const HWND window = handleFrom(order.words);
+        SetWindowTextA(window, textFrom(order.words).c_str());
+    } else if (verb == "editorText") {
+        order.answer = asWord(textOf(GetDlgItem(handleFrom(order.words), editorId)));
+    } else if (verb == "editorHasFocus") {
+        const HWND editor = GetDlgItem(handleFrom(order.words), editorId);
+        order.answer = editor != nullptr && GetFocus() == editor ? "1" : "0";
+    } else {
+        order.answer = "unknown";
+    }
+}
+
+LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case orderMessage:
+        carryOut(*reinterpret_cast<Order*>(lParam));
+        return 0;
+    case hangMessage:
+        SetEvent(hanging);
+        Sleep(static_cast<DWORD>(wParam));
+        return 0;
+    case WM_SETFOCUS:
+        if (const HWND editor = GetDlgItem(window, editorId); editor != nullptr)
+            SetFocus(editor);
+        return 0;
+    default:
+        return DefWindowProcA(window, message, wParam, lParam);
+    }
+}
+
+/// Takes orders until there are no more, then ends the process, whatever its windows are doing.
+void takeOrders(HWND receiver) {
+    std::string line;
+    while (std::getline(std::cin, line)) {
+        Order order{std::istringstream(line)};
+        DWORD milliseconds = 0;
+        if (line.starts_with("hang ") && std::istringstream(line.substr(5)) >> milliseconds) {
+            PostMessageA(receiver, hangMessage, milliseconds, 0);
+            WaitForSingleObject(hanging, INFINITE);
+        } else {
+            SendMessageA(receiver, orderMessage, 0, reinterpret_cast<LPARAM>(&order));
+        }
+        std::cout << order.answer << std::endl;
+    }
+    ExitProcess(0);
+}
+
+} // namespace
+
+int otherProgramMain() {
+    hanging = CreateEventA(nullptr, FALSE, FALSE, nullptr);
+    WNDCLASSA description{};
+    description.lpfnWndProc = windowProcedure;
+    description.hInstance = GetModuleHandleA(nullptr);
+    description.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    description.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_WINDOW + 1));
+    description.lpszClassName = windowClass;
+    RegisterClassA(&description);
+    // Receives the orders and is no top-level window, so that no test sees it.
+    const HWND receiver = CreateWindowExA(0, windowClass, "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                          GetModuleHandleA(nullptr), nullptr);
+    std::thread(takeOrders, receiver).detach();
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return 0;
+}
+
+} // namespace contract

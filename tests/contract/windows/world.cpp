@@ -1,0 +1,204 @@
+// A real system, or Wine, as the world of the contract tests.
+#include "contract/world.h"
+
+#include "contract/windows/files.h"
+#include "contract/windows/icons.h"
+#include "contract/windows/orders.h"
+#include "contract/windows/otherProgram.h"
+#include "forms/form.h"
+#include "platform/system.h"
+#include "runtime/keyText.h"
+
+#include <doctest/doctest.h>
+
+#include <vector>
+
+namespace contract {
+
+namespace {
+
+constexpr ULONGLONG patience = 10'000; // milliseconds
+
+platform::HWND handleFrom(const std::string& answer) {
+    return platform::HWND{static_cast<std::uintptr_t>(std::stoull(answer))};
+}
+
+std::string wordOf(platform::HWND window) {
+    return std::to_string(static_cast<std::uintptr_t>(window));
+}
+
+HWND native(platform::HWND window) {
+    return reinterpret_cast<HWND>(window);
+}
+
+/// What a started program leaves beside itself: its command line.
+std::string reportOf(const std::string& program) {
+    return program + ".started";
+}
+
+} // namespace
+
+struct World::Impl {
+    std::string scratch = scratchFolder();
+    OtherProgram other;
+    std::vector<HANDLE> locks;
+};
+
+WorldKind worldKind() {
+    const HMODULE system = GetModuleHandleA("ntdll.dll");
+    return GetProcAddress(system, "wine_get_version") != nullptr ? WorldKind::wine : WorldKind::windows;
+}
+
+World::World() : impl_(std::make_unique<Impl>()) {
+    removeFolder(impl_->scratch);
+    CreateDirectoryA(impl_->scratch.c_str(), nullptr);
+    removeWholeFile(settingsPath());
+}
+
+World::~World() {
+    impl_->other.end();
+    for (const HANDLE lock : impl_->locks)
+        CloseHandle(lock);
+    removeWholeFile(settingsPath());
+    // A program that was started may still be running.
+    until([this] { return removeFolder(impl_->scratch); });
+}
+
+bool World::until(const std::function<bool()>& condition) {
+    const ULONGLONG begin = GetTickCount64();
+    do {
+        platform::doEvents();
+        if (condition())
+            return true;
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+    } while (GetTickCount64() - begin < patience);
+    return false;
+}
+
+platform::HWND World::openWindow(const std::string& title, platform::RECT rect, bool visible) {
+    std::ostringstream order;
+    order << "open " << rect.left << ' ' << rect.top << ' ' << rect.right << ' ' << rect.bottom << ' '
+          << (visible ? 1 : 0) << ' ' << asWord(title);
+    return handleFrom(impl_->other.order(order.str()));
+}
+
+void World::closeWindow(platform::HWND window) {
+    impl_->other.order("close " + wordOf(window));
+}
+
+void World::renameWindow(platform::HWND window, const std::string& title) {
+    impl_->other.order("rename " + wordOf(window) + " " + asWord(title));
+}
+
+platform::HWND World::openEditor() {
+    const platform::HWND editor = handleFrom(impl_->other.order("openEditor"));
+    REQUIRE(until([&] {
+        return foreground() == editor && impl_->other.order("editorHasFocus " + wordOf(editor)) == "1";
+    }));
+    return editor;
+}
+
+std::string World::editorText(platform::HWND editor) {
+    return fromWord(impl_->other.order("editorText " + wordOf(editor)));
+}
+
+void World::killOtherProgram() {
+    impl_->other.end();
+}
+
+void World::hangOtherProgram(int milliseconds) {
+    impl_->other.order("hang " + std::to_string(milliseconds));
+}
+
+platform::HWND World::foreground() {
+    return platform::HWND{reinterpret_cast<std::uintptr_t>(GetForegroundWindow())};
+}
+
+std::string World::path(const std::string& name) const {
+    return impl_->scratch + "\\" + name;
+}
+
+void World::makeFolder(const std::string& path) {
+    CreateDirectoryA(path.c_str(), nullptr);
+}
+
+void World::writeFile(const std::string& path, const std::string& content, FileMarks marks) {
+    writeWholeFile(path, content);
+    const DWORD attributes = (marks.hidden ? FILE_ATTRIBUTE_HIDDEN : 0U) |
+                             (marks.system ? FILE_ATTRIBUTE_SYSTEM : 0U) |
+                             (marks.readOnly ? FILE_ATTRIBUTE_READONLY : 0U);
+    if (attributes != 0)
+        SetFileAttributesA(path.c_str(), attributes);
+}
+
+std::optional<std::string> World::readFile(const std::string& path) {
+    return readWholeFile(path);
+}
+
+void World::removeFile(const std::string& path) {
+    removeWholeFile(path);
+}
+
+void World::lockFile(const std::string& path) {
+    const HANDLE lock =
+        CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    REQUIRE(lock != INVALID_HANDLE_VALUE);
+    impl_->locks.push_back(lock);
+}
+
+std::string World::dataFile(const std::string& name) {
+    return dataFolder() + "\\" + name;
+}
+
+std::string World::settingsPath() {
+    const std::string own = ownPath();
+    return own.substr(0, own.find_last_of('\\')) + "\\kestrel.ini";
+}
+
+void World::placeProgram(const std::string& path) {
+    REQUIRE(CopyFileA(ownPath().c_str(), path.c_str(), FALSE) != FALSE);
+}
+
+std::optional<std::string> World::startedWith(const std::string& path) {
+    return readWholeFile(reportOf(path));
+}
+
+IconFile World::iconFile(IconSource source) {
+    static const char* const names[] = {"brd.ico", "sch.ico", "lbr.ico"};
+    const auto pictureOf = [](int index) { return std::optional(smallPictureOf(dataFile(names[index]))); };
+    switch (source) {
+    case IconSource::ico:
+        return {dataFile(names[0]), 1, pictureOf};
+    case IconSource::exe:
+        return {ownPath(), 3, pictureOf};
+    case IconSource::dll:
+        break;
+    }
+    char folder[MAX_PATH] = {};
+    GetSystemDirectoryA(folder, MAX_PATH);
+    return {std::string(folder) + "\\shell32.dll", 3, [](int) { return std::optional<forms::Picture>(); }};
+}
+
+int World::openIcons() {
+    return openIconHandles();
+}
+
+void World::typeInto(forms::TextBox& box, std::string_view text) {
+    const HWND form = native(box.form()->hWnd());
+    SetForegroundWindow(form);
+    box.setFocus();
+    REQUIRE(until([&] { return GetForegroundWindow() == form && GetFocus() == native(box.hWnd()); }));
+    std::vector<runtime::KeyStroke> strokes;
+    for (const char character : text)
+        strokes.push_back({.character = character});
+    platform::sendKeys(strokes, false);
+}
+
+std::string World::shownText(forms::TextBox& box) {
+    const HWND field = native(box.hWnd());
+    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(field)) + 1, '\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextA(field, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+} // namespace contract
