@@ -35,6 +35,12 @@ class Screen:
         """Keys by their X names: Return, Escape, Tab, alt+F4."""
         self._xdotool("key", "--delay", 15, *names)
 
+    def focused(self):
+        """Title of the window that keys go to; it lags behind what Windows calls the focus."""
+        shown = subprocess.run(["xdotool", "getwindowfocus", "getwindowname"], env=self._environment,
+                               capture_output=True, text=True, check=False)
+        return shown.stdout.strip()
+
     def picture(self, path):
         path.parent.mkdir(parents=True, exist_ok=True)
         subprocess.run(["import", "-silent", "-window", "root", path], env=self._environment, check=True)

@@ -9,7 +9,7 @@ from driver.eagle import Eagle
 from driver.prefix import Prefix
 from driver.programs import Witness
 from driver.screen import Screen
-from driver.waiting import poll
+from driver.waiting import LIMIT, poll
 
 KESTREL = "C:\\kestrel"
 
@@ -98,16 +98,36 @@ class Stage:
                 found.append(Toolbar(form, bars[0]))
         return found
 
-    def toolbar(self, editor, seconds=None):
+    def toolbar(self, editor, seconds=LIMIT):
         """Waits for the editor's toolbar, finished with its buttons; None if it does not come."""
         def find():
             found = self.toolbars(editor)
             return found[0] if found and found[0].bar.buttons else None
-        return poll(find) if seconds is None else poll(find, seconds)
+        return poll(find, seconds)
 
     def click_button(self, editor, number):
         """A click with the mouse on a toolbar's button, counted from 0, separators not counted."""
         self.screen.click(*self.toolbar(editor).buttons[number].place.middle)
+
+    def wait_for_focus(self, handle, seconds=LIMIT):
+        """Waits until this top-level window is in front and gets the user's keys."""
+        def come():
+            desktop = self.look()
+            return desktop.foreground == handle and self.screen.focused() == desktop.windows[handle].text
+        return poll(come, seconds)
+
+    @staticmethod
+    def _field(editor, desktop):
+        fields = [child for child in desktop.windows[editor.handle].children if child.class_name == "Edit"]
+        return fields[0]
+
+    def command_field(self, editor):
+        return self._field(editor, self.look())
+
+    def command_field_focused(self, editor):
+        """Whether Windows has the keyboard's focus in the editor's command field."""
+        desktop = self.look()
+        return desktop.foreground == editor.handle and desktop.focus == self._field(editor, desktop).handle
 
     def picture(self, name):
         self.screen.picture(self._pictures / f"{name}.png")

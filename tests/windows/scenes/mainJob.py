@@ -33,11 +33,8 @@ def types_the_command(checks, stage, kind, editor):
     stage.click_button(editor, 0)
     poll(lambda: len(editor.executed()) > len(before))
     checks.equal(editor.executed()[len(before):], [command], f"{kind}: a click types the command and Enter")
-    desktop = stage.look()
-    checks.equal(desktop.foreground, editor.handle, f"{kind}: the editor is in front")
-    focus = desktop.windows.get(desktop.focus)
-    checks.that(focus and focus.class_name == "Edit" and focus.parent == editor.handle,
-                f"{kind}: the editor's command field has the focus", focus)
+    checks.that(stage.command_field_focused(editor), f"{kind}: the editor's command field has the focus")
+    checks.that(stage.wait_for_focus(editor.handle), f"{kind}: the editor has the keyboard")
     stage.screen.type("display top")
     stage.screen.key("Return")
     poll(lambda: len(editor.executed()) > len(before) + 1)
