@@ -39,7 +39,7 @@ class Prefix:
     def start(self, program, *arguments):
         """Starts a Windows program and does not wait for it."""
         return subprocess.Popen([TOOLS / "wine-run", "--prefix", self._name, program, *arguments],
-                                env=self._display.environment, stdin=subprocess.DEVNULL,
+                                cwd="/", env=self._display.environment, stdin=subprocess.DEVNULL,
                                 stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def close(self):

@@ -1,8 +1,9 @@
-"""Reads Kestrel's settings file, to know what a toolbar has to show."""
+"""Kestrel's settings file: reads it, to know what a toolbar has to show, and makes small ones."""
 
 import configparser
 
-SEPARATOR = 2  # value of `type`
+PROGRAM, COMMAND, SEPARATOR = 0, 1, 2  # values of `type`
+NONE, INPUT_BOX, FILE_DIALOG = 0, 1, 2  # values of `dialog`
 
 KEYS = ("name", "path", "tooltip", "param", "icon", "dialog", "type")
 
@@ -37,3 +38,18 @@ def rows(text, kind):
 def buttons(text, kind):
     """Those rows that can be clicked."""
     return [row for row in rows(text, kind) if int(row["type"]) != SEPARATOR]
+
+
+def button(name, path, kind=COMMAND, dialog=NONE, **more):
+    """A row for made()."""
+    return {"name": name, "path": path, "type": kind, "dialog": dialog, **more}
+
+
+def made(toolbar=None, **lists):
+    """A settings file with options of the section `toolbar` and lists of rows by kind."""
+    lines = ["[toolbar]", *(f"{key}={setting}" for key, setting in (toolbar or {}).items())]
+    for kind, of_kind in lists.items():
+        lines.append(f"[{SECTIONS[kind]}]")
+        for number, row in enumerate(of_kind, 1):
+            lines += [f"{number}{key}={row.get(key, '')}" for key in KEYS]
+    return "\n".join(lines) + "\n"
