@@ -1,0 +1,119 @@
+// What the system's default handling would pass on from a hosted window to its host, which may be busy.
+#include "contract/world.h"
+#include "forms/form.h"
+#include "forms/frame.h"
+#include "forms/toolbar.h"
+#include "platform/user32.h"
+#include "win32/forms/modal.h"
+
+#include <doctest/doctest.h>
+
+#include <windows.h>
+
+#include <chrono>
+
+namespace {
+
+using contract::World;
+
+/// A toolbar form, and a frame that can be hosted without it.
+class HostedForm : public forms::Form {
+  public:
+    explicit HostedForm(platform::HWND host) {
+        borderStyle = forms::BorderStyle::sizableToolWindow;
+        showInTaskbar = false;
+        activates = false;
+        setClientSize(1800, 300);
+        frame.border = false;
+        frame.place(*this, {0, 0, 1500, 270});
+        bar.place(*this, {});
+        show();
+        platform::SetParent(hWnd(), host);
+        platform::SetParent(frame.hWnd(), host);
+    }
+    forms::Frame frame;
+    forms::Toolbar bar;
+};
+
+HWND native(forms::Control& control) {
+    return reinterpret_cast<HWND>(control.hWnd());
+}
+
+void checkReturnsSoon(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto begin = std::chrono::steady_clock::now();
+    SendMessageA(window, message, wParam, lParam);
+    INFO("message ", message);
+    CHECK(std::chrono::steady_clock::now() - begin < std::chrono::seconds(2));
+}
+
+} // namespace
+
+TEST_SUITE_BEGIN("contract");
+
+TEST_CASE(
+    "contract: pointer, wheel, menu and Alt key over a hosted window do not wait for a host that hangs") {
+    World world;
+    const platform::HWND host = world.openWindow("host", {100, 120, 900, 720});
+    HostedForm form(host);
+    world.hangOtherProgram(120'000);
+    constexpr LPARAM withAlt = 0x20000000;
+    for (forms::Control* control :
+         {static_cast<forms::Control*>(&form), static_cast<forms::Control*>(&form.bar),
+          static_cast<forms::Control*>(&form.frame)}) {
+        const HWND window = native(*control);
+        checkReturnsSoon(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window),
+                         MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+        checkReturnsSoon(window, WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(reinterpret_cast<HWND>(host)),
+                         MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN));
+        checkReturnsSoon(window, WM_RBUTTONUP, 0, MAKELPARAM(5, 5));
+        checkReturnsSoon(window, WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
+        checkReturnsSoon(window, WM_SYSKEYDOWN, VK_MENU, withAlt);
+        checkReturnsSoon(window, WM_SYSKEYUP, VK_MENU, withAlt);
+        checkReturnsSoon(window, WM_SYSKEYDOWN, VK_F10, 0);
+        checkReturnsSoon(window, WM_SYSKEYUP, VK_F10, 0);
+    }
+    // A click on a frame would give the focus to a field in it, and that would wait.
+    CHECK(SendMessageA(native(form.frame), WM_MOUSEACTIVATE,
+                       reinterpret_cast<WPARAM>(reinterpret_cast<HWND>(host)),
+                       MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN)) == MA_NOACTIVATEANDEAT);
+    world.killOtherProgram();
+}
+
+TEST_CASE("contract: a hosted form that a dialog holds eats the clicks and stays enabled, or its host would "
+          "get them") {
+    World world;
+    const platform::HWND host = world.openWindow("host", {100, 120, 900, 720});
+    HostedForm form(host);
+    const auto click = [&](forms::Control& control) {
+        return SendMessageA(native(control), WM_MOUSEACTIVATE,
+                            reinterpret_cast<WPARAM>(reinterpret_cast<HWND>(host)),
+                            MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN));
+    };
+    {
+        const win32::HoldAll hold;
+        CHECK(click(form.bar) == MA_NOACTIVATEANDEAT);
+        CHECK(click(form.frame) == MA_NOACTIVATEANDEAT);
+        CHECK(IsWindowEnabled(native(form)));
+        CHECK(IsWindowEnabled(native(form.frame)));
+        HostedForm later(host);
+        CHECK(click(later.bar) == MA_NOACTIVATEANDEAT);
+        CHECK(IsWindowEnabled(native(later)));
+    }
+    CHECK(click(form.bar) == MA_NOACTIVATE);
+    CHECK(click(form.frame) == MA_ACTIVATE);
+}
+
+TEST_CASE("contract: a host that is busy while its drawing is switched on again draws afterwards") {
+    World world;
+    const platform::HWND host = world.openWindow("host", {100, 120, 900, 720});
+    const auto draws = [host] {
+        return (GetWindowLongA(reinterpret_cast<HWND>(host), GWL_STYLE) & WS_VISIBLE) != 0;
+    };
+    platform::SendMessageA(host, WM_SETREDRAW, 0, 0);
+    REQUIRE_FALSE(draws());
+    world.hangOtherProgram(1'000);
+    platform::SendMessageA(host, WM_SETREDRAW, static_cast<std::uintptr_t>(-1), 0);
+    CHECK(World::until(draws));
+}
+
+TEST_SUITE_END();
