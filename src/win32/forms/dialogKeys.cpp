@@ -40,6 +40,12 @@ void moveFocus(HWND from, bool back) {
     SetFocus(next);
 }
 
+void focusFirst(HWND container) {
+    const HWND first = GetNextDlgTabItem(container, nullptr, FALSE);
+    // With none to stop at, one that is hidden may be named.
+    SetFocus(first == nullptr || IsWindowVisible(first) == FALSE ? container : first);
+}
+
 bool turnPage(HWND dialog, const MSG& message) {
     if (message.message != WM_KEYDOWN || message.wParam != VK_TAB || GetKeyState(VK_CONTROL) >= 0)
         return false;

@@ -12,6 +12,10 @@ HWND dialogOf(HWND window);
 /// Gives the focus to the next or previous stop of the Tab key after `from`, its text selected.
 void moveFocus(HWND from, bool back);
 
+/// Gives the focus to the first stop of the Tab key in `container`, or to the container itself if it has
+/// none.
+void focusFirst(HWND container);
+
 /// Ctrl+Tab and Ctrl+Shift+Tab turn the pages of the dialog's tab strip. False if the message is neither or
 /// the dialog has no tab strip.
 bool turnPage(HWND dialog, const MSG& message);

@@ -47,6 +47,14 @@ void release(Held& held) {
     held.windows.clear();
 }
 
+/// A form that is made while another one is modal is held from the start, until it becomes modal itself.
+void letGo(forms::Form& form) {
+    const HWND window = native(form.hWnd());
+    for (Held& held : modalForms())
+        if (std::erase(held.windows, window) != 0)
+            EnableWindow(window, TRUE);
+}
+
 void holdOthers(const forms::Form* modal) {
     modalForms().push_back({modal, {}});
     for (const Known& other : known())
@@ -122,9 +130,15 @@ namespace forms {
 
 void runModal(Form& form) {
     const win32::Hold hold(form);
-    // Showing may have put it behind a window of another program.
-    if (form.activates)
-        SetForegroundWindow(win32::native(form.hWnd()));
+    win32::letGo(form);
+    if (form.activates) {
+        const HWND window = win32::native(form.hWnd());
+        // Showing may have put it behind a window of another program.
+        SetForegroundWindow(window);
+        // As long as it was held it could not take the focus.
+        if (IsChild(window, GetFocus()) == FALSE)
+            win32::focusFirst(window);
+    }
     MSG message;
     while (form.visible()) {
         const BOOL got = GetMessageA(&message, nullptr, 0, 0);

@@ -1,5 +1,6 @@
 // A tab strip: the system's tab control, with the frames of its pages as children.
 #include "win32/forms/containerPeer.h"
+#include "win32/forms/dialogKeys.h"
 #include "win32/forms/peers.h"
 
 #include "forms/tabStrip.h"
@@ -33,6 +34,7 @@ class TabStripPeer : public ContainerPeer {
             break;
         case forms::Property::selection:
             SendMessageA(handle(), TCM_SETCURSEL, static_cast<WPARAM>(tabs_.tab()), 0);
+            leaveHiddenPage();
             break;
         default:
             ContainerPeer::changed(property);
@@ -46,7 +48,7 @@ class TabStripPeer : public ContainerPeer {
         return 0;
     }
 
-    /// The theme's colour of a page.
+    /// The colour that the theme gives a page.
     std::optional<COLORREF> background() const override {
         return tabs_.backColour() ? ContainerPeer::background() : pageColour_;
     }
@@ -68,14 +70,34 @@ class TabStripPeer : public ContainerPeer {
     }
 
   private:
+    /// The focus goes along from the page that has been left to the first control of the one in front.
+    void leaveHiddenPage() {
+        const HWND focus = GetFocus();
+        if (IsChild(handle(), focus) == FALSE || IsWindowVisible(focus) != FALSE)
+            return;
+        focusFirst(handle());
+    }
+
+    /// What the theme paints in the middle of a page; its own hint about that colour may be another one.
     void readPageColour() {
         pageColour_.reset();
         const HTHEME theme = OpenThemeData(handle(), L"Tab");
         if (theme == nullptr)
             return;
-        COLORREF colour = 0;
-        if (SUCCEEDED(GetThemeColor(theme, TABP_BODY, 0, TMT_FILLCOLORHINT, &colour)))
-            pageColour_ = colour;
+        constexpr int size = 64; // beyond any border of a page
+        const HDC screen = GetDC(nullptr);
+        const HDC memory = CreateCompatibleDC(screen);
+        const HBITMAP page = CreateCompatibleBitmap(screen, size, size);
+        const HGDIOBJ former = SelectObject(memory, page);
+        const RECT area{0, 0, size, size};
+        FillRect(memory, &area,
+                 GetSysColorBrush(COLOR_BTNFACE)); // shows through where the theme paints nothing
+        if (SUCCEEDED(DrawThemeBackground(theme, memory, TABP_BODY, 0, &area, nullptr)))
+            pageColour_ = GetPixel(memory, size / 2, size / 2);
+        SelectObject(memory, former);
+        DeleteObject(page);
+        DeleteDC(memory);
+        ReleaseDC(nullptr, screen);
         CloseThemeData(theme);
     }
 

@@ -11,6 +11,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace win32 {
 
@@ -33,12 +34,19 @@ int nextChildId() {
     return next;
 }
 
+/// Our windows that are alive. Asked with every message, of windows of others too.
+std::unordered_map<HWND, WindowPeer*>& peers() {
+    static std::unordered_map<HWND, WindowPeer*> all;
+    return all;
+}
+
 } // namespace
 
 WindowPeer::~WindowPeer() {
     if (handle_ != nullptr) {
         const HWND window = handle_;
         handle_ = nullptr;
+        peers().erase(window);
         setToolTip(window, {});
         RemoveWindowSubclass(window, procedure, subclassId);
         DestroyWindow(window);
@@ -52,10 +60,8 @@ platform::HWND WindowPeer::window() const {
 }
 
 WindowPeer* WindowPeer::of(HWND window) {
-    DWORD_PTR peer = 0;
-    if (window == nullptr || GetWindowSubclass(window, procedure, subclassId, &peer) == FALSE)
-        return nullptr;
-    return reinterpret_cast<WindowPeer*>(peer); // NOLINT(performance-no-int-to-ptr)
+    const auto found = peers().find(window);
+    return found == peers().end() ? nullptr : found->second;
 }
 
 void WindowPeer::createChild(const char* className, const std::string& text, DWORD style, DWORD exStyle) {
@@ -130,8 +136,10 @@ void WindowPeer::takeTabPlace() {
 
 void WindowPeer::adopt(HWND window) {
     handle_ = window;
-    if (window != nullptr)
-        SetWindowSubclass(window, procedure, subclassId, reinterpret_cast<DWORD_PTR>(this));
+    if (window == nullptr)
+        return;
+    peers()[window] = this;
+    SetWindowSubclass(window, procedure, subclassId, reinterpret_cast<DWORD_PTR>(this));
 }
 
 LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
@@ -142,6 +150,7 @@ LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam,
     LRESULT result = 0;
     // When the host's process has been killed this is the only message that tells.
     if (message == WM_NCDESTROY) {
+        peers().erase(window);
         setToolTip(window, {});
         RemoveWindowSubclass(window, procedure, subclassId);
         result = DefSubclassProc(window, message, wParam, lParam);
@@ -214,6 +223,8 @@ void WindowPeer::changed(forms::Property property) {
         EnableWindow(handle_, control_.enabled() ? TRUE : FALSE);
         break;
     case forms::Property::visible:
+        if (!control_.visible())
+            leaveFocus();
         ShowWindow(handle_, control_.visible() ? SW_SHOWNOACTIVATE : SW_HIDE);
         break;
     case forms::Property::colours:
@@ -236,6 +247,9 @@ void WindowPeer::leaveFocus() const {
     const HWND focus = GetFocus();
     const HWND dialog = dialogOf(handle_);
     if (focus == nullptr || dialog == handle_ || !within(focus))
+        return;
+    // A tab strip that turns a page knows better where to go.
+    if (control_.container()->kind() == forms::ControlKind::tabStrip)
         return;
     HWND next = focus;
     do
