@@ -50,6 +50,8 @@ class Eagle(Program):
         return Editor(self, int(number), handle)
 
     def hang(self, seconds):
-        """All its windows answer nothing as long. Does not wait."""
-        self.send("hang", int(seconds * 1000))
-        self.wait_for("hangs")
+        """All its windows answer nothing as long. Gives the order, which is answered when that is over."""
+        before = len(self.events("hangs"))
+        order = self.send("hang", int(seconds * 1000))
+        self.wait_for("hangs", after=before)
+        return order

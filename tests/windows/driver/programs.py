@@ -51,14 +51,16 @@ class Program:
             control.write(fields.joined((self._orders, verb, *words)) + "\n")
         return self._orders
 
+    def answered(self, number):
+        """The event that answers the order with this number; None as long as there is none."""
+        for event in self.events():
+            if event.name in ("done", "failed") and event.words[0] == str(number):
+                return event
+        return None
+
     def answer(self, number, seconds=LIMIT):
         """What the order with this number was answered."""
-        def find():
-            for event in self.events():
-                if event.name in ("done", "failed") and event.words[0] == str(number):
-                    return event
-            return None
-        event = poll(find, seconds)
+        event = poll(lambda: self.answered(number), seconds)
         if event is None:
             raise OrderFailed(f"order {number} was not answered")
         if event.name == "failed":
