@@ -87,16 +87,16 @@ void ControlsForm::Form_Unload() {
 }
 
 void ControlsForm::buildPages() {
-    tabPages.setTabs(4); tabPages.setTabCaption(3,"Button Options - Library");
-    tabPages.setTabCaption(0, "Basic Options");
-    tabPages.setTabCaption(1, "Button Options - Board");
-    tabPages.setTabCaption(2, "Button Options - Schematic");
+    tabPages.setTabs(3);
+    tabPages.setTabCaption(0, "Fields");
+    tabPages.setTabCaption(1, "Lists");
+    tabPages.setTabCaption(2, "Looks");
     tabPages.place(*this, {150, 120, 6495, 5850});
     tabPages.onClick = [this] { note("page", std::to_string(tabPages.tab())); };
     for (int page = 0; page < 3; ++page) {
         auto& frame = fraPage[static_cast<std::size_t>(page)];
         frame.border = false;
-        tabPages.placeOnTab(page, frame, {150, 660, 6195, 5080});
+        tabPages.placeOnTab(page, frame, {150, 450, 6195, 5280});
     }
     buildFields();
     buildOptions();
