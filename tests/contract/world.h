@@ -48,8 +48,9 @@ class World {
     /// Serves the program's messages until the condition holds. False if it does not come true in time.
     static bool until(const std::function<bool()>& condition);
 
-    // --- another program, a process of its own
-    // --------------------------------------------------------------------
+    // --- another program: a process of its own, which starts with its first window ---
+    /// Bare file name of its executable.
+    static std::string otherProgramName();
     /// Opens one of its windows on top of the order.
     platform::HWND openWindow(const std::string& title, platform::RECT rect = {60, 60, 460, 360},
                               bool visible = true);
@@ -68,8 +69,7 @@ class World {
     /// The window in front, whoever's it is.
     static platform::HWND foreground();
 
-    // --- files
-    // ----------------------------------------------------------------------------------------------------
+    // --- files ---
     /// Full path of a name in the scratch folder, which is empty at the start. The name may hold folders.
     std::string path(const std::string& name) const;
     void makeFolder(const std::string& path);
@@ -83,21 +83,18 @@ class World {
     /// The settings file beside the program; absent at the start.
     static std::string settingsPath();
 
-    // --- programs that can be started
-    // -------------------------------------------------------------------------------
+    // --- programs that can be started ---
     /// Puts a program there that does nothing but tell that it was started.
     void placeProgram(const std::string& path);
     /// The command line that the program at this path was last started with; none if it was not.
     std::optional<std::string> startedWith(const std::string& path);
 
-    // --- icons
-    // ----------------------------------------------------------------------------------------------------
+    // --- icons ---
     IconFile iconFile(IconSource source);
     /// Icons of this process that have not been given back.
     static int openIcons();
 
-    // --- the user and a text box
-    // ------------------------------------------------------------------------------------
+    // --- the user and a text box ---
     /// Types into a box on a form that is shown.
     void typeInto(forms::TextBox& box, std::string_view text);
     /// The text that the box shows.

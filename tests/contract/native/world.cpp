@@ -16,6 +16,7 @@ constexpr const char* scratch = "C:\\scratch";
 
 struct World::Impl {
     desktop::Session session;
+    bool otherRuns = false;
 };
 
 WorldKind worldKind() {
@@ -24,7 +25,6 @@ WorldKind worldKind() {
 
 World::World() : impl_(std::make_unique<Impl>()) {
     makeFolder(scratch);
-    desktop::world().startProcess("other.exe", otherProcess);
 }
 
 World::~World() = default;
@@ -39,7 +39,14 @@ bool World::until(const std::function<bool()>& condition) {
     return false;
 }
 
+std::string World::otherProgramName() {
+    return "Other.exe";
+}
+
 platform::HWND World::openWindow(const std::string& title, platform::RECT rect, bool visible) {
+    if (!impl_->otherRuns)
+        desktop::world().startProcess(otherProgramName(), otherProcess);
+    impl_->otherRuns = true;
     const platform::HWND opened = desktop::world().openWindow(title, rect, otherProcess);
     desktop::world().window(opened).visible = visible;
     return opened;
@@ -67,6 +74,7 @@ std::string World::editorText(platform::HWND editor) {
 
 void World::killOtherProgram() {
     desktop::world().killProcess(otherProcess);
+    impl_->otherRuns = false;
 }
 
 void World::hangOtherProgram(int /*milliseconds*/) {}

@@ -43,6 +43,13 @@ void watch() {
     }
 }
 
+/// Whether windows can be made: under Wine that takes a display.
+bool windowsCanBeMade() {
+    const HWND window =
+        CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+    return window != nullptr && DestroyWindow(window) != FALSE;
+}
+
 /// Ends the program at a fault with what is known of it; the system would ask a debugger first.
 LONG WINAPI fault(EXCEPTION_POINTERS* what) {
     const doctest::TestCaseData* running = doctest::getContextOptions()->currentTest;
@@ -74,6 +81,10 @@ int main(int count, char** arguments) {
         return report();
     if (count > 1 && std::strcmp(arguments[1], contract::otherProgramArgument) == 0)
         return contract::otherProgramMain();
+    if (!windowsCanBeMade()) {
+        std::fputs("no window can be made: there is no display\n", stderr);
+        return 5;
+    }
     SetUnhandledExceptionFilter(fault);
     std::setvbuf(stdout, nullptr, _IONBF, 0);
     const KeptSettings settings;

@@ -75,6 +75,11 @@ bool World::until(const std::function<bool()>& condition) {
     return false;
 }
 
+std::string World::otherProgramName() {
+    const std::string own = ownPath();
+    return own.substr(own.find_last_of('\\') + 1);
+}
+
 platform::HWND World::openWindow(const std::string& title, platform::RECT rect, bool visible) {
     std::ostringstream order;
     order << "open " << rect.left << ' ' << rect.top << ' ' << rect.right << ' ' << rect.bottom << ' '
