@@ -80,6 +80,8 @@ class Hold {
 void leaving(const forms::Form& form) {
     if (!modalForms().empty() && modalForms().back().modal == &form)
         release(modalForms().back());
+    // Its loop may be waiting for a message: it is to see that the form has gone.
+    PostThreadMessageA(GetCurrentThreadId(), WM_NULL, 0, 0);
 }
 
 bool isHeld(const forms::Form& form) {

@@ -12,6 +12,8 @@ namespace {
 using runtime::ErrorNumber;
 using runtime::RuntimeError;
 
+constexpr DWORD longestPath = 32768;
+
 RuntimeError lastError() {
     switch (GetLastError()) {
     case ERROR_PATH_NOT_FOUND:
@@ -62,7 +64,8 @@ class File {
 namespace platform {
 
 std::string dir(std::string_view path) {
-    if (path.empty())
+    // The platform takes some characters that no file name holds for wildcards of its own.
+    if (path.empty() || path.find_first_of("<>\"|") != std::string_view::npos)
         return {};
     WIN32_FIND_DATAA found;
     const ::HANDLE search = FindFirstFileA(std::string(path).c_str(), &found);
@@ -95,8 +98,8 @@ std::string readFirstLine(std::string_view path) {
 
 const std::string& programFolder() {
     static const std::string folder = [] {
-        std::string path(MAX_PATH, '\0');
-        path.resize(GetModuleFileNameA(nullptr, path.data(), MAX_PATH));
+        std::string path(longestPath, '\0');
+        path.resize(GetModuleFileNameA(nullptr, path.data(), longestPath));
         const std::size_t slash = path.find_last_of('\\');
         constexpr std::size_t root = 2; // the place of the backslash in a drive root
         return path.substr(0, slash == root ? root + 1 : slash);
@@ -105,8 +108,8 @@ const std::string& programFolder() {
 }
 
 std::string currentDirectory() {
-    std::string folder(MAX_PATH, '\0');
-    folder.resize(GetCurrentDirectoryA(MAX_PATH, folder.data()));
+    std::string folder(longestPath, '\0');
+    folder.resize(GetCurrentDirectoryA(longestPath, folder.data()));
     return folder;
 }
 

@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <string>
 #include <vector>
 
 namespace {
@@ -48,8 +49,9 @@ void addKey(Inputs& inputs, WORD key, bool release) {
     inputs.push_back(input);
 }
 
-void addCharacter(Inputs& inputs, char character) {
-    for (const char16_t unit : platform::toUtf16({&character, 1}))
+/// Plain characters, together: in some code pages several bytes are one character.
+void addText(Inputs& inputs, std::string& text) {
+    for (const char16_t unit : platform::toUtf16(text))
         for (const DWORD release : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}}) {
             INPUT input{};
             input.type = INPUT_KEYBOARD;
@@ -57,31 +59,48 @@ void addCharacter(Inputs& inputs, char character) {
             input.ki.dwFlags = KEYEVENTF_UNICODE | release;
             inputs.push_back(input);
         }
+    text.clear();
 }
 
 /// What the user holds down would change the keys that are typed.
 void releaseModifiers(Inputs& inputs) {
+    // A key between keeps the release of Alt or of the Windows key from opening a menu.
+    for (const int key : {VK_LMENU, VK_RMENU, VK_LWIN, VK_RWIN})
+        if (GetAsyncKeyState(key) < 0) {
+            addKey(inputs, VK_CONTROL, false);
+            addKey(inputs, VK_CONTROL, true);
+            break;
+        }
     for (const int key :
          {VK_LSHIFT, VK_RSHIFT, VK_LCONTROL, VK_RCONTROL, VK_LMENU, VK_RMENU, VK_LWIN, VK_RWIN})
         if (GetAsyncKeyState(key) < 0)
             addKey(inputs, static_cast<WORD>(key), true);
 }
 
-void addStroke(Inputs& inputs, const KeyStroke& stroke) {
-    WORD key = static_cast<WORD>(stroke.key);
+/// The key that gives a character under modifiers, and whether it needs Shift; 0 if no key gives it by
+/// itself.
+WORD keyOf(const KeyStroke& stroke, bool& shift) {
+    if (stroke.key != Key::none)
+        return static_cast<WORD>(stroke.key);
+    const SHORT scanned = VkKeyScanA(stroke.character);
+    constexpr int beyondShift = 0x6;
+    if (scanned == -1 || (HIBYTE(scanned) & beyondShift) != 0)
+        return 0;
+    shift = shift || (HIBYTE(scanned) & 1) != 0;
+    return LOBYTE(scanned);
+}
+
+/// A key under its modifiers. A character that no key gives by itself cannot be modified: it joins the plain
+/// text.
+void addStroke(Inputs& inputs, const KeyStroke& stroke, std::string& text) {
     bool shift = stroke.shift;
-    if (stroke.key == Key::none) {
-        const SHORT scanned = VkKeyScanA(stroke.character);
-        const bool modified = stroke.shift || stroke.control || stroke.alt;
-        // A character that no key gives by itself cannot be modified: it is typed as it is.
-        constexpr int beyondShift = 0x6;
-        if (!modified || scanned == -1 || (HIBYTE(scanned) & beyondShift) != 0) {
-            addCharacter(inputs, stroke.character);
-            return;
-        }
-        key = LOBYTE(scanned);
-        shift = shift || (HIBYTE(scanned) & 1) != 0;
+    const bool plain = stroke.key == Key::none && !stroke.shift && !stroke.control && !stroke.alt;
+    const WORD key = plain ? WORD{0} : keyOf(stroke, shift);
+    if (key == 0) {
+        text += stroke.character;
+        return;
     }
+    addText(inputs, text);
     const struct {
         bool on;
         WORD key;
@@ -118,8 +137,10 @@ void sendKeys(std::span<const runtime::KeyStroke> strokes, bool wait) {
     Inputs inputs;
     inputs.reserve(strokes.size() * 2 + 8);
     releaseModifiers(inputs);
+    std::string text;
     for (const KeyStroke& stroke : strokes)
-        addStroke(inputs, stroke);
+        addStroke(inputs, stroke, text);
+    addText(inputs, text);
     if (!inputs.empty())
         SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
     if (wait)

@@ -1,5 +1,6 @@
 #include "platform/shell32.h"
 
+#include "win32/forms/modal.h"
 #include "win32/platform/native.h"
 
 #include <windows.h>
@@ -50,6 +51,7 @@ int PickIconDlg(HWND owner, std::span<char16_t> file, std::int32_t& index) {
     Chooser choose = nullptr;
     static_assert(sizeof choose == sizeof found);
     std::memcpy(&choose, &found, sizeof choose);
+    const win32::HoldAll hold;
     int chosen = index;
     const int result = choose(win32::native(owner), reinterpret_cast<wchar_t*>(file.data()),
                               static_cast<UINT>(file.size()), &chosen);

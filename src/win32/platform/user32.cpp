@@ -72,7 +72,8 @@ HWND SetParent(HWND child, HWND parent) {
         changeStyle(native(child), WS_POPUP, WS_CHILD);
     }
     const ::HWND former = ::SetParent(native(child), native(parent));
-    if (parent == HWND::none)
+    const bool refused = former == nullptr && parent != HWND::none;
+    if (parent == HWND::none || refused)
         changeStyle(native(child), WS_CHILD, WS_POPUP);
     return neutral(former);
 }

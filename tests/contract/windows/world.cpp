@@ -17,7 +17,7 @@ namespace contract {
 
 namespace {
 
-constexpr ULONGLONG patience = 10'000; // milliseconds
+constexpr ULONGLONG patience = 30'000; // milliseconds
 
 platform::HWND handleFrom(const std::string& answer) {
     return platform::HWND{static_cast<std::uintptr_t>(std::stoull(answer))};

@@ -1,0 +1,126 @@
+// What ticking and building toolbars leave behind: counted, since a program that runs all day may leave
+// nothing but what it leaves on purpose.
+#include "contract/world.h"
+#include "core/hauptform.h"
+#include "platform/system.h"
+#include "store/buttonLists.h"
+#include "toolbars/frmToolbar.h"
+#include "win32/forms/modal.h"
+
+#include <doctest/doctest.h>
+
+#include <windows.h>
+
+#include <winternl.h>
+
+#include <cstring>
+#include <vector>
+
+namespace {
+
+/// As the system documents it for SystemHandleInformation.
+struct HandleEntry {
+    USHORT process;
+    USHORT backTrace;
+    UCHAR type;
+    UCHAR attributes;
+    USHORT value;
+    void* object;
+    ULONG access;
+};
+
+struct HandleTable {
+    ULONG count;
+    HandleEntry entries[1];
+};
+
+/// Handles of this process. Wine's own count of them is not to be had otherwise.
+int openHandles() {
+    constexpr auto handleInformation = static_cast<SYSTEM_INFORMATION_CLASS>(16);
+    std::vector<char> buffer(1U << 20U);
+    ULONG needed = 0;
+    REQUIRE(NtQuerySystemInformation(handleInformation, buffer.data(), static_cast<ULONG>(buffer.size()),
+                                     &needed) == 0);
+    const auto* const table = reinterpret_cast<const HandleTable*>(buffer.data());
+    int own = 0;
+    for (ULONG index = 0; index < table->count; ++index)
+        if (table->entries[index].process == static_cast<USHORT>(GetCurrentProcessId()))
+            ++own;
+    return own;
+}
+
+BOOL CALLBACK countWindow(HWND /*window*/, LPARAM counter) {
+    ++*reinterpret_cast<int*>(counter);
+    return TRUE;
+}
+
+int openWindows() {
+    int own = 0;
+    EnumThreadWindows(GetCurrentThreadId(), countWindow, reinterpret_cast<LPARAM>(&own));
+    return own;
+}
+
+void fillBoardButtons() {
+    store::boardButtons = {};
+    store::boardButtons.redim(20);
+    for (int row = 1; row <= 20; ++row) {
+        store::ToolButton& button = store::boardButtons[row];
+        button.name = "b";
+        button.icon = platform::programFolder() + "\\contract-data\\brd.ico,0";
+        button.type = 1;
+        button.live = 1;
+    }
+}
+
+} // namespace
+
+TEST_CASE("a tick leaves one handle open, the snapshot of the process walk, and nothing else") {
+    const contract::World world;
+    core::Hauptform form;
+    form.setWindow();
+    const int before = openHandles();
+    constexpr int ticks = 100;
+    for (int tick = 0; tick < ticks; ++tick)
+        form.setWindow();
+    CHECK(openHandles() - before == ticks);
+}
+
+TEST_CASE("building a toolbar again and again leaves neither handles nor windows") {
+    const contract::World world;
+    fillBoardButtons();
+    toolbars::frmToolbarBRD form;
+    form.load();
+    form.show();
+    const auto build = [&form] {
+        form.loadVarBar();
+        win32::servePending();
+    };
+    build();
+    const int handles = openHandles();
+    const int windows = openWindows();
+    for (int round = 0; round < 30; ++round)
+        build();
+    CHECK(form.toolbar.buttons().size() == 21);
+    CHECK(openHandles() == handles);
+    CHECK(openWindows() == windows);
+    store::boardButtons = {};
+}
+
+TEST_CASE("forms that come and go leave neither handles nor windows") {
+    const contract::World world;
+    const auto comeAndGo = [] {
+        toolbars::frmToolbarSCH form;
+        form.loadVarBar();
+        form.show();
+        win32::servePending();
+        form.unload();
+        win32::servePending();
+    };
+    comeAndGo();
+    const int handles = openHandles();
+    const int windows = openWindows();
+    for (int round = 0; round < 30; ++round)
+        comeAndGo();
+    CHECK(openHandles() == handles);
+    CHECK(openWindows() == windows);
+}
