@@ -15,10 +15,10 @@ class Screen:
     def point(self, x, y):
         self._xdotool("mousemove", x, y)
 
-    def click(self, x, y):
+    def click(self, x, y, button=1):
         # In two steps, as a hand does it: buttons that light up under the mouse see it come first.
         self.point(x - 1, y)
-        self._xdotool("mousemove", x, y, "click", 1)
+        self._xdotool("mousemove", x, y, "click", button)
 
     def drag(self, start, end, steps=8):
         """Presses the button at the one place and lets it go at the other."""

@@ -31,7 +31,7 @@ class Stage:
     """Use it in a with statement. `bits` is win32 or win64, `pictures` the folder for screenshots."""
 
     def __init__(self, bits, pictures):
-        self._bits = bits
+        self.bits = bits
         self._pictures = pictures
         self._display = Display()
         try:
@@ -59,7 +59,7 @@ class Stage:
         self.close()
 
     def start_eagle(self, name="eagle", arguments=""):
-        return Eagle(self.prefix, self.witness, paths.built(self._bits, "eagle.exe"), name, arguments)
+        return Eagle(self.prefix, self.witness, paths.built(self.bits, "eagle.exe"), name, arguments)
 
     def three_editors(self, eagle):
         """A board, a schematic and a library beside each other, by kind; all their upper right corners are free."""
