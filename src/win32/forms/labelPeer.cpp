@@ -16,7 +16,7 @@ namespace {
 class LabelPeer : public WindowPeer {
   public:
     explicit LabelPeer(forms::Label& label) : WindowPeer(label), label_(label) {
-        createChild("STATIC", label.caption(), styleOf(label), label.border ? WS_EX_STATICEDGE : 0U);
+        createChild("STATIC", label.caption(), styleOf(label));
         fit();
     }
 
@@ -55,7 +55,8 @@ class LabelPeer : public WindowPeer {
 
   private:
     static DWORD styleOf(const forms::Label& label) {
-        constexpr DWORD common = SS_NOTIFY; // without it the window would not hear the mouse
+        // Without the notification the window would not hear the mouse.
+        const DWORD common = SS_NOTIFY | (label.border ? WS_BORDER : 0U);
         if (label.alignment == forms::Alignment::right)
             return common | SS_RIGHT;
         if (label.alignment == forms::Alignment::centre)
