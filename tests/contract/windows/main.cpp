@@ -26,12 +26,18 @@ int report() {
     return MoveFileExA((file + ".new").c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE ? 0 : 1;
 }
 
+/// The test that runs; null outside the run, where the framework has no state to ask.
+const doctest::TestCaseData* runningTest() {
+    const doctest::ContextOptions* const options = doctest::getContextOptions();
+    return options == nullptr ? nullptr : options->currentTest;
+}
+
 /// Ends the program when one test goes on for ever, in a message box for instance.
 void watch() {
     const doctest::TestCaseData* seen = nullptr;
     ULONGLONG since = GetTickCount64();
     for (;; Sleep(500)) {
-        const doctest::TestCaseData* running = doctest::getContextOptions()->currentTest;
+        const doctest::TestCaseData* running = runningTest();
         if (running != seen) {
             seen = running;
             since = GetTickCount64();
@@ -52,7 +58,7 @@ bool windowsCanBeMade() {
 
 /// Ends the program at a fault with what is known of it; the system would ask a debugger first.
 LONG WINAPI fault(EXCEPTION_POINTERS* what) {
-    const doctest::TestCaseData* running = doctest::getContextOptions()->currentTest;
+    const doctest::TestCaseData* running = runningTest();
     std::fprintf(stderr, "fault 0x%08lX at %p in this test: %s\n", what->ExceptionRecord->ExceptionCode,
                  what->ExceptionRecord->ExceptionAddress, running == nullptr ? "none" : running->m_name);
     ExitProcess(4);
