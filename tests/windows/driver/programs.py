@@ -84,9 +84,9 @@ class Witness(Program):
         if not self.wait_for("ready", seconds=60):
             raise RuntimeError("the witness does not start")
 
-    def look(self):
-        """The desktop at this moment."""
-        self.order("dump", self.FOLDER + "\\dump.txt")
+    def look(self, window=None):
+        """The desktop at this moment; with a top-level window's handle nothing but this window, which is quicker."""
+        self.order("dump", self.FOLDER + "\\dump.txt", *([window] if window else []))
         return Desktop(fields.lines_of(self._dump.read_text(encoding="utf-8")))
 
     def run(self, line):

@@ -84,12 +84,13 @@ class Stage:
             self.write_settings(settings)
         return self.witness.run(KESTREL + "\\kestrel.exe")
 
-    def look(self):
-        return self.witness.look()
+    def look(self, editor=None):
+        """The desktop, or one editor with what is in it."""
+        return self.witness.look(editor and editor.handle)
 
     def toolbars(self, editor, desktop=None):
         """Those in the editor window now."""
-        window = (desktop or self.look()).windows.get(editor.handle)
+        window = (desktop or self.look(editor)).windows.get(editor.handle)
         forms = [child for child in (window.children if window else []) if child.class_name == "KestrelForm"]
         found = []
         for form in forms:
@@ -122,7 +123,7 @@ class Stage:
         return fields[0]
 
     def command_field(self, editor):
-        return self._field(editor, self.look())
+        return self._field(editor, self.look(editor))
 
     def command_field_focused(self, editor):
         """Whether Windows has the keyboard's focus in the editor's command field."""

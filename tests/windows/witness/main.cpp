@@ -2,7 +2,7 @@
 // stands apart from the stand-in EAGLE, so that it goes on seeing while that one hangs. It obeys orders
 // until it is told to quit:
 //
-//   dump FILE                 writes what stands on the desktop (windowTree.h) to a file
+//   dump FILE [WINDOW]        writes what stands on the desktop, or in one window, (windowTree.h) to a file
 //   run LINE                  starts a command line exactly as given; answers with the process id, and the
 //                             journal tells "exited" with id and code when it has ended
 //   ping WINDOW MILLISECONDS  answers with the milliseconds that the window took to answer; fails if it did
@@ -26,12 +26,16 @@
 
 using orders::Order;
 
+static HWND windowAt(const Order& order, size_t index) {
+    return reinterpret_cast<HWND>(static_cast<UINT_PTR>(order.numberAt(index)));
+}
+
 static void orderDump(const Order& order) {
     const HANDLE file =
         CreateFileW(order.word(0).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         return orders::failed(order, L"cannot write the file");
-    const std::string tree = windowTree::dump();
+    const std::string tree = windowTree::dump(windowAt(order, 1));
     DWORD written = 0;
     WriteFile(file, tree.data(), static_cast<DWORD>(tree.size()), &written, nullptr);
     CloseHandle(file);
@@ -55,10 +59,6 @@ static void orderRun(const Order& order) {
         CloseHandle(started.hProcess);
         journal::write("exited", {std::to_wstring(started.dwProcessId), std::to_wstring(code)});
     }).detach();
-}
-
-static HWND windowAt(const Order& order, size_t index) {
-    return reinterpret_cast<HWND>(static_cast<UINT_PTR>(order.numberAt(index)));
 }
 
 static void orderPing(const Order& order) {

@@ -129,9 +129,12 @@ static std::string processes() {
     return result;
 }
 
-std::string dump() {
+std::string dump(HWND only) {
     std::vector<HWND> windows;
-    EnumWindows(collect, reinterpret_cast<LPARAM>(&windows));
+    if (!only)
+        EnumWindows(collect, reinterpret_cast<LPARAM>(&windows));
+    else if (IsWindow(only))
+        windows.push_back(only);
     Look look;
     std::string result;
     for (const HWND window : windows) {

@@ -10,10 +10,13 @@
 // Top-level windows stand in window order, children behind their parents in their order. All rectangles are
 // in screen pixels.
 #pragma once
+#include <windows.h>
+
 #include <string>
 
 namespace windowTree {
 
-std::string dump();
+// Of all top-level windows and what is in them, or of one only.
+std::string dump(HWND only = nullptr);
 
 } // namespace windowTree
