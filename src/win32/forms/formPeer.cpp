@@ -74,8 +74,8 @@ class FormPeer : public ContainerPeer {
         const int left = form.activates ? forms::toPixels(form.left()) : offScreen;
         const int top = form.activates ? forms::toPixels(form.top()) : offScreen;
         adopt(CreateWindowExA(exStyle, formClass, form.caption().c_str(), style, left, top,
-                              forms::toPixels(form.width()), forms::toPixels(form.height()),
-                              owner(exStyle), nullptr, GetModuleHandleA(nullptr), nullptr));
+                              forms::toPixels(form.width()), forms::toPixels(form.height()), owner(exStyle),
+                              nullptr, GetModuleHandleA(nullptr), nullptr));
         if (handle() == nullptr)
             return;
         known_ = handle();
@@ -171,7 +171,8 @@ class FormPeer : public ContainerPeer {
     }
 
   private:
-    /// A form that the task bar is not to show is owned by the program's hidden window, unless it is to be hosted.
+    /// A form that the task bar is not to show is owned by the program's hidden window, unless it is to be
+    /// hosted.
     HWND owner(DWORD exStyle) const {
         return !form_.showInTaskbar && (exStyle & WS_EX_TOOLWINDOW) == 0 ? hiddenWindow() : nullptr;
     }
@@ -222,8 +223,8 @@ class FormPeer : public ContainerPeer {
                          SWP_SHOWWINDOW | SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER);
     }
 
-    /// The window that was in front before gets the keyboard back while ours still stands: otherwise the system would
-    /// choose one. Unless the user has gone elsewhere meanwhile.
+    /// The window that was in front before gets the keyboard back while ours still stands: otherwise the
+    /// system would choose one. Unless the user has gone elsewhere meanwhile.
     void hide() {
         leaving(form_);
         if (keeper_ && GetForegroundWindow() != handle())
@@ -235,14 +236,17 @@ class FormPeer : public ContainerPeer {
     /// The user can make a tool window as narrow as one button.
     LRESULT limitSize(UINT message, WPARAM wParam, LPARAM lParam) {
         const LRESULT result = defaultMessage(message, wParam, lParam);
-        if (form_.borderStyle == forms::BorderStyle::sizableToolWindow || form_.borderStyle == forms::BorderStyle::none)
-            reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {1, 1}; // NOLINT(performance-no-int-to-ptr)
+        if (form_.borderStyle == forms::BorderStyle::sizableToolWindow ||
+            form_.borderStyle == forms::BorderStyle::none)
+            reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {1,
+                                                                     1}; // NOLINT(performance-no-int-to-ptr)
         return result;
     }
 
     HCURSOR cursor() const {
-        return LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(
-                                        form_.mousePointer() == forms::MousePointer::hourglass ? IDC_WAIT : IDC_ARROW));
+        return LoadCursorA(
+            nullptr, reinterpret_cast<LPCSTR>(
+                         form_.mousePointer() == forms::MousePointer::hourglass ? IDC_WAIT : IDC_ARROW));
     }
 
     HWND windowOf(const std::function<bool(const forms::CommandButton&)>& fits) const {
@@ -340,7 +344,8 @@ class FramePeer : public ContainerPeer {
         constexpr LONG indent = 9;
         RECT text{whole.left + indent, whole.top, whole.right - indent, whole.top + height};
         SetBkColor(dc, background().value_or(GetSysColor(COLOR_BTNFACE)));
-        const COLORREF colour = frame_.foreColour() ? nativeColour(*frame_.foreColour()) : GetSysColor(COLOR_BTNTEXT);
+        const COLORREF colour =
+            frame_.foreColour() ? nativeColour(*frame_.foreColour()) : GetSysColor(COLOR_BTNTEXT);
         SetTextColor(dc, IsWindowEnabled(handle()) != FALSE ? colour : GetSysColor(COLOR_GRAYTEXT));
         DrawTextA(dc, frame_.caption().c_str(), -1, &text, DT_LEFT | DT_SINGLELINE);
     }
