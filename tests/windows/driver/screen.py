@@ -21,12 +21,12 @@ class Screen:
         self._xdotool("mousemove", x, y, "click", button)
 
     def drag(self, start, end, steps=8):
-        """Presses the button at the one place and lets it go at the other."""
+        """Presses the button at the one place and lets it go at the other, at the speed of a quick hand."""
         self.point(*start)
-        self._xdotool("mousedown", 1)
+        way = ["mousedown", 1]
         for step in range(1, steps + 1):
-            self.point(*(a + (b - a) * step // steps for a, b in zip(start, end)))
-        self._xdotool("mouseup", 1)
+            way += ["sleep", 0.03, "mousemove", *(a + (b - a) * step // steps for a, b in zip(start, end))]
+        self._xdotool(*way, "sleep", 0.03, "mouseup", 1)
 
     def type(self, text):
         self._xdotool("type", "--delay", 15, text)

@@ -26,6 +26,11 @@ class Toolbar:
         """Those that can be clicked, in their order; the last is "Config"."""
         return [button for button in self.bar.buttons if not button.separator]
 
+    @property
+    def fits(self):
+        """Whether the form shows all rows of its buttons and nothing more."""
+        return self.bar.buttons and max(button.place.bottom for button in self.buttons) == self.form.client.bottom
+
 
 class Stage:
     """Use it in a with statement. `bits` is win32 or win64, `pictures` the folder for screenshots."""
@@ -100,10 +105,10 @@ class Stage:
         return found
 
     def toolbar(self, editor, seconds=LIMIT):
-        """Waits for the editor's toolbar, finished with its buttons; None if it does not come."""
+        """Waits for the editor's toolbar, finished and at rest; None if it does not come."""
         def find():
             found = self.toolbars(editor)
-            return found[0] if found and found[0].bar.buttons else None
+            return found[0] if found and found[0].fits and self.toolbars(editor) == found else None
         return poll(find, seconds)
 
     def click_button(self, editor, number):
