@@ -33,12 +33,13 @@ class Toolbar:
 
 
 class Stage:
-    """Use it in a with statement. `bits` is win32 or win64, `pictures` the folder for screenshots."""
+    """Use it in a with statement. `bits` is win32 or win64, `pictures` the folder for screenshots. Without a display it
+    makes a virtual one of its own."""
 
-    def __init__(self, bits, pictures):
+    def __init__(self, bits, pictures, display=None):
         self.bits = bits
         self._pictures = pictures
-        self._display = Display()
+        self._display = display or Display()
         try:
             self.screen = Screen(self._display)
             self.prefix = Prefix(self._display)
