@@ -98,10 +98,15 @@ def fields(checks, stage, controls):
 def choices(checks, stage, controls):
     stage.screen.key("alt+l")
     checks.that(controls.told("size", "1"), "an option button's mnemonic chooses it")
-    stage.screen.key("Down", "Down")
-    checks.that(controls.told("size", "2") and controls.told("size", "0"), "arrow keys choose, round about")
+    stage.screen.key("shift+Tab")
+    checks.that(controls.focused(controls.of_class("Edit")[0]), "a group is one stop of the Tab key")
+    stage.screen.key("Tab")
+    checks.that(controls.focused(controls.control("Large")), "that is the button that is on")
+    stage.screen.key("Down", "Down", "Up")
+    checks.that(controls.told("size", "2") and controls.told("size", "0") and controls.told("size", "2"),
+                "arrow keys choose, round about")
     stage.screen.key("Tab", "space")
-    checks.that(controls.told("part 0", "1"), "a group is one stop of the Tab key; a check box takes the blank")
+    checks.that(controls.told("part 0", "1"), "a check box takes the blank")
     checks.that(not controls.control("Schematic, always").enabled, "a disabled check box is a disabled window")
     stage.screen.click(*controls.control("Large").place.middle)
     checks.that(controls.told("size", "1"), "a click chooses")
