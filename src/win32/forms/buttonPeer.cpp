@@ -1,5 +1,5 @@
 // Command button, check box and option button. The window never changes its own mark: it follows the model.
-#include "win32/forms/imageStrip.h"
+#include "win32/forms/bitmaps.h"
 #include "win32/forms/peers.h"
 #include "win32/forms/windowPeer.h"
 

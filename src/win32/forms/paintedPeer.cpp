@@ -1,5 +1,7 @@
 #include "win32/forms/paintedPeer.h"
 
+#include "win32/forms/bitmaps.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <vector>
@@ -66,15 +68,9 @@ void paintPicture(HDC dc, const RECT& area, const forms::Picture& picture, COLOR
         for (int x = 0; x < std::min(width, picture.width()); ++x)
             pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
                    static_cast<std::size_t>(x)] = over(picture.pixel(x, y), back);
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = -height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    info.bmiHeader.biCompression = BI_RGB;
+    const BITMAPINFO layout = bitmapLayout(width, height);
     SetDIBitsToDevice(dc, area.left, area.top, static_cast<DWORD>(width), static_cast<DWORD>(height), 0, 0, 0,
-                      static_cast<UINT>(height), pixels.data(), &info, DIB_RGB_COLORS);
+                      static_cast<UINT>(height), pixels.data(), &layout, DIB_RGB_COLORS);
 }
 
 } // namespace win32

@@ -1,6 +1,8 @@
 // The drawing surface in memory: a 32-bit bitmap selected into a device context.
 #include "forms/surface.h"
 
+#include "win32/forms/bitmaps.h"
+
 #include <windows.h>
 
 #include <cstddef>
@@ -20,20 +22,11 @@ struct Surface::Impl {
 };
 
 Surface::Surface(int width, int height, Colour colour) : impl_(std::make_unique<Impl>()) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = -height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    info.bmiHeader.biCompression = BI_RGB;
-    void* memory = nullptr;
     impl_->width = width;
     impl_->height = height;
     impl_->dc = CreateCompatibleDC(nullptr);
-    impl_->bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &memory, nullptr, 0);
+    impl_->bitmap = win32::makeBitmap(width, height, impl_->pixels);
     impl_->former = SelectObject(impl_->dc, impl_->bitmap);
-    impl_->pixels = static_cast<std::uint32_t*>(memory);
     clear(colour);
 }
 

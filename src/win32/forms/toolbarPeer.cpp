@@ -1,5 +1,5 @@
 // A toolbar: the system's own control. Its rows are those of the model, so that both agree on the height.
-#include "win32/forms/imageStrip.h"
+#include "win32/forms/bitmaps.h"
 #include "win32/forms/peers.h"
 #include "win32/forms/windowPeer.h"
 

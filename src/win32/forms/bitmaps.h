@@ -8,7 +8,15 @@
 
 #include <commctrl.h>
 
+#include <cstdint>
+
 namespace win32 {
+
+/// How the pixels of our pictures stand in memory: 32 bits each, rows from the top.
+BITMAPINFO bitmapLayout(int width, int height);
+
+/// An empty bitmap of that layout; `pixels` gets its memory, null on failure. The caller's to delete.
+HBITMAP makeBitmap(int width, int height, std::uint32_t*& pixels);
 
 /// A 32-bit bitmap of a picture, with its alpha. The caller's to delete.
 HBITMAP bitmapOf(const forms::Picture& picture);

@@ -1,14 +1,11 @@
-#include "win32/forms/imageStrip.h"
+#include "win32/forms/bitmaps.h"
 
 #include <cstdint>
 #include <cstring>
 
 namespace win32 {
 
-namespace {
-
-/// An empty bitmap, rows from the top; `pixels` gets its memory.
-HBITMAP makeBitmap(int width, int height, std::uint32_t*& pixels) {
+BITMAPINFO bitmapLayout(int width, int height) {
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof info.bmiHeader;
     info.bmiHeader.biWidth = width;
@@ -16,13 +13,16 @@ HBITMAP makeBitmap(int width, int height, std::uint32_t*& pixels) {
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = 32;
     info.bmiHeader.biCompression = BI_RGB;
+    return info;
+}
+
+HBITMAP makeBitmap(int width, int height, std::uint32_t*& pixels) {
+    const BITMAPINFO info = bitmapLayout(width, height);
     void* memory = nullptr;
     const HBITMAP bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &memory, nullptr, 0);
     pixels = static_cast<std::uint32_t*>(memory);
     return bitmap;
 }
-
-} // namespace
 
 HBITMAP bitmapOf(const forms::Picture& picture) {
     std::uint32_t* pixels = nullptr;
