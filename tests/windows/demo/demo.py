@@ -1,120 +1,140 @@
-"""The program's main job beside the stand-in EAGLE, for people: played and pictured, or left to the user.
+#!/usr/bin/env python3
+"""Shows Kestrel beside the stand-in EAGLE. On a display the windows are the user's; without one the scene is played
+in a virtual display, each step is printed with what it saw, and pictures and result.txt are left in build/demo.
 
-Started by run.sh. Without a display the scene is played in a virtual one; pictures and result.txt are left in build/demo.
+Started by run.sh. docs/toolbars.png is a copy of the picture 1-toolbars.png.
 """
 
-import os
-import subprocess
+import shutil
 import sys
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1]))
 
 from driver import paths, settings  # noqa: E402, the way to it stands above
+from driver.checks import Checks  # noqa: E402
+from driver.desktop import Rect  # noqa: E402
+from driver.display import UserDisplay  # noqa: E402
 from driver.stage import Stage  # noqa: E402
 from driver.waiting import poll  # noqa: E402
 
-FOLDER = paths.BUILD / "demo"
 BITS = "win32"
+PICTURES = paths.BUILD / "demo"
+SCREEN_USED = Rect(0, 0, 1300, 900)  # by the three editors
+FILE = "C:\\work\\panelize.ulp"
+SETTINGS = paths.DEMO_SETTINGS.read_text(encoding="cp1252")
 
 
-class UsersDisplay:
-    """The display that the user sits at."""
+def number(kind, name):
+    """Place of a button in the toolbar of a kind."""
+    return [row["name"] for row in settings.buttons(SETTINGS, kind)].index(name)
 
-    def __init__(self):
-        self.name = os.environ["DISPLAY"]
-        self.environment = dict(os.environ)
 
-    def close(self):
+def appear(stage, checks, editors):
+    for kind, editor in editors.items():
+        toolbar = stage.toolbar(editor)
+        seen = "none"
+        if toolbar:
+            host = stage.look(editor).windows[editor.handle]
+            left, top = toolbar.form.place.left - host.client.left, toolbar.form.place.top - host.client.top
+            seen = f"{len(toolbar.buttons)} buttons at {left}, {top} in a window {host.place.width} wide"
+        checks.that(toolbar, f"{kind}: a toolbar stands in the window: {seen}")
+        checks.that(stage.painted(editor), f"{kind}: all its buttons are painted")
+    stage.picture("1-toolbars", SCREEN_USED)
+
+
+def typed(checks, kind, editor, before, expected, how):
+    poll(lambda: len(editor.executed()) > before)
+    came = editor.executed()[before:]
+    checks.that(came == [expected], f"{kind}: {how}; its command field ran {came}", f"expected {expected!r}")
+
+
+def click(stage, checks, kind, editor, name, expected):
+    before = len(editor.executed())
+    stage.click_button(editor, number(kind, name))
+    typed(checks, kind, editor, before, expected, f"a click on \"{name}\"")
+
+
+def ask(stage, checks, kind, editor, name, title, answer, expected, picture):
+    before = len(editor.executed())
+    stage.click_button(editor, number(kind, name))
+    dialog = poll(lambda: stage.look().top(title))
+    if not checks.that(dialog, f"{kind}: a click on \"{name}\" opens the dialog \"{title}\""):
+        return
+    stage.wait_for_focus(dialog[0].handle)
+    stage.screen.type(answer)
+    stage.picture(picture)
+    stage.screen.key("Return")
+    typed(checks, kind, editor, before, expected, f"{answer} and Enter")
+
+
+def tip(stage, checks, editor):
+    place = stage.toolbar(editor).buttons[number("library", "Layers")].place
+    stage.screen.point(place.left, place.bottom + 200)
+    stage.screen.point(*place.middle)
+    checks.that(poll(lambda: stage.look().top(class_name="tooltips_class32")),
+                "library: a tool tip comes under the mouse")
+    stage.picture("5-tool-tip", SCREEN_USED)
+
+
+def play(stage, checks):
+    stage.prefix.path(FILE).parent.mkdir()
+    stage.prefix.path(FILE).write_text("// nothing\n", encoding="ascii")
+    eagle = stage.start_eagle()
+    editors = stage.three_editors(eagle)
+    checks.say("   EAGLE shows " + ", ".join(window.text for window in stage.look().top(class_name="EagleEditor")))
+    kestrel = stage.start_kestrel(SETTINGS)
+    board, schematic, library = editors.values()
+    appear(stage, checks, editors)
+    click(stage, checks, "board", board, "Ratsnest", "ratsnest")
+    click(stage, checks, "schematic", schematic, "ERC", "erc")
+    click(stage, checks, "library", library, "Grid mm", "grid mm 0.5 on")
+    for editor in editors.values():
+        stage.painted(editor)
+    stage.picture("2-clicked", SCREEN_USED)
+    ask(stage, checks, "board", board, "Rip up", "Input Parameter", "GND", "ripup GND", "3-input-box")
+    ask(stage, checks, "schematic", schematic, "Run ULP", "Which program?", FILE, f"run {FILE}", "4-file-dialog")
+    tip(stage, checks, library)
+    eagle.order("quit")
+    code = stage.witness.exit_code(kestrel)
+    checks.that(code == 0, f"EAGLE is closed; Kestrel ends itself a few seconds later with code {code}")
+
+
+def leave_to_user(stage):
+    eagle = stage.start_eagle()
+    stage.three_editors(eagle)
+    kestrel = stage.start_kestrel(SETTINGS)
+    print("The windows are yours: click the toolbars in the three editor windows.")
+    print("Close EAGLE's control panel to end, Kestrel follows some seconds later; or press Ctrl+C.", flush=True)
+    try:
+        while stage.witness.exit_code(kestrel) is None:
+            pass
+    except KeyboardInterrupt:
         pass
 
 
-def display_of_the_user():
-    """None if there is none that answers."""
-    if not os.environ.get("DISPLAY"):
-        return None
-    answers = subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], capture_output=True, check=False)
-    return UsersDisplay() if answers.returncode == 0 else None
+class Report(Checks):
+    """Keeps in result.txt what it prints."""
 
-
-class Report:
-    """Says each step and keeps it for result.txt."""
-
-    def __init__(self):
-        self.lines = []
-        self.good = True
-
-    def step(self, words, seen):
-        """`seen` is what was found, or nothing if it was not."""
-        self.good = self.good and bool(seen)
-        self.lines.append(f"{'ok  ' if seen else 'FAIL'}  {words}" + (f": {seen}" if isinstance(seen, str) else ""))
-        print(self.lines[-1], flush=True)
-
-    def write(self):
-        self.lines.append("the main job works" if self.good else "the main job does not work")
-        print(self.lines[-1])
-        (FOLDER / "result.txt").write_text("\n".join(self.lines) + "\n", encoding="utf-8")
-
-
-def set_up(stage):
-    """EAGLE with its three editors, and Kestrel; gives both."""
-    eagle = stage.start_eagle()
-    editors = stage.three_editors(eagle)
-    text = paths.DEMO_SETTINGS.read_text(encoding="cp1252") + "\n[toolbar]\nautoToolbar=1\n"
-    stage.start_kestrel(text)
-    return eagle, editors
-
-
-def clicked(stage, kind, editor):
-    """Clicks the first button of the editor's toolbar; gives the command that arrived, if it is the right one."""
-    expected = settings.buttons(stage.settings(), kind)[0]["path"]
-    before = len(editor.executed())
-    stage.click_button(editor, 0)
-    poll(lambda: len(editor.executed()) > before)
-    arrived = editor.executed()[before:]
-    return f"\"{arrived[0]}\"" if arrived == [expected] else None
-
-
-def play():
-    report = Report()
-    FOLDER.mkdir(parents=True, exist_ok=True)
-    with Stage(BITS, FOLDER) as stage:
-        _, editors = set_up(stage)
-        report.step("EAGLE has opened its editors", ", ".join(editors))
-        for kind, editor in editors.items():
-            bar = stage.toolbar(editor)
-            report.step(f"a toolbar stands in the {kind} window",
-                        bar and f"{len(bar.buttons)} buttons, {bar.form.place.width} by {bar.form.place.height} pixels")
-        stage.picture("1-toolbars")
-        for kind, editor in editors.items():
-            report.step(f"a click on the first button of the {kind} toolbar types its command into EAGLE",
-                        clicked(stage, kind, editor))
-        stage.picture("2-clicked")
-        bar = stage.toolbar(editors["board"])
-        stage.screen.point(*bar.buttons[2].place.middle)
-        report.step("a tool tip comes when the mouse rests on a button",
-                    bool(poll(lambda: stage.look().top(class_name="tooltips_class32"))))
-        stage.picture("3-tip")
-    report.write()
-    print(f"pictures are in {FOLDER}")
-    return 0 if report.good else 1
-
-
-def leave_to_user(display):
-    with Stage(BITS, FOLDER, display) as stage:
-        eagle, _ = set_up(stage)
-        print("The windows are yours. Close EAGLE's control panel, or press Ctrl+C, to end.", flush=True)
-        try:
-            while stage.witness.runs(eagle.process):
-                poll(lambda: not stage.witness.runs(eagle.process), 3600)
-        except KeyboardInterrupt:
-            pass
-    return 0
+    def say(self, line):
+        super().say(line)
+        with (PICTURES / "result.txt").open("a", encoding="utf-8") as file:
+            print(line, file=file)
 
 
 def main():
-    display = display_of_the_user()
-    return leave_to_user(display) if display else play()
+    if UserDisplay.there():
+        with Stage(BITS, PICTURES, UserDisplay()) as stage:
+            leave_to_user(stage)
+        return 0
+    shutil.rmtree(PICTURES, ignore_errors=True)
+    PICTURES.mkdir(parents=True)
+    checks = Report()
+    with Stage(BITS, PICTURES) as stage:
+        play(stage, checks)
+    checks.say(f"   pictures in {PICTURES}: {', '.join(sorted(file.name for file in PICTURES.glob('*.png')))}")
+    checks.say(checks.summary())
+    return 1 if checks.failed else 0
 
 
 if __name__ == "__main__":

@@ -6,14 +6,17 @@ class Checks:
         self.passed = 0
         self.failed = 0
 
+    def say(self, line):
+        print(line, flush=True)
+
     def that(self, condition, words, seen=""):
         """`words` tell what should be so; `seen` is printed when it is not."""
         if condition:
             self.passed += 1
-            print(f"   ok    {words}", flush=True)
+            self.say(f"   ok    {words}")
         else:
             self.failed += 1
-            print(f"   FAIL  {words}" + (f"; seen: {seen}" if seen != "" else ""), flush=True)
+            self.say(f"   FAIL  {words}" + (f"; seen: {seen}" if seen != "" else ""))
         return bool(condition)
 
     def equal(self, seen, expected, words):

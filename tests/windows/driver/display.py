@@ -32,6 +32,9 @@ class Display:
         if not poll(self._managed):
             self.close()
             raise RuntimeError("the window manager does not start")
+        # A plain colour behind the windows, so that their edges are seen in pictures. It reports a failure always.
+        subprocess.run(["display", "-window", "root", "-size", f"{WIDTH}x{HEIGHT}", "xc:#3A6EA5"],
+                       env=self.environment, stderr=subprocess.DEVNULL, check=False)
         self._clients.append(self._start("trayer", "--edge", "bottom", "--align", "right", "--SetDockType", "true",
                                          "--widthtype", "pixel", "--width", "200", "--heighttype", "pixel",
                                          "--height", str(TRAY_HEIGHT)))
@@ -56,6 +59,22 @@ class Display:
 
     def __exit__(self, *_):
         self.close()
+
+
+class UserDisplay:
+    """The display that the user sits at, used as it is."""
+
+    def __init__(self):
+        self.environment = dict(os.environ)
+
+    @staticmethod
+    def there():
+        """Whether there is one that answers."""
+        return bool(os.environ.get("DISPLAY")) and subprocess.run(
+            ["xdpyinfo"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False).returncode == 0
+
+    def close(self):
+        """It stays."""
 
 
 if __name__ == "__main__":

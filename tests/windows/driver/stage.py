@@ -12,6 +12,7 @@ from driver.screen import Screen
 from driver.waiting import LIMIT, poll
 
 KESTREL = "C:\\kestrel"
+PLAIN = 3  # colours of a button that has no picture, under the mouse or not
 
 
 @dataclass
@@ -68,12 +69,12 @@ class Stage:
         return Eagle(self.prefix, self.witness, paths.built(self.bits, "eagle.exe"), name, arguments)
 
     def three_editors(self, eagle):
-        """A board, a schematic and a library beside each other, by kind; all their upper right corners are free."""
+        """A board, a schematic and a library, by kind, that do not cover each other; EAGLE's control panel is covered."""
         editors = {"board": eagle.open("board", "C:\\work\\demo.brd"),
                    "schematic": eagle.open("schematic", "C:\\work\\demo.sch"),
                    "library": eagle.open("library", "C:\\work\\parts.lbr")}
-        for editor, (left, top) in zip(editors.values(), ((0, 20), (800, 20), (400, 610))):
-            editor.place(left, top, 790, 560)
+        for editor, (left, top) in zip(editors.values(), ((0, 0), (660, 0), (330, 460))):
+            editor.place(left, top, 640, 440)
         return editors
 
     def write_settings(self, text):
@@ -112,6 +113,11 @@ class Stage:
             return found[0] if found and found[0].fits and self.toolbars(editor) == found else None
         return poll(find, seconds)
 
+    def painted(self, editor, seconds=LIMIT):
+        """Waits until each button of the editor's toolbar shows a picture."""
+        places = [button.place for button in self.toolbar(editor).buttons]
+        return poll(lambda: min(self.screen.colours_of(places)) > PLAIN, seconds)
+
     def click_button(self, editor, number):
         """A click with the mouse on a toolbar's button, counted from 0, separators not counted."""
         self.screen.click(*self.toolbar(editor).buttons[number].place.middle)
@@ -136,5 +142,6 @@ class Stage:
         desktop = self.look()
         return desktop.foreground == editor.handle and desktop.focus == self._field(editor, desktop).handle
 
-    def picture(self, name):
-        self.screen.picture(self._pictures / f"{name}.png")
+    def picture(self, name, part=None):
+        """Leaves a picture of the screen, or of a rectangle of it."""
+        self.screen.picture(self._pictures / f"{name}.png", part)

@@ -161,9 +161,14 @@ void paint(HDC dc, const RECT& area, Kind kind) {
     SetMapMode(dc, MM_ISOTROPIC);
     SetWindowExtEx(dc, sheetWidth, sheetHeight, nullptr);
     SetViewportExtEx(dc, area.right - area.left, area.bottom - area.top, nullptr);
+    const HFONT font =
+        CreateFontW(-18, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_TT_ONLY_PRECIS,
+                    CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, L"Arial");
+    SelectObject(dc, font);
     static constexpr std::array painters = {board, schematic, library};
     painters[static_cast<size_t>(kind)](dc);
     RestoreDC(dc, saved);
+    DeleteObject(font);
 }
 
 } // namespace drawing

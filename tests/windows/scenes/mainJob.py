@@ -7,7 +7,6 @@ from driver.waiting import poll
 
 GAP, TOP = 25, 21  # pixels: to the right end of the host's outer rectangle, from the top of its client area
 ROW = 22
-PAINTED = 40  # colours that no toolbar without its pictures has
 
 
 def stands_right(checks, stage, kind, editor):
@@ -50,8 +49,7 @@ def story(stage, checks):
     for kind, editor in editors.items():
         stands_right(checks, stage, kind, editor)
     for kind, editor in editors.items():
-        place = stage.toolbar(editor).form.client
-        checks.that(poll(lambda: stage.screen.colours(place) > PAINTED), f"{kind}: the buttons are painted")
+        checks.that(stage.painted(editor), f"{kind}: all buttons are painted")
     stage.picture("toolbars")
     for kind, editor in editors.items():
         types_the_command(checks, stage, kind, editor)

@@ -77,21 +77,17 @@ def wrapping(stage, checks, board):
 
 
 def move(stage, board, right, down):
-    """Drags the toolbar by its title bar; gives its place once it has come as far as the mouse."""
+    """Drags the toolbar by its title bar; tells whether it comes as far as the mouse and keeps its size."""
     before = stage.toolbar(board).form.place
     x, y = before.left + CAPTION, before.top + CAPTION
     stage.screen.drag((x, y), (x + right, y + down))
     wanted = Rect(before.left + right, before.top + down, before.right + right, before.bottom + down)
-    if poll(lambda: stage.toolbar(board).form.place == wanted):
-        return wanted
-    print(f"   moved from {before} to {stage.toolbar(board).form.place}")
-    return None
+    return poll(lambda: stage.toolbar(board).form.place == wanted)
 
 
 def moving(stage, checks, board):
-    place = move(stage, board, -300, 120)
-    if checks.that(place, "dragged by its title bar it moves as far as the mouse and keeps its size"):
-        checks.that(poll(lambda: stage.screen.colours(place) > 40), "it is painted there")
+    if checks.that(move(stage, board, -300, 120), "dragged by its title bar it moves as far as the mouse and keeps its size"):
+        checks.that(stage.painted(board), "it is painted there")
     stage.picture("moved")
     before, after = drag_frame(stage, board, top_edge, (0, -40))
     if checks.that(after, "dragged by its top frame it gets its height back"):
