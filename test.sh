@@ -33,17 +33,17 @@ step() {
 }
 
 step 'toolchain' tools/setup-toolchain.sh
-step 'native build' tools/test-build.sh native
+step 'native build' tools/build.sh native
 step 'native tests' build/native/bin/kestrel-tests
 step 'style' tools/check-style.sh build/native
 step 'art' "$PYTHON" resources/check-art.py
-step 'win32 build' tools/test-build.sh i686
-step 'win64 build' tools/test-build.sh x86_64
+step 'win32 build' tools/build.sh i686
+step 'win64 build' tools/build.sh x86_64
 step 'wine' tools/setup-wine.sh
 step 'win32 contract' tools/test-contract.sh i686
 step 'win64 contract' tools/test-contract.sh x86_64
 step 'win32 scenes' "$PYTHON" tests/windows/playAll.py win32
-step 'win64 scenes' "$PYTHON" tests/windows/playAll.py win64 mainJob
+step 'win64 scenes' "$PYTHON" tests/windows/playAll.py win64 mainJob controls dialogs hostLife programStart toolbarWindow
 
 printf '\n'
 printf '   %s\n' "${summary[@]}" "$(printf '%-43s %4d s' 'all together' "$SECONDS")"

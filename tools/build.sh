@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Configures and builds one preset: test-build.sh native|i686|x86_64. The Windows presets leave dist/win32, dist/win64.
+# Configures and builds one preset: build.sh native|i686|x86_64. The Windows presets leave dist/win32, dist/win64.
 set -euo pipefail
 . "$(dirname "$0")/lib.sh"
 
