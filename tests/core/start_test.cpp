@@ -87,6 +87,7 @@ TEST_CASE("a second start ends at once and leaves everything as it is") {
     CHECK(trayCalls(program.desk(), "Shell_NotifyIcon 0") == 0);
     CHECK(program.desk().messageBoxes.empty());
     CHECK_FALSE(program.form().Timer2.enabled());
+    CHECK_FALSE(program.form().loaded());
 }
 
 TEST_CASE("a run request left over from an earlier run is deleted unread") {

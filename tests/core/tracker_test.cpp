@@ -82,6 +82,9 @@ TEST_CASE("the toolbar is moved with its height in twips, and its resize then se
     REQUIRE(moved != calls.end());
     // Design: 300 twips of client area and 26 pixels of title bar and frame.
     CHECK(moved->ends_with(" 871 21 128 690 1"));
+    // The move raises the resize, which runs once more inside itself, and the tracker calls it once.
+    CHECK(std::count_if(moved, calls.end(),
+                        [](const std::string& call) { return call.starts_with("SetWindowPos"); }) == 3);
     const desktop::Window& bar = program.desk().window(program.formOf(EditorKind::board, 1));
     CHECK(bar.rect.bottom - bar.rect.top == 22 + 26);
 }
@@ -180,6 +183,17 @@ TEST_CASE("a title with one separator writes nothing and gets its toolbar all th
     program.ticks(1);
     CHECK(program.hosted(EditorKind::board) == 1);
     CHECK(program.desk().settings().empty());
+}
+
+TEST_CASE("a title without a file leaves the key of the file before as it is") {
+    Running program;
+    program.open("Board - a.brd - EAGLE");
+    program.ticks(1);
+    program.open("Board - untitled");
+    program.ticks(1);
+    REQUIRE(program.hosted(EditorKind::board) == 2);
+    CHECK(store::getini("toolbar", "lastBoard") == "a.brd");
+    CHECK(program.form().lastOpened[0] == "a.brd");
 }
 
 TEST_CASE("a name is written again only when it differs from the last one of its kind") {
