@@ -7,7 +7,7 @@ set -euo pipefail
 cd "$PROJECT"
 
 tools/setup-toolchain.sh
-tools/build.sh i686
-tools/build.sh x86_64 # the witness, which sees the windows for the scene, is a 64-bit program
+tools/build.sh i686 dist eagle
+tools/build.sh x86_64 witness # sees the windows for the scene
 tools/setup-wine.sh
 exec "$PYTHON" tests/windows/demo/demo.py

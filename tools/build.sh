@@ -1,12 +1,14 @@
 #!/usr/bin/env bash
-# Configures and builds one preset: build.sh native|i686|x86_64. The Windows presets leave dist/win32, dist/win64.
+# Configures and builds one preset, the whole of it or some targets: build.sh native|i686|x86_64 [TARGET]...
+# The Windows presets leave dist/win32, dist/win64.
 set -euo pipefail
 . "$(dirname "$0")/lib.sh"
 
 cd "$PROJECT"
 preset=${1:?which preset?}
+shift
 log=$(logFile "build-$preset")
-say "configuring and building $preset, log in $log"
+say "configuring and building $preset${*:+: $*}, log in $log"
 cmake --preset "$preset" >"$log" 2>&1 || { tail -30 "$log"; fail "configuring $preset failed"; }
-cmake --build --preset "$preset" >>"$log" 2>&1 || { grep -A12 -m3 -e 'FAILED' "$log" || tail -30 "$log"; fail "building $preset failed"; }
+cmake --build --preset "$preset" ${*:+--target "$@"} >>"$log" 2>&1 || { grep -A12 -m3 -e 'FAILED' "$log" || tail -30 "$log"; fail "building $preset failed"; }
 say "$(tail -1 "$log")"

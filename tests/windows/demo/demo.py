@@ -105,9 +105,10 @@ def leave_to_user(stage):
     stage.three_editors(eagle)
     kestrel = stage.start_kestrel(SETTINGS)
     print("The windows are yours: click the toolbars in the three editor windows.")
-    print("Close EAGLE's control panel to end, Kestrel follows some seconds later; or press Ctrl+C.", flush=True)
+    print("To end press Ctrl+C here, or close EAGLE's control panel, which stands behind the board: Kestrel follows some "
+          "seconds later.", flush=True)
     try:
-        while stage.witness.exit_code(kestrel) is None:
+        while stage.witness.alive() and stage.witness.exit_code(kestrel) is None:
             pass
     except KeyboardInterrupt:
         pass

@@ -4,6 +4,7 @@ As a program it starts a command on such a display: python3 -m driver.display CO
 """
 
 import os
+import signal
 import subprocess
 import sys
 
@@ -17,6 +18,8 @@ class Display:
     """Use it in a with statement. `environment` is what programs on the display need."""
 
     def __init__(self):
+        # Who is told to end clears away as well: with statements end in good order.
+        signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
         read, write = os.pipe()
         self._server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-nolisten", "tcp", "-ac"],

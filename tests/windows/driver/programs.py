@@ -84,6 +84,10 @@ class Witness(Program):
         if not self.wait_for("ready", seconds=60):
             raise RuntimeError("the witness does not start")
 
+    def alive(self):
+        """False once it has ended, with its display for instance."""
+        return self._process.poll() is None
+
     def look(self, window=None):
         """The desktop at this moment; with a top-level window's handle nothing but this window, which is quicker."""
         self.order("dump", self.FOLDER + "\\dump.txt", *([window] if window else []))
