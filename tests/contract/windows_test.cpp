@@ -186,8 +186,8 @@ TEST_CASE("contract: the client rectangle begins at 0 and lies inside the outer 
 TEST_CASE("contract: the window that is activated by title is the one with just that title, else the first "
           "that begins so") {
     World world;
-    const HWND prefix = world.openWindow("Control Panel - left");
     const HWND exact = world.openWindow("Control Panel");
+    const HWND prefix = world.openWindow("Control Panel - left");
     const HWND other = world.openWindow("The Control Panel");
     platform::appActivate("CONTROL panel");
     CHECK(World::until([&] { return World::foreground() == exact; }));
