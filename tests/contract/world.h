@@ -60,6 +60,7 @@ class World {
     platform::HWND openEditor();
     /// What stands in that edit field; lines end in CR LF.
     std::string editorText(platform::HWND editor);
+    void clearEditor(platform::HWND editor);
     /// The process is ended from outside, its windows with it.
     void killOtherProgram();
     /// The thread of its windows sleeps, from before the return on. The simulated desktop has no such state:

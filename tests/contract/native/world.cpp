@@ -72,6 +72,10 @@ std::string World::editorText(platform::HWND editor) {
     return textAfter(strokes);
 }
 
+void World::clearEditor(platform::HWND /*editor*/) {
+    desktop::world().typed.clear();
+}
+
 void World::killOtherProgram() {
     desktop::world().killProcess(otherProcess);
     impl_->otherRuns = false;

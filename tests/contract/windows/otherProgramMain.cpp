@@ -90,6 +90,8 @@ void carryOut(Order& order) {
         SetWindowTextA(window, textFrom(order.words).c_str());
     } else if (verb == "editorText") {
         order.answer = asWord(textOf(GetDlgItem(handleFrom(order.words), editorId)));
+    } else if (verb == "clearEditor") {
+        SetWindowTextA(GetDlgItem(handleFrom(order.words), editorId), "");
     } else if (verb == "editorHasFocus") {
         const HWND editor = GetDlgItem(handleFrom(order.words), editorId);
         order.answer = editor != nullptr && GetFocus() == editor ? "1" : "0";

@@ -31,6 +31,18 @@ HWND native(platform::HWND window) {
     return reinterpret_cast<HWND>(window);
 }
 
+/// Whether a condition comes true and stays so. A window manager may move the keyboard once more, a moment
+/// after a window has come or gone.
+bool settles(const std::function<bool()>& condition) {
+    constexpr ULONGLONG quiet = 200; // milliseconds
+    ULONGLONG since = GetTickCount64();
+    return World::until([&] {
+        if (!condition())
+            since = GetTickCount64();
+        return GetTickCount64() - since >= quiet;
+    });
+}
+
 /// What a started program leaves beside itself: its command line.
 std::string reportOf(const std::string& program) {
     return program + ".started";
@@ -97,7 +109,7 @@ void World::renameWindow(platform::HWND window, const std::string& title) {
 
 platform::HWND World::openEditor() {
     const platform::HWND editor = handleFrom(impl_->other.order("openEditor"));
-    REQUIRE(until([&] {
+    REQUIRE(settles([&] {
         return foreground() == editor && impl_->other.order("editorHasFocus " + wordOf(editor)) == "1";
     }));
     return editor;
@@ -105,6 +117,10 @@ platform::HWND World::openEditor() {
 
 std::string World::editorText(platform::HWND editor) {
     return fromWord(impl_->other.order("editorText " + wordOf(editor)));
+}
+
+void World::clearEditor(platform::HWND editor) {
+    impl_->other.order("clearEditor " + wordOf(editor));
 }
 
 void World::killOtherProgram() {
@@ -192,7 +208,7 @@ void World::typeInto(forms::TextBox& box, std::string_view text) {
     const HWND form = native(box.form()->hWnd());
     SetForegroundWindow(form);
     box.setFocus();
-    REQUIRE(until([&] { return GetForegroundWindow() == form && GetFocus() == native(box.hWnd()); }));
+    REQUIRE(settles([&] { return GetForegroundWindow() == form && GetFocus() == native(box.hWnd()); }));
     std::vector<runtime::KeyStroke> strokes;
     for (const char character : text)
         strokes.push_back({.character = character});
