@@ -18,6 +18,8 @@ std::string errorDescription(ErrorNumber number, std::int32_t resource) {
         return "File not found";
     case ErrorNumber::fileAlreadyOpen:
         return "File already open";
+    case ErrorNumber::diskFull:
+        return "Disk full";
     case ErrorNumber::permissionDenied:
         return "Permission denied";
     case ErrorNumber::pathFileAccess:
@@ -26,6 +28,10 @@ std::string errorDescription(ErrorNumber number, std::int32_t resource) {
         return "Path not found";
     case ErrorNumber::resourceNotFound:
         return "Resource with identifier '" + std::to_string(resource) + "' not found";
+    case ErrorNumber::printerError:
+        return "Printer error";
+    case ErrorNumber::clipboardNotOpened:
+        return "Can't open Clipboard";
     case ErrorNumber::keyNotUnique:
         return "Key is not unique in collection";
     }

@@ -17,10 +17,13 @@ enum class ErrorNumber : std::int32_t {
     typeMismatch = 13,
     fileNotFound = 53,
     fileAlreadyOpen = 55,
+    diskFull = 61,
     permissionDenied = 70,
     pathFileAccess = 75,
     pathNotFound = 76,
     resourceNotFound = 326,
+    printerError = 482,
+    clipboardNotOpened = 521,
     keyNotUnique = 35602,
 };
 

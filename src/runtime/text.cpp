@@ -9,24 +9,48 @@
 
 namespace runtime {
 
+namespace {
+
+/// The lower case of each byte. One by one: two bytes together may be one character.
+const std::array<char, 256>& lowerCases() {
+    static const std::array<char, 256> lower = [] {
+        std::array<char, 256> all{};
+        std::iota(all.begin(), all.end(), char{0});
+        for (char& character : all)
+            platform::CharLowerBuffA({&character, 1});
+        return all;
+    }();
+    return lower;
+}
+
+} // namespace
+
 std::string lowerCase(std::string_view text) {
     std::string result(text);
     platform::CharLowerBuffA(result);
     return result;
 }
 
+std::string upperCase(std::string_view text) {
+    static const std::array<char, 256> upper = [] {
+        std::array<char, 256> all{};
+        std::iota(all.begin(), all.end(), char{0});
+        for (std::size_t code = 0; code < all.size(); ++code)
+            if (const char small = lowerCases()[code]; small != static_cast<char>(code))
+                all[static_cast<unsigned char>(small)] = static_cast<char>(code);
+        return all;
+    }();
+    std::string result(text);
+    for (char& character : result)
+        character = upper[static_cast<unsigned char>(character)];
+    return result;
+}
+
 bool holdsIgnoringCase(std::string_view text, std::string_view what) {
     if (what.empty())
         return true;
-    static const std::array<char, 256> lower = [] {
-        std::array<char, 256> all{};
-        std::iota(all.begin(), all.end(), char{0});
-        // One by one: two bytes together may be one character.
-        for (char& character : all)
-            platform::CharLowerBuffA({&character, 1});
-        return all;
-    }();
-    const auto equal = [](char seen, char wanted) {
+    const std::array<char, 256>& lower = lowerCases();
+    const auto equal = [&lower](char seen, char wanted) {
         return lower[static_cast<unsigned char>(seen)] == wanted;
     };
     return std::search(text.begin(), text.end(), what.begin(), what.end(), equal) != text.end();

@@ -10,6 +10,9 @@ namespace runtime {
 /// Lower case by the ANSI code page, so that umlauts fold too.
 std::string lowerCase(std::string_view text);
 
+/// Upper case, byte by byte: each letter becomes the one whose lower case it is.
+std::string upperCase(std::string_view text);
+
 /// Whether `text` holds `what`, which is in lower case, ignoring the case of `text`. Takes no memory. Reads
 /// byte by byte, so that in a code page of two bytes a character's second byte may be taken for a letter.
 bool holdsIgnoringCase(std::string_view text, std::string_view what);

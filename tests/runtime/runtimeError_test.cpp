@@ -19,9 +19,12 @@ TEST_CASE("each error has the runtime's number and description") {
         {ErrorNumber::typeMismatch, 13, "Type mismatch"},
         {ErrorNumber::fileNotFound, 53, "File not found"},
         {ErrorNumber::fileAlreadyOpen, 55, "File already open"},
+        {ErrorNumber::diskFull, 61, "Disk full"},
         {ErrorNumber::permissionDenied, 70, "Permission denied"},
         {ErrorNumber::pathFileAccess, 75, "Path/File access error"},
         {ErrorNumber::pathNotFound, 76, "Path not found"},
+        {ErrorNumber::printerError, 482, "Printer error"},
+        {ErrorNumber::clipboardNotOpened, 521, "Can't open Clipboard"},
         {ErrorNumber::keyNotUnique, 35602, "Key is not unique in collection"},
     };
     for (const Row& row : rows) {

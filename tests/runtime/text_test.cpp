@@ -12,6 +12,13 @@ TEST_CASE("lower case folds letters and umlauts of the ANSI code page and nothin
     CHECK(runtime::lowerCase("") == "");
 }
 
+TEST_CASE("upper case is the way back, and a letter without capital stays") {
+    CHECK(runtime::upperCase("AZaz09 [Board]:") == "AZAZ09 [BOARD]:");
+    CHECK(runtime::upperCase("\xE4\xF6\xFC\xC4\xFF") == "\xC4\xD6\xDC\xC4\x9F");
+    CHECK(runtime::upperCase("\xDF\xF7\xD7\x80") == "\xDF\xF7\xD7\x80");
+    CHECK(runtime::upperCase("") == "");
+}
+
 TEST_CASE("trim takes blanks off both ends and leaves tabs") {
     CHECK(runtime::trim("  a b  ") == "a b");
     CHECK(runtime::trim("    ") == "");
