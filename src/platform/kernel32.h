@@ -1,4 +1,4 @@
-// Settings-file and process operations of the platform, under the platform's own names. None throws.
+// Settings-file, process and version operations of the platform, under the platform's own names. None throws.
 #pragma once
 
 #include "platform/types.h"
@@ -28,5 +28,21 @@ inline constexpr std::uint32_t processRecordSize = 296;
 HANDLE CreateToolhelp32Snapshot(std::uint32_t flags, std::uint32_t processId);
 bool Process32First(HANDLE snapshot, PROCESSENTRY32& entry);
 bool Process32Next(HANDLE snapshot, PROCESSENTRY32& entry);
+
+/// The system's version. `dwOSVersionInfoSize` must be `versionRecordSize` before the call; the text is a
+/// field of 128 characters, ended by NUL unless it fills it.
+struct OSVERSIONINFOA {
+    std::uint32_t dwOSVersionInfoSize = 0;
+    std::uint32_t dwMajorVersion = 0;
+    std::uint32_t dwMinorVersion = 0;
+    std::uint32_t dwBuildNumber = 0;
+    std::uint32_t dwPlatformId = 0;
+    char szCSDVersion[128] = {};
+};
+inline constexpr std::uint32_t versionRecordSize = 148;
+static_assert(sizeof(OSVERSIONINFOA) == versionRecordSize);
+
+/// Non-zero on success; 0 and an untouched record otherwise.
+int GetVersionExA(OSVERSIONINFOA& record);
 
 } // namespace platform

@@ -1,4 +1,5 @@
-// Shell operations of the platform: icons of files, the icon chooser, the tray. None throws.
+// Shell operations of the platform: icons of files, the icon chooser, the tray, opening
+// files. None throws.
 #pragma once
 
 #include "platform/types.h"
@@ -13,9 +14,13 @@ namespace platform {
 /// caller's.
 std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeIcon, HICON& smallIcon);
 
+/// Number of icons in an executable, a library or an .ico file; 0 if there is none or the file cannot be
+/// read.
+int iconCount(const char* file);
+
 /// The system's icon chooser. `file` is a buffer of UTF-16 characters that holds the start file, ended by
-/// NUL, and receives the chosen one; `index` likewise. Gives 1 when the user confirmed; any other result is
-/// none.
+/// NUL, and receives the chosen one; `index` likewise. Gives 1 when the user confirmed and -1 where the
+/// shell has no chooser.
 int PickIconDlg(HWND owner, std::span<char16_t> file, std::int32_t& index);
 
 /// The tray's record, first version, with the platform's field names.
@@ -31,6 +36,12 @@ struct NOTIFYICONDATA {
 
 /// `message` 0 adds the icon, 2 deletes it. False if the shell refuses.
 bool Shell_NotifyIconA(std::uint32_t message, const NOTIFYICONDATA& record);
+
+/// Opens or starts `file` with the verb given. `command` 1 shows it normally. A value above 32 on success;
+/// failure shows nothing. Waits three seconds at most; then it counts as failed, and may still come. A
+/// file beyond 1500 characters fails.
+std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, const char* parameters,
+                            const char* folder, int command);
 
 /// The program's own icon at the tray's size. It stays the platform's.
 HICON programIcon();

@@ -4,6 +4,7 @@
 // Texts are in the ANSI code page. A failure that is named here is thrown as runtime::RuntimeError.
 #pragma once
 
+#include "forms/picture.h"
 #include "platform/types.h"
 #include "runtime/keyText.h"
 
@@ -27,7 +28,8 @@ std::string dir(std::string_view path);
 /// Deletes a file. Errors 53, 70, 75.
 void kill(std::string_view path);
 
-/// The first line of a text file, without its line end; empty if the file is. Errors 53, 55, 70, 75, 76.
+/// The first line of a text file, without its line end; empty if the file is. Of a line beyond a megabyte
+/// only its beginning. Errors 53, 55, 70, 75, 76.
 std::string readFirstLine(std::string_view path);
 
 /// Starts one command line and returns at once; window style 1 is normal with focus. Error 53 if nothing
@@ -62,6 +64,9 @@ bool previousInstance();
 [[noreturn]] void endProgram();
 
 void beep();
+
+/// A picture that the program carries with it; the empty picture if there is none with this name.
+forms::Picture loadPicture(std::string_view name);
 
 /// Twips to a pixel of the screen, horizontally: 15 on the usual display.
 double twipsPerPixelX();

@@ -1,6 +1,7 @@
 // Directory lookup, files and texts of the runtime, on files of the world.
 #include "contract/world.h"
 #include "platform/system.h"
+#include "platform/textFile.h"
 #include "platform/user32.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
@@ -137,6 +138,27 @@ TEST_CASE("contract: the first line of a file is read, whatever it ends in") {
     }
 }
 
+TEST_CASE("contract: a line of 100,000 characters is read whole, and nothing of what follows") {
+    World world;
+    const std::string line(100'000, 'x');
+    world.writeFile(world.path("execute.txt"), line + "\nsecond");
+    CHECK(platform::readFirstLine(world.path("execute.txt")) == line);
+    world.writeFile(world.path("execute.txt"), std::string("a\0b\r\nc", 6));
+    CHECK(platform::readFirstLine(world.path("execute.txt")) == std::string("a\0b", 3));
+}
+
+TEST_CASE("contract: of a file without line ends no more than a megabyte is read") {
+    World world;
+    const std::string huge(3U << 20U, 'x');
+    world.writeFile(world.path("execute.txt"), huge);
+    CHECK(platform::readFirstLine(world.path("execute.txt")).size() == 1U << 20U);
+}
+
+TEST_CASE("contract: a file on a network that is not there is no file") {
+    CHECK(platform::dir("\\\\nowhere.invalid\\share\\eagle.exe").empty());
+    CHECK(platform::dir("//nowhere.invalid/share/eagle.exe").empty());
+}
+
 TEST_CASE("contract: a file that cannot be read fails with the runtime's error") {
     World world;
     CHECK(errorOf([&] { platform::readFirstLine(world.path("nosuch.txt")); }) == 53);
@@ -146,6 +168,45 @@ TEST_CASE("contract: a file that cannot be read fails with the runtime's error")
     world.writeFile(world.path("held.txt"), "x");
     world.lockFile(world.path("held.txt"));
     CHECK(errorOf([&] { platform::readFirstLine(world.path("held.txt")); }) == 70);
+}
+
+TEST_CASE("contract: text is appended to a file that grows by each call") {
+    World world;
+    const std::string path = world.path("report.EPT");
+    platform::appendToFile(path, "one\r\n");
+    CHECK(world.readFile(path) == "one\r\n");
+    platform::appendToFile(path, std::string_view("\xE4\0\n", 3));
+    CHECK(world.readFile(path) == std::string("one\r\n\xE4\0\n", 8));
+    platform::appendToFile(path, "");
+    CHECK(world.readFile(path)->size() == 8);
+    CHECK(platform::dir(path) == "report.EPT");
+}
+
+TEST_CASE("contract: a written file holds the new text and nothing else") {
+    World world;
+    const std::string path = world.path("report.ERR");
+    platform::writeFile(path, "a long first text");
+    CHECK(world.readFile(path) == "a long first text");
+    platform::writeFile(path, "short");
+    CHECK(world.readFile(path) == "short");
+}
+
+TEST_CASE("contract: a file that cannot be written fails with the runtime's error") {
+    for (const auto write : {&platform::appendToFile, &platform::writeFile}) {
+        World world;
+        CHECK(errorOf([&] { write(world.path("nosuch\\file.txt"), "x"); }) == 76);
+        world.makeFolder(world.path("folder"));
+        CHECK(errorOf([&] { write(world.path("folder"), "x"); }) == 75);
+        // Wine has the mark as a right of the file's owner, and a root user may do anything.
+        if (contract::worldKind() != contract::WorldKind::wine) {
+            world.writeFile(world.path("marked.txt"), "as it was", {.readOnly = true});
+            CHECK(errorOf([&] { write(world.path("marked.txt"), "x"); }) == 75);
+            CHECK(world.readFile(world.path("marked.txt")) == "as it was");
+        }
+        world.writeFile(world.path("held.txt"), "as it was");
+        world.lockFile(world.path("held.txt"));
+        CHECK(errorOf([&] { write(world.path("held.txt"), "x"); }) == 70);
+    }
 }
 
 TEST_CASE("contract: the program's folder has no separator at its end and holds the settings file") {

@@ -4,8 +4,11 @@
 #include "platform/shell32.h"
 #include "platform/user32.h"
 #include "store/iconExtract.h"
+#include "store/iconPicture.h"
 
 #include <doctest/doctest.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -99,6 +102,39 @@ TEST_CASE("contract: files without icons and files that are not there give none"
     HICON small = HICON::none;
     for (const char* name : {"text.txt", "broken.ico", "nosuch.ico", "nosuch\\folder.exe"})
         CHECK_MESSAGE(platform::ExtractIconExA(world.path(name).c_str(), 0, large, small) == 0, name);
+}
+
+TEST_CASE("contract: the icons of a file are counted, of one without them there are none") {
+    for (const IconSource source : sources) {
+        World world;
+        const IconFile file = world.iconFile(source);
+        const int count = platform::iconCount(file.path.c_str());
+        CHECK((source == IconSource::dll ? count >= file.count : count == file.count));
+    }
+    World world;
+    world.writeFile(world.path("text.txt"), "no icon in here");
+    for (const char* name : {"text.txt", "nosuch.ico", "nosuch\\folder.exe"})
+        CHECK_MESSAGE(platform::iconCount(world.path(name).c_str()) == 0, name);
+    CHECK(platform::iconCount("") == 0);
+}
+
+TEST_CASE(
+    "contract: an icon's picture shows what is behind it where the icon does, and leaves no icon open") {
+    for (const IconSource source : sources) {
+        World world;
+        const IconFile file = world.iconFile(source);
+        const int before = World::openIcons();
+        const forms::Picture picture = store::iconPicture(file.path, 0);
+        CHECK(store::iconPicture(file.path, 30'000).empty());
+        CHECK(store::iconPicture(world.path("nosuch.ico"), 0).empty());
+        CHECK(World::openIcons() == before);
+        REQUIRE(picture.width() == 32);
+        REQUIRE(picture.height() == 32);
+        const auto opaque = [](std::uint32_t pixel) { return pixel >> 24U == 0xFF; };
+        const auto clear = [](std::uint32_t pixel) { return pixel >> 24U == 0; };
+        CHECK(std::ranges::count_if(picture.pixels(), opaque) > 100);
+        CHECK(std::ranges::count_if(picture.pixels(), clear) > 10);
+    }
 }
 
 TEST_CASE("contract: an icon is drawn in its small size with a margin of one pixel") {

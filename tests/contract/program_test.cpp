@@ -1,5 +1,6 @@
 // Starting programs by one command line.
 #include "contract/world.h"
+#include "platform/shell32.h"
 #include "platform/system.h"
 #include "runtime/runtimeError.h"
 
@@ -75,6 +76,23 @@ TEST_CASE("contract: a program that is not there fails with error 53") {
     CHECK(startFails(""));
     world.makeFolder(world.path("folder"));
     CHECK(startFails(world.path("folder")));
+}
+
+TEST_CASE("contract: the shell opens a program with its parameters") {
+    World world;
+    world.makeFolder(world.path("My Tools"));
+    const std::string program = world.path("My Tools\\x y.exe");
+    world.placeProgram(program);
+    CHECK(platform::ShellExecuteA(platform::HWND::none, "Open", program.c_str(), "a \"b", "",
+                                  normalWithFocus) > 32);
+    CHECK(awaitStart(world, program).ends_with(" a \"b"));
+}
+
+TEST_CASE("contract: what the shell cannot open fails with a small number and no message") {
+    World world;
+    for (const std::string& file : {std::string(), world.path("nosuch.exe"), std::string(100'000, 'x')})
+        CHECK(platform::ShellExecuteA(platform::HWND::none, "Open", file.c_str(), "", "", normalWithFocus) <=
+              32);
 }
 
 TEST_SUITE_END();

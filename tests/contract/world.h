@@ -95,6 +95,14 @@ class World {
     /// Icons of this process that have not been given back.
     static int openIcons();
 
+    // --- clipboard and printer ---
+    /// What another program reads from the clipboard as plain text; none if there is no text.
+    std::optional<std::string> clipboardText();
+    /// Another program opens the clipboard, and closes it after this time.
+    void holdClipboard(int milliseconds);
+    /// Sees to it that there is no printer; false if there is one that cannot be taken away.
+    static bool withoutPrinter();
+
     // --- the user and a text box ---
     /// Types into a box on a form that is shown.
     void typeInto(forms::TextBox& box, std::string_view text);

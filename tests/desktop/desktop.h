@@ -48,6 +48,7 @@ struct Window {
     std::string title;
     RECT rect; ///< outer; screen pixels, or client pixels of the parent for a child
     HWND parent = HWND::none;
+    HWND owner = HWND::none;
     bool visible = true;
     bool minimised = false;
     bool redraw = true; ///< as switched by message 11
@@ -68,7 +69,7 @@ struct Process {
 
 struct File {
     std::string content;
-    bool directory = false;
+    bool directory = false; ///< one that is read-only takes no new files
     bool hidden = false;
     bool system = false;
     bool readOnly = false;
@@ -106,6 +107,22 @@ struct ShellStart {
     std::string commandLine;
     int windowStyle;
     std::string program; ///< path of the file that was found for it
+};
+
+struct ShellExecution {
+    HWND owner;
+    std::string verb;
+    std::string file;
+    std::string parameters;
+    std::string folder;
+    int command;
+};
+
+struct HelpCall {
+    HWND owner;
+    std::string file;
+    std::uint32_t command;
+    std::uintptr_t data;
 };
 
 struct TypedKeys {
@@ -206,6 +223,9 @@ class World {
     std::deque<std::optional<std::string>> fileAnswers; ///< none is Cancel
     std::vector<ShellStart> started;
     std::deque<runtime::RuntimeError> shellFailures;
+    std::vector<ShellExecution> executed;
+    std::vector<HelpCall> helpCalls;
+    int helpFailures = 0; ///< so many of the next calls of the help viewer fail
     std::vector<TypedKeys> typed;
     std::vector<std::string> activations; ///< titles that were activated
     std::function<void()> onFileDialog;   ///< runs while a file dialog is up
@@ -226,9 +246,26 @@ class World {
     bool otherInstance = false;
     bool ended = false;
     int messagePumps = 0;
+    std::function<void()> onPump; ///< runs where pending messages are let run
     /// Calls of the platform in order, as far as tests look at order: "SetParent 5 3" and the like.
     std::vector<std::string> calls;
     void note(const std::string& call) { calls.push_back(call); }
+
+    // --- system, printer, clipboard
+    // ----------------------------------------------------------------------------------
+    std::string executableName = "kestrel";
+    platform::OSVERSIONINFOA version{0, 6, 1, 7601, 2, "Service Pack 1"};
+    bool versionFails = false;
+    int versionReads = 0;
+    double startDate = 38845.5; ///< date and time of day at which `now` is 0: 8 May 2006, noon
+    int screenWidth = 1280;     ///< pixels
+    int screenHeight = 1024;
+    bool waitingPointer = false;
+    std::optional<std::string> clipboard;          ///< its plain text
+    std::int64_t clipboardHeldUntil = 0;           ///< another program holds it up to this time
+    bool noPrinter = false;                        ///< or one that fails
+    std::vector<std::string> printing;             ///< lines of the job that goes on
+    std::vector<std::vector<std::string>> printed; ///< jobs that have been ended
 
     // --- time and modal forms
     // ------------------------------------------------------------------------------------

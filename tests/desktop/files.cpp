@@ -2,6 +2,7 @@
 #include "desktop/desktop.h"
 
 #include "platform/system.h"
+#include "platform/textFile.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
 
@@ -36,8 +37,8 @@ bool folderExists(const std::string& path) {
     const std::string key = pathKey(path);
     if (const File* found = world().file(path))
         return found->directory;
-    const bool driveRoot = key == "c:";
-    return driveRoot || std::ranges::any_of(world().files, [&](const auto& entry) {
+    // The drive's root, and the folder that the program has been put into.
+    return key == "c:" || key == "c:\\kestrel" || std::ranges::any_of(world().files, [&](const auto& entry) {
                return entry.first.starts_with(key + "\\");
            });
 }
@@ -47,6 +48,22 @@ File& existing(const std::string& path) {
     if (found == nullptr || found->directory)
         fail(runtime::ErrorNumber::fileNotFound);
     return *found;
+}
+
+/// The file at a path that is to be written, made if need be.
+File& writable(const std::string& path) {
+    const std::string folder = path.substr(0, path.find_last_of('\\'));
+    if (!folderExists(folder))
+        fail(runtime::ErrorNumber::pathNotFound);
+    File* found = world().file(path);
+    if (found != nullptr && found->locked)
+        fail(runtime::ErrorNumber::permissionDenied);
+    const File* around = world().file(folder);
+    if (found != nullptr ? found->directory || found->readOnly : around != nullptr && around->readOnly)
+        fail(runtime::ErrorNumber::pathFileAccess);
+    if (found == nullptr)
+        world().writeFile(path, "");
+    return *world().file(path);
 }
 
 } // namespace
@@ -134,7 +151,16 @@ std::string readFirstLine(std::string_view path) {
     const desktop::File& file = desktop::existing(whole);
     if (file.locked)
         desktop::fail(runtime::ErrorNumber::permissionDenied);
-    return file.content.substr(0, file.content.find_first_of("\r\n"));
+    constexpr std::size_t longestLine = 1U << 20U;
+    return file.content.substr(0, std::min(file.content.find_first_of("\r\n"), longestLine));
+}
+
+void appendToFile(std::string_view path, std::string_view text) {
+    desktop::writable(std::string(path)).content += text;
+}
+
+void writeFile(std::string_view path, std::string_view text) {
+    desktop::writable(std::string(path)).content = text;
 }
 
 const std::string& programFolder() {

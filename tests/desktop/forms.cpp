@@ -33,6 +33,7 @@ class WindowPeer : public forms::Peer {
             made.frameWidth = extent.width;
             made.frameHeight = extent.height;
             made.title = form->caption();
+            made.owner = form->ownerWindow;
             made.moved = [this, form](const Window& window) {
                 form->windowMoved(window.rect.left, window.rect.top);
                 position_ = pixelRect(*form);

@@ -1,7 +1,9 @@
-// Icons of files, the icon chooser and the file dialogs of the simulated desktop.
+// Icons of files, the icon chooser, the file dialogs, the help viewer and the opening of files of the
+// simulated desktop.
 #include "desktop/desktop.h"
 
 #include "platform/comdlg32.h"
+#include "platform/hhctrl.h"
 #include "platform/shell32.h"
 
 #include <algorithm>
@@ -79,6 +81,12 @@ std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeI
     return 1;
 }
 
+int iconCount(const char* file) {
+    const auto& files = desktop::world().iconFiles;
+    const auto found = files.find(desktop::pathKey(file));
+    return found == files.end() ? 0 : static_cast<int>(found->second.small.size());
+}
+
 int PickIconDlg(HWND owner, std::span<char16_t> file, std::int32_t& index) {
     desktop::World& desk = desktop::world();
     const auto end = std::find(file.begin(), file.end(), u'\0');
@@ -101,6 +109,28 @@ bool Shell_NotifyIconA(std::uint32_t message, const NOTIFYICONDATA& record) {
     if (message == 2)
         desk.trayIcon.reset();
     return !desk.trayRefuses;
+}
+
+std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, const char* parameters,
+                            const char* folder, int command) {
+    desktop::World& desk = desktop::world();
+    desk.executed.push_back({owner, verb, file, parameters, folder, command});
+    constexpr std::intptr_t fileNotFound = 2;
+    constexpr std::intptr_t success = 42;
+    if (desk.file(file) == nullptr)
+        return fileNotFound;
+    desk.started.push_back({std::string(file) + " " + parameters, command, file});
+    return success;
+}
+
+HWND HtmlHelpA(HWND owner, const char* file, std::uint32_t command, std::uintptr_t data) {
+    desktop::World& desk = desktop::world();
+    desk.helpCalls.push_back({owner, file, command, data});
+    if (desk.helpFailures > 0) {
+        --desk.helpFailures;
+        throw runtime::RuntimeError(runtime::ErrorNumber::fileNotFound);
+    }
+    return HWND::none;
 }
 
 HICON programIcon() {

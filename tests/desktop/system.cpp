@@ -102,6 +102,8 @@ void sendKeys(std::span<const runtime::KeyStroke> strokes, bool wait) {
 
 void doEvents() {
     ++world().messagePumps;
+    if (const auto pending = world().onPump)
+        pending();
 }
 
 bool previousInstance() {
@@ -114,6 +116,18 @@ void endProgram() {
 
 void beep() {
     ++world().beeps;
+}
+
+forms::Picture loadPicture(std::string_view name) {
+    const auto plain = [](int width, int height) {
+        const auto pixels = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+        return forms::Picture(width, height, std::vector<std::uint32_t>(pixels, 0xFF336699U));
+    };
+    if (name == "splashSquare")
+        return plain(93, 93);
+    if (name == "splashWide")
+        return plain(361, 76);
+    return {};
 }
 
 double twipsPerPixelX() {

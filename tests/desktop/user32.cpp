@@ -26,6 +26,19 @@ void noteCall(const char* name, std::initializer_list<std::string> arguments) {
     world().note(call);
 }
 
+/// A pixel with another one drawn over it, as far as that is opaque.
+std::uint32_t covered(std::uint32_t below, std::uint32_t above) {
+    constexpr std::uint32_t opaque = 0xFF;
+    const std::uint32_t opacity = above >> 24U;
+    std::uint32_t result = opaque << 24U;
+    for (const unsigned shift : {0U, 8U, 16U}) {
+        const std::uint32_t mixed =
+            (above >> shift & 0xFFU) * opacity + (below >> shift & 0xFFU) * (opaque - opacity);
+        result |= (mixed + opaque / 2) / opaque << shift;
+    }
+    return result;
+}
+
 /// Lower case of Windows-1252.
 char lower(char character) {
     const auto code = static_cast<unsigned char>(character);
@@ -181,9 +194,11 @@ bool DrawIconEx(HDC dc, int x, int y, HICON icon, int width, int height, std::ui
     const forms::Picture& picture = found->second;
     for (int row = 0; row < picture.height(); ++row)
         for (int column = 0; column < picture.width(); ++column)
-            if (x + column < target->width && y + row < target->height)
-                target->values[static_cast<std::size_t>((y + row) * target->width + x + column)] =
-                    picture.pixel(column, row);
+            if (x + column < target->width && y + row < target->height) {
+                auto& below =
+                    target->values[static_cast<std::size_t>((y + row) * target->width + x + column)];
+                below = covered(below, picture.pixel(column, row));
+            }
     return true;
 }
 

@@ -59,10 +59,11 @@ HICON iconOf(const forms::Picture& picture) {
     return icon;
 }
 
+/// A caption that is too wide goes on in a second line.
 class CommandButtonPeer : public ButtonPeer<forms::CommandButton> {
   public:
     explicit CommandButtonPeer(forms::CommandButton& button)
-        : ButtonPeer(button, button.isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) {
+        : ButtonPeer(button, (button.isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | BS_MULTILINE) {
         if (!button.picture().empty())
             showPicture();
     }
@@ -83,13 +84,20 @@ class CommandButtonPeer : public ButtonPeer<forms::CommandButton> {
     /// Enter presses the button that has the focus, and it looks like it.
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message == WM_SETFOCUS)
-            SendMessageA(handle(), BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
+            look(BS_DEFPUSHBUTTON);
         else if (message == WM_KILLFOCUS && !button().isDefault)
-            SendMessageA(handle(), BM_SETSTYLE, BS_PUSHBUTTON, TRUE);
+            look(BS_PUSHBUTTON);
         return defaultMessage(message, wParam, lParam);
     }
 
   private:
+    /// The message takes the place of all the button's styles.
+    void look(DWORD kind) {
+        constexpr DWORD buttonStyles = 0xFFFF;
+        const auto style = static_cast<DWORD>(GetWindowLongA(handle(), GWL_STYLE));
+        SendMessageA(handle(), BM_SETSTYLE, (style & buttonStyles & ~DWORD{BS_TYPEMASK}) | kind, TRUE);
+    }
+
     void showPicture() {
         if (handle() == nullptr)
             return;

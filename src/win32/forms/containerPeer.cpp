@@ -83,6 +83,9 @@ LRESULT ContainerPeer::childColour(HDC dc, HWND child) {
         wanted = nativeColour(*peer->control().backColour());
     else if (!hasPaper)
         wanted = background();
+    // A colour for the text alone would be lost with the system's answer.
+    if (!wanted && peer->control().foreColour())
+        wanted = GetSysColor(hasPaper ? COLOR_WINDOW : COLOR_BTNFACE);
     if (!wanted)
         return 0;
     if (brush_ == nullptr || brushColour_ != *wanted) {

@@ -40,8 +40,18 @@ void moveFocus(HWND from, bool back) {
     SetFocus(next);
 }
 
+HWND firstStop(HWND container) {
+    const WindowPeer* peer = WindowPeer::of(container);
+    if (peer != nullptr && peer->control().kind() == forms::ControlKind::form) {
+        forms::Control* named = static_cast<const forms::Form&>(peer->control()).firstFocus;
+        if (named != nullptr && named->visible() && named->acceptsInput())
+            return native(named->hWnd());
+    }
+    return GetNextDlgTabItem(container, nullptr, FALSE);
+}
+
 void focusFirst(HWND container) {
-    const HWND first = GetNextDlgTabItem(container, nullptr, FALSE);
+    const HWND first = firstStop(container);
     // With none to stop at, one that is hidden may be named.
     SetFocus(first == nullptr || IsWindowVisible(first) == FALSE ? container : first);
 }

@@ -12,7 +12,11 @@ HWND dialogOf(HWND window);
 /// Gives the focus to the next or previous stop of the Tab key after `from`, its text selected.
 void moveFocus(HWND from, bool back);
 
-/// Gives the focus to the first stop of the Tab key in `container`, or to the container itself if it has
+/// The control that has the keyboard first in a container: the one that its form names if that can take it,
+/// else the first stop of the Tab key. Null if there is none.
+HWND firstStop(HWND container);
+
+/// Gives the focus to the first stop in `container`, or to the container itself if it has
 /// none.
 void focusFirst(HWND container);
 

@@ -1,5 +1,6 @@
-// Forms and frames: windows of our own classes.
+// Forms: windows of a class of our own.
 #include "win32/forms/containerPeer.h"
+#include "win32/forms/dialogKeys.h"
 #include "win32/forms/modal.h"
 #include "win32/forms/peers.h"
 #include "win32/platform/focusKeeper.h"
@@ -7,7 +8,6 @@
 #include "core/hauptform.h"
 #include "forms/button.h"
 #include "forms/form.h"
-#include "forms/frame.h"
 #include "forms/units.h"
 
 #include <windowsx.h>
@@ -19,10 +19,15 @@ namespace win32 {
 namespace {
 
 constexpr const char* formClass = "KestrelForm";
-constexpr const char* frameClass = "KestrelFrame";
 
 /// Where a form stands that is to be put into a host: it never flashes up on the desktop.
 constexpr int offScreen = -16000;
+
+/// What the shell sends to all top-level windows when it has made its task bar.
+UINT taskbarCreated() {
+    static const UINT message = RegisterWindowMessageA("TaskbarCreated");
+    return message;
+}
 
 struct Styles {
     DWORD style;
@@ -78,6 +83,8 @@ class FormPeer : public ContainerPeer {
                               nullptr, GetModuleHandleA(nullptr), nullptr));
         if (handle() == nullptr)
             return;
+        // Also where the program has more rights than the shell.
+        ChangeWindowMessageFilterEx(handle(), taskbarCreated(), MSGFLT_ALLOW, nullptr);
         known_ = handle();
         windowMade(known_, form);
         placed_ = place();
@@ -165,15 +172,19 @@ class FormPeer : public ContainerPeer {
             giveFocus();
             return 0;
         default:
+            if (message == taskbarCreated())
+                form_.Form_TaskbarCreated();
             break;
         }
         return ContainerPeer::message(message, wParam, lParam);
     }
 
   private:
-    /// A form that the task bar is not to show is owned by the program's hidden window, unless it is to be
-    /// hosted.
+    /// Without an owner of its own, a form that the task bar is not to show is owned by the program's hidden
+    /// window, unless it is to be hosted.
     HWND owner(DWORD exStyle) const {
+        if (IsWindow(native(form_.ownerWindow)) != FALSE)
+            return native(form_.ownerWindow);
         return !form_.showInTaskbar && (exStyle & WS_EX_TOOLWINDOW) == 0 ? hiddenWindow() : nullptr;
     }
 
@@ -268,7 +279,7 @@ class FormPeer : public ContainerPeer {
             return;
         if (focus_ != nullptr && IsChild(handle(), focus_) != FALSE)
             SetFocus(focus_);
-        else if (const HWND first = GetNextDlgTabItem(handle(), nullptr, FALSE))
+        else if (const HWND first = firstStop(handle()))
             SetFocus(first);
     }
 
@@ -279,89 +290,10 @@ class FormPeer : public ContainerPeer {
     RECT placed_{};
 };
 
-class FramePeer : public ContainerPeer {
-  public:
-    explicit FramePeer(forms::Frame& frame) : ContainerPeer(frame), frame_(frame) {
-        registerClass(frameClass);
-        createChild(frameClass, frame.caption(), WS_CLIPSIBLINGS | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT);
-        if (handle() == nullptr)
-            return;
-        // A frame is no stop for the Tab key, only what stands in it.
-        SetWindowLongA(handle(), GWL_STYLE, GetWindowLongA(handle(), GWL_STYLE) & ~WS_TABSTOP);
-    }
-
-    void changed(forms::Property property) override {
-        if (property == forms::Property::text) {
-            setWindowText(frame_.caption());
-            InvalidateRect(handle(), nullptr, TRUE);
-            return;
-        }
-        ContainerPeer::changed(property);
-        if (property == forms::Property::enabled && handle() != nullptr)
-            InvalidateRect(handle(), nullptr, TRUE);
-    }
-
-  protected:
-    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
-        switch (message) {
-        case WM_PAINT:
-            paint();
-            return 0;
-        case WM_SETFONT:
-            font_ = reinterpret_cast<HFONT>(wParam); // NOLINT(performance-no-int-to-ptr)
-            return 0;
-        case WM_GETFONT:
-            return reinterpret_cast<LRESULT>(font_);
-        case WM_GETDLGCODE:
-            return DLGC_STATIC;
-        default:
-            return ContainerPeer::message(message, wParam, lParam);
-        }
-    }
-
-  private:
-    /// An etched box with the caption in its upper edge.
-    void paint() {
-        PAINTSTRUCT paint;
-        const HDC dc = BeginPaint(handle(), &paint);
-        if (frame_.border) {
-            RECT box;
-            GetClientRect(handle(), &box);
-            const RECT whole = box;
-            const HGDIOBJ former = SelectObject(dc, font_);
-            TEXTMETRICA metrics{};
-            GetTextMetricsA(dc, &metrics);
-            box.top = frame_.caption().empty() ? 0 : metrics.tmHeight / 2;
-            DrawEdge(dc, &box, EDGE_ETCHED, BF_RECT);
-            if (!frame_.caption().empty())
-                drawCaption(dc, whole, metrics.tmHeight);
-            SelectObject(dc, former);
-        }
-        EndPaint(handle(), &paint);
-    }
-
-    void drawCaption(HDC dc, const RECT& whole, LONG height) {
-        constexpr LONG indent = 9;
-        RECT text{whole.left + indent, whole.top, whole.right - indent, whole.top + height};
-        SetBkColor(dc, background().value_or(GetSysColor(COLOR_BTNFACE)));
-        const COLORREF colour =
-            frame_.foreColour() ? nativeColour(*frame_.foreColour()) : GetSysColor(COLOR_BTNTEXT);
-        SetTextColor(dc, IsWindowEnabled(handle()) != FALSE ? colour : GetSysColor(COLOR_GRAYTEXT));
-        DrawTextA(dc, frame_.caption().c_str(), -1, &text, DT_LEFT | DT_SINGLELINE);
-    }
-
-    forms::Frame& frame_;
-    HFONT font_ = nullptr;
-};
-
 } // namespace
 
 std::unique_ptr<forms::Peer> makeFormPeer(forms::Form& form) {
     return std::make_unique<FormPeer>(form);
-}
-
-std::unique_ptr<forms::Peer> makeFramePeer(forms::Frame& frame) {
-    return std::make_unique<FramePeer>(frame);
 }
 
 } // namespace win32

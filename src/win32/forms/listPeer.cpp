@@ -80,7 +80,8 @@ class ListPeer : public WindowPeer {
 class ListBoxPeer : public ListPeer {
   public:
     explicit ListBoxPeer(forms::ListBox& list) : ListPeer(list, listDialect) {
-        createChild("LISTBOX", {}, LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL, WS_EX_CLIENTEDGE);
+        createChild("LISTBOX", {}, LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | LBS_USETABSTOPS | WS_VSCROLL,
+                    WS_EX_CLIENTEDGE);
         fill();
     }
 

@@ -3,6 +3,7 @@
 #include "forms/button.h"
 #include "forms/form.h"
 #include "forms/frame.h"
+#include "forms/iconGrid.h"
 #include "forms/label.h"
 #include "forms/listBox.h"
 #include "forms/pictureBox.h"
@@ -42,6 +43,8 @@ std::unique_ptr<Peer> makePeer(Control& control) {
         return win32::makeComboBoxPeer(static_cast<ComboBox&>(control));
     case ControlKind::tabStrip:
         return win32::makeTabStripPeer(static_cast<TabStrip&>(control));
+    case ControlKind::iconGrid:
+        return win32::makeIconGridPeer(static_cast<IconGrid&>(control));
     }
     return nullptr;
 }

@@ -10,6 +10,7 @@ class CheckBox;
 class ComboBox;
 class CommandButton;
 class Frame;
+class IconGrid;
 class Image;
 class Label;
 class Line;
@@ -37,5 +38,6 @@ std::unique_ptr<forms::Peer> makeOptionButtonPeer(forms::OptionButton& button);
 std::unique_ptr<forms::Peer> makeListBoxPeer(forms::ListBox& list);
 std::unique_ptr<forms::Peer> makeComboBoxPeer(forms::ComboBox& list);
 std::unique_ptr<forms::Peer> makeTabStripPeer(forms::TabStrip& tabs);
+std::unique_ptr<forms::Peer> makeIconGridPeer(forms::IconGrid& grid);
 
 } // namespace win32

@@ -2,10 +2,15 @@
 #include "platform/system.h"
 
 #include "runtime/runtimeError.h"
+#include "win32/platform/fileError.h"
+#include "win32/platform/patience.h"
 
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
+#include <memory>
+#include <string>
 
 namespace {
 
@@ -14,22 +19,41 @@ using runtime::RuntimeError;
 
 constexpr DWORD longestPath = 32768;
 
+/// A file without line ends must not fill the memory.
+constexpr std::size_t longestLine = 1U << 20U;
+
 RuntimeError lastError() {
-    switch (GetLastError()) {
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_BAD_NETPATH:
-    case ERROR_BAD_NET_NAME:
-    case ERROR_INVALID_DRIVE:
-        return RuntimeError(ErrorNumber::pathNotFound);
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_LOCK_VIOLATION:
-        return RuntimeError(ErrorNumber::permissionDenied);
-    case ERROR_ACCESS_DENIED:
-    case ERROR_WRITE_PROTECT:
-        return RuntimeError(ErrorNumber::pathFileAccess);
-    default:
-        return RuntimeError(ErrorNumber::fileNotFound);
-    }
+    return win32::lastFileError(ErrorNumber::fileNotFound);
+}
+
+/// The bare name of the first plain file that a path matches.
+std::string findFile(const std::string& path) {
+    WIN32_FIND_DATAA found;
+    const HANDLE search = FindFirstFileA(path.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE)
+        return {};
+    std::string name;
+    do {
+        constexpr DWORD special = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+        if ((found.dwFileAttributes & special) == 0)
+            name = found.cFileName;
+    } while (name.empty() && FindNextFileA(search, &found) != FALSE);
+    FindClose(search);
+    return name;
+}
+
+bool isRemote(const std::string& path) {
+    if (path.starts_with("\\\\") || path.starts_with("//"))
+        return true;
+    return path.size() > 1 && path[1] == ':' &&
+           GetDriveTypeA((path.substr(0, 2) + "\\").c_str()) == DRIVE_REMOTE;
+}
+
+/// A host that does not answer takes the system half a minute: what has not been found by then counts as
+/// missing.
+std::string findPatiently(const std::string& path) {
+    const auto name = std::make_shared<std::string>();
+    return win32::doPatiently([path, name] { *name = findFile(path); }) ? *name : std::string();
 }
 
 class File {
@@ -67,19 +91,8 @@ std::string dir(std::string_view path) {
     // The platform takes some characters that no file name holds for wildcards of its own.
     if (path.empty() || path.find_first_of("<>\"|") != std::string_view::npos)
         return {};
-    WIN32_FIND_DATAA found;
-    const ::HANDLE search = FindFirstFileA(std::string(path).c_str(), &found);
-    if (search ==
-        reinterpret_cast<::HANDLE>(LONG_PTR{-1})) // NOLINT(performance-no-int-to-ptr): the platform's mark
-        return {};
-    std::string name;
-    do {
-        constexpr DWORD special = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
-        if ((found.dwFileAttributes & special) == 0)
-            name = found.cFileName;
-    } while (name.empty() && FindNextFileA(search, &found) != FALSE);
-    FindClose(search);
-    return name;
+    const std::string whole(path);
+    return isRemote(whole) ? findPatiently(whole) : findFile(whole);
 }
 
 void kill(std::string_view path) {
@@ -90,10 +103,13 @@ void kill(std::string_view path) {
 std::string readFirstLine(std::string_view path) {
     const File file{std::string(path)};
     std::string text;
+    std::size_t searched = 0;
     std::size_t end = std::string::npos;
-    while (end == std::string::npos && file.read(text))
-        end = text.find_first_of("\r\n");
-    return text.substr(0, end);
+    while (end == std::string::npos && text.size() < longestLine && file.read(text)) {
+        end = text.find_first_of("\r\n", searched);
+        searched = text.size();
+    }
+    return text.substr(0, std::min(end, longestLine));
 }
 
 const std::string& programFolder() {

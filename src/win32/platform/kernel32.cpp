@@ -5,6 +5,7 @@
 #include <tlhelp32.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -44,6 +45,20 @@ bool Process32First(HANDLE snapshot, PROCESSENTRY32& entry) {
 
 bool Process32Next(HANDLE snapshot, PROCESSENTRY32& entry) {
     return walk(::Process32Next, snapshot, entry);
+}
+
+int GetVersionExA(OSVERSIONINFOA& record) {
+    ::OSVERSIONINFOA native{};
+    static_assert(sizeof native == versionRecordSize);
+    native.dwOSVersionInfoSize = record.dwOSVersionInfoSize;
+    if (record.dwOSVersionInfoSize != versionRecordSize || ::GetVersionExA(&native) == FALSE)
+        return 0;
+    record.dwMajorVersion = native.dwMajorVersion;
+    record.dwMinorVersion = native.dwMinorVersion;
+    record.dwBuildNumber = native.dwBuildNumber;
+    record.dwPlatformId = native.dwPlatformId;
+    std::copy(std::begin(native.szCSDVersion), std::end(native.szCSDVersion), record.szCSDVersion);
+    return 1;
 }
 
 } // namespace platform

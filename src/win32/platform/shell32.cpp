@@ -2,15 +2,49 @@
 
 #include "win32/forms/modal.h"
 #include "win32/platform/native.h"
+#include "win32/platform/patience.h"
 
 #include <windows.h>
 
+#include <objbase.h>
 #include <shellapi.h>
 
 #include <algorithm>
+#include <climits>
 #include <cstring>
+#include <memory>
+#include <string>
 
 namespace {
+
+struct Opening {
+    platform::HWND owner;
+    std::string verb;
+    std::string file;
+    std::string parameters;
+    std::string folder;
+    int command;
+    std::intptr_t result = 0;
+};
+
+/// On a thread of its own.
+void open(Opening& opening) {
+    const HRESULT prepared = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
+    SHELLEXECUTEINFOA call{};
+    call.cbSize = sizeof call;
+    // No message of the shell's own; the thread ends behind the call.
+    call.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC;
+    call.hwnd = win32::native(opening.owner);
+    call.lpVerb = opening.verb.c_str();
+    call.lpFile = opening.file.c_str();
+    call.lpParameters = opening.parameters.c_str();
+    call.lpDirectory = opening.folder.c_str();
+    call.nShow = opening.command;
+    ShellExecuteExA(&call);
+    opening.result = reinterpret_cast<std::intptr_t>(call.hInstApp);
+    if (SUCCEEDED(prepared))
+        CoUninitialize();
+}
 
 /// Older than the system's present record: the shell takes it with the version that its size tells.
 NOTIFYICONDATAA trayRecord(const platform::NOTIFYICONDATA& record) {
@@ -42,6 +76,12 @@ std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeI
     return 1; // with both sizes asked for the platform may count each
 }
 
+int iconCount(const char* file) {
+    constexpr int all = -1;
+    const UINT count = ::ExtractIconExA(file, all, nullptr, nullptr, 0);
+    return count > INT_MAX ? 0 : static_cast<int>(count);
+}
+
 int PickIconDlg(HWND owner, std::span<char16_t> file, std::int32_t& index) {
     using Chooser = int(WINAPI*)(::HWND, wchar_t*, UINT, int*);
     constexpr WORD ordinal = 62; // it has no name
@@ -62,6 +102,19 @@ int PickIconDlg(HWND owner, std::span<char16_t> file, std::int32_t& index) {
 bool Shell_NotifyIconA(std::uint32_t message, const NOTIFYICONDATA& record) {
     NOTIFYICONDATAA native = trayRecord(record);
     return ::Shell_NotifyIconA(message, &native) != FALSE;
+}
+
+std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, const char* parameters,
+                            const char* folder, int command) {
+    // No path is longer, and hardly an address; Wine's shell writes beyond its buffers from some 1,600
+    // characters on.
+    constexpr std::size_t longestFile = 1500;
+    constexpr std::size_t longestParameters = 32767;
+    if (std::strlen(file) > longestFile || std::strlen(parameters) > longestParameters)
+        return SE_ERR_FNF;
+    const auto opening = std::make_shared<Opening>(Opening{owner, verb, file, parameters, folder, command});
+    // What is not open by then is still being opened.
+    return win32::doPatiently([opening] { open(*opening); }) ? opening->result : SE_ERR_DDEBUSY;
 }
 
 HICON programIcon() {

@@ -151,6 +151,19 @@ int World::openIcons() {
     return static_cast<int>(desktop::world().icons.size());
 }
 
+std::optional<std::string> World::clipboardText() {
+    return desktop::world().clipboard;
+}
+
+void World::holdClipboard(int milliseconds) {
+    desktop::world().clipboardHeldUntil = desktop::world().now + milliseconds;
+}
+
+bool World::withoutPrinter() {
+    desktop::world().noPrinter = true;
+    return true;
+}
+
 void World::typeInto(forms::TextBox& box, std::string_view text) {
     for (const char character : text)
         box.typeCharacter(character);

@@ -1,9 +1,11 @@
 // What ticking and building toolbars leave behind: counted, since a program that runs all day may leave
 // nothing but what it leaves on purpose.
+#include "contract/windows/icons.h"
 #include "contract/world.h"
 #include "core/hauptform.h"
 #include "platform/system.h"
 #include "store/buttonLists.h"
+#include "store/frmIconChooser.h"
 #include "toolbars/frmToolbar.h"
 #include "win32/forms/modal.h"
 
@@ -13,6 +15,7 @@
 
 #include <winternl.h>
 
+#include <algorithm>
 #include <cstring>
 #include <vector>
 
@@ -121,6 +124,42 @@ TEST_CASE("forms that come and go leave neither handles nor windows") {
     const int windows = openWindows();
     for (int round = 0; round < 30; ++round)
         comeAndGo();
+    CHECK(openHandles() == handles);
+    CHECK(openWindows() == windows);
+}
+
+TEST_CASE("an icon chooser that comes and goes leaves neither icons nor graphics nor handles nor windows") {
+    contract::World world;
+    const std::string library = world.iconFile(contract::IconSource::dll).path;
+    const std::string file = world.iconFile(contract::IconSource::ico).path;
+    int most = 0;
+    const auto comeAndGo = [&] {
+        store::frmIconChooser form(platform::HWND::none, library, 2);
+        form.show();
+        const auto painted = [&form] {
+            RedrawWindow(reinterpret_cast<HWND>(form.hWnd()), nullptr, nullptr,
+                         RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+            win32::servePending();
+        };
+        painted();
+        form.txtFile.edited(file);
+        form.btnOk.click();
+        CHECK(form.grdIcons.count() == 1);
+        painted();
+        most = std::max(most, contract::openGraphics());
+        form.unload();
+        win32::servePending();
+    };
+    comeAndGo();
+    const int icons = contract::openIconHandles();
+    const int graphics = contract::openGraphics();
+    const int handles = openHandles();
+    const int windows = openWindows();
+    for (int round = 0; round < 10; ++round)
+        comeAndGo();
+    CHECK(contract::openIconHandles() == icons);
+    CHECK(contract::openGraphics() == graphics);
+    CHECK(most > graphics); // or the counting counts nothing
     CHECK(openHandles() == handles);
     CHECK(openWindows() == windows);
 }

@@ -31,15 +31,15 @@ bool isIcon(std::uintptr_t handle) {
 
 } // namespace
 
-forms::Picture smallPictureOf(const std::string& icoFile) {
-    constexpr int side = 16;
+forms::Picture pictureIn(const std::string& icoFile, int side) {
     constexpr std::size_t entrySize = 16;
     constexpr std::size_t headerSize = 40;
     const std::string bytes = readWholeFile(icoFile).value_or("");
     const std::size_t count = bytes.size() < 6 ? 0 : number(bytes, 4, 2);
     for (std::size_t entry = 0; entry < count; ++entry) {
         const std::size_t at = 6 + entry * entrySize;
-        if (number(bytes, at, 1) != side || number(bytes, at + 1, 1) != side)
+        const auto edge = static_cast<std::uint32_t>(side);
+        if (number(bytes, at, 1) != edge || number(bytes, at + 1, 1) != edge)
             continue;
         const std::size_t bitmap = number(bytes, at + 12, 4);
         if (number(bytes, bitmap, 4) != headerSize || number(bytes, bitmap + 14, 2) != 32)
@@ -52,7 +52,7 @@ forms::Picture smallPictureOf(const std::string& icoFile) {
             }
         return {side, side, std::move(pixels)};
     }
-    throw std::runtime_error("no small picture in " + icoFile);
+    throw std::runtime_error("no such picture in " + icoFile);
 }
 
 int openIconHandles() {
@@ -62,6 +62,16 @@ int openIconHandles() {
     int count = 0;
     for (std::uintptr_t handle = 0x20; handle < 0x10000; handle += 2)
         count += isIcon(handle) ? 1 : 0;
+    return count;
+}
+
+int openGraphics() {
+    if (worldKind() == WorldKind::windows)
+        return static_cast<int>(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS));
+    // As with the icons.
+    int count = 0;
+    for (std::uintptr_t handle = 1; handle < 0x10000; ++handle)
+        count += GetObjectType(reinterpret_cast<HGDIOBJ>(handle)) != 0 ? 1 : 0;
     return count;
 }
 

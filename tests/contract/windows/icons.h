@@ -7,11 +7,13 @@
 
 namespace contract {
 
-/// The picture of 16 by 16 pixels in an .ico file of 32-bit pictures. Throws std::runtime_error if there is
-/// none.
-forms::Picture smallPictureOf(const std::string& icoFile);
+/// The picture with this edge in an .ico file of 32-bit pictures. Throws std::runtime_error if there is none.
+forms::Picture pictureIn(const std::string& icoFile, int side);
 
 /// Icon handles of this process that are open.
 int openIconHandles();
+
+/// Bitmaps, device contexts, fonts and the like of this process that are open.
+int openGraphics();
 
 } // namespace contract

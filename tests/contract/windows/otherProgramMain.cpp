@@ -76,7 +76,33 @@ std::string textOf(HWND window) {
     return text;
 }
 
-void carryOut(Order& order) {
+/// "none" if the clipboard holds no text.
+std::string clipboardText() {
+    std::string answer = "none";
+    if (OpenClipboard(nullptr) == FALSE)
+        return answer;
+    if (const HANDLE block = GetClipboardData(CF_TEXT)) {
+        answer = asWord(static_cast<const char*>(GlobalLock(block)));
+        GlobalUnlock(block);
+    }
+    CloseClipboard();
+    return answer;
+}
+
+/// Whoever opens the clipboard has to close it: both are done by the thread of the windows.
+void CALLBACK closeClipboard(HWND window, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
+    KillTimer(window, timer);
+    CloseClipboard();
+}
+
+std::string holdClipboard(HWND receiver, UINT milliseconds) {
+    if (OpenClipboard(receiver) == FALSE)
+        return "refused";
+    SetTimer(receiver, 1, milliseconds, closeClipboard);
+    return "done";
+}
+
+void carryOut(HWND receiver, Order& order) {
     std::string verb;
     order.words >> verb;
     if (verb == "open") {
@@ -95,6 +121,12 @@ void carryOut(Order& order) {
     } else if (verb == "editorHasFocus") {
         const HWND editor = GetDlgItem(handleFrom(order.words), editorId);
         order.answer = editor != nullptr && GetFocus() == editor ? "1" : "0";
+    } else if (verb == "clipboardText") {
+        order.answer = clipboardText();
+    } else if (verb == "holdClipboard") {
+        UINT milliseconds = 0;
+        order.words >> milliseconds;
+        order.answer = holdClipboard(receiver, milliseconds);
     } else {
         order.answer = "unknown";
     }
@@ -103,7 +135,7 @@ void carryOut(Order& order) {
 LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case orderMessage:
-        carryOut(*reinterpret_cast<Order*>(lParam));
+        carryOut(window, *reinterpret_cast<Order*>(lParam));
         return 0;
     case hangMessage:
         SetEvent(hanging);

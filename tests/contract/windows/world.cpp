@@ -11,6 +11,8 @@
 
 #include <doctest/doctest.h>
 
+#include <winspool.h>
+
 #include <vector>
 
 namespace contract {
@@ -186,7 +188,7 @@ std::optional<std::string> World::startedWith(const std::string& path) {
 
 IconFile World::iconFile(IconSource source) {
     static const char* const names[] = {"brd.ico", "sch.ico", "lbr.ico"};
-    const auto pictureOf = [](int index) { return std::optional(smallPictureOf(dataFile(names[index]))); };
+    const auto pictureOf = [](int index) { return std::optional(pictureIn(dataFile(names[index]), 16)); };
     switch (source) {
     case IconSource::ico:
         return {dataFile(names[0]), 1, pictureOf};
@@ -202,6 +204,21 @@ IconFile World::iconFile(IconSource source) {
 
 int World::openIcons() {
     return openIconHandles();
+}
+
+std::optional<std::string> World::clipboardText() {
+    const std::string answer = impl_->other.order("clipboardText");
+    return answer == "none" ? std::nullopt : std::optional(fromWord(answer));
+}
+
+void World::holdClipboard(int milliseconds) {
+    REQUIRE(impl_->other.order("holdClipboard " + std::to_string(milliseconds)) == "done");
+}
+
+bool World::withoutPrinter() {
+    char name[MAX_PATH] = {};
+    DWORD size = sizeof name;
+    return GetDefaultPrinterA(name, &size) == FALSE;
 }
 
 void World::typeInto(forms::TextBox& box, std::string_view text) {

@@ -1,0 +1,19 @@
+// The clipboard of the platform.
+#pragma once
+
+#include <string_view>
+
+namespace platform {
+
+/// How long a clipboard that another program holds is waited for, in milliseconds.
+inline constexpr int clipboardPatience = 500;
+
+/// Empties it. Error 521 if another program goes on holding it.
+void clearClipboard();
+
+/// Puts text of the ANSI code page there as plain text, beside what is there in other formats. Plain text
+/// ends at its first NUL, and so does what others get of it. Error 521 if another program goes on holding the
+/// clipboard.
+void setClipboardText(std::string_view text);
+
+} // namespace platform

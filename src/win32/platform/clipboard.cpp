@@ -1,0 +1,72 @@
+#include "platform/clipboard.h"
+
+#include "runtime/runtimeError.h"
+
+#include <windows.h>
+
+#include <cstring>
+
+namespace {
+
+[[noreturn]] void fail() {
+    throw runtime::RuntimeError(runtime::ErrorNumber::clipboardNotOpened);
+}
+
+/// What is put into the clipboard belongs to a window, or it is not taken. Lives until the process ends.
+HWND clipboardOwner() {
+    static const HWND window = CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                               GetModuleHandleA(nullptr), nullptr);
+    return window;
+}
+
+/// Open from its making to its end.
+class Clipboard {
+  public:
+    Clipboard() {
+        constexpr DWORD pause = 10; // milliseconds
+        const ULONGLONG begin = GetTickCount64();
+        while (OpenClipboard(clipboardOwner()) == FALSE) {
+            if (GetTickCount64() - begin >= platform::clipboardPatience)
+                fail();
+            Sleep(pause);
+        }
+    }
+    ~Clipboard() { CloseClipboard(); }
+    Clipboard(const Clipboard&) = delete;
+    Clipboard& operator=(const Clipboard&) = delete;
+};
+
+/// The clipboard keeps the block once it has taken it.
+void put(UINT format, const void* bytes, std::size_t size) {
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, size);
+    void* const room = block == nullptr ? nullptr : GlobalLock(block);
+    if (room == nullptr)
+        fail();
+    std::memcpy(room, bytes, size);
+    GlobalUnlock(block);
+    if (SetClipboardData(format, block) == nullptr) {
+        GlobalFree(block);
+        fail();
+    }
+}
+
+} // namespace
+
+namespace platform {
+
+void clearClipboard() {
+    const Clipboard open;
+    if (EmptyClipboard() == FALSE)
+        fail();
+}
+
+void setClipboardText(std::string_view text) {
+    const std::string ended(text.substr(0, text.find('\0')));
+    const Clipboard open;
+    put(CF_TEXT, ended.c_str(), ended.size() + 1);
+    // Programs that ask for Unicode get it by this code page; otherwise by that of the keyboard in use.
+    const LCID language = GetSystemDefaultLCID();
+    put(CF_LOCALE, &language, sizeof language);
+}
+
+} // namespace platform

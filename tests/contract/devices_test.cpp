@@ -1,0 +1,165 @@
+// Clipboard, printer, clock, version and the executable's name.
+#include "contract/world.h"
+#include "platform/clipboard.h"
+#include "platform/clock.h"
+#include "platform/executable.h"
+#include "platform/kernel32.h"
+#include "platform/printer.h"
+#include "platform/screen.h"
+#include "runtime/runtimeError.h"
+
+#include <doctest/doctest.h>
+
+#include <cmath>
+#include <functional>
+
+namespace {
+
+using contract::World;
+
+/// Number of the error that the call fails with, 0 for none.
+int errorOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const runtime::RuntimeError& error) {
+        return static_cast<int>(error.number);
+    }
+    return 0;
+}
+
+bool holds(const std::string& text, const char* what) {
+    return text.find(what) != std::string::npos;
+}
+
+} // namespace
+
+TEST_SUITE_BEGIN("contract");
+
+TEST_CASE("contract: text goes into the clipboard and a cleared one holds none") {
+    World world;
+    platform::clearClipboard();
+    CHECK_FALSE(world.clipboardText().has_value());
+    platform::setClipboardText("Zeile 1\r\n\t\xDC\x80 Zeile 2\r\n");
+    CHECK(world.clipboardText() == "Zeile 1\r\n\t\xDC\x80 Zeile 2\r\n");
+    platform::setClipboardText("next");
+    CHECK(world.clipboardText() == "next");
+    platform::clearClipboard();
+    CHECK_FALSE(world.clipboardText().has_value());
+}
+
+TEST_CASE("contract: an empty and a long text are held by the clipboard") {
+    World world;
+    platform::clearClipboard();
+    platform::setClipboardText("");
+    CHECK(world.clipboardText() == "");
+    const std::string longText(5000, 'x');
+    platform::clearClipboard();
+    platform::setClipboardText(longText);
+    CHECK(world.clipboardText() == longText);
+}
+
+TEST_CASE("contract: plain text in the clipboard ends at its first NUL") {
+    World world;
+    platform::clearClipboard();
+    platform::setClipboardText(std::string_view("before\0after", 12));
+    CHECK(world.clipboardText() == "before");
+}
+
+TEST_CASE("contract: a clipboard that another program holds for a moment is waited for") {
+    World world;
+    world.holdClipboard(platform::clipboardPatience / 4);
+    platform::clearClipboard();
+    world.holdClipboard(platform::clipboardPatience / 4);
+    platform::setClipboardText("came through");
+    CHECK(world.clipboardText() == "came through");
+}
+
+TEST_CASE("contract: a clipboard that another program keeps fails with the runtime's error") {
+    World world;
+    platform::clearClipboard();
+    platform::setClipboardText("stays");
+    world.holdClipboard(20 * platform::clipboardPatience);
+    CHECK(errorOf([] { platform::clearClipboard(); }) == 521);
+    CHECK(errorOf([] { platform::setClipboardText("new"); }) == 521);
+    world.killOtherProgram();
+}
+
+TEST_CASE("contract: without a printer a line fails with the runtime's error, and an end of no job is none") {
+    const World world;
+    if (!World::withoutPrinter()) {
+        MESSAGE("there is a printer: not tried");
+        return;
+    }
+    CHECK(errorOf([] { platform::printLine("text"); }) == 482);
+    CHECK(errorOf([] { platform::printLine("text"); }) == 482);
+    CHECK(errorOf([] { platform::endPrintJob(); }) == 0);
+}
+
+TEST_CASE("contract: the system tells its version for a record of the stated size") {
+    const World world;
+    platform::OSVERSIONINFOA record;
+    record.dwOSVersionInfoSize = platform::versionRecordSize;
+    REQUIRE(platform::GetVersionExA(record) != 0);
+    CHECK(record.dwOSVersionInfoSize == 148);
+    CHECK(record.dwPlatformId == 2);
+    CHECK(record.dwMajorVersion >= 5);
+    CHECK(record.dwMajorVersion < 20);
+    CHECK(record.dwBuildNumber > 0);
+}
+
+TEST_CASE("contract: a version record of another size is left as it is") {
+    const World world;
+    platform::OSVERSIONINFOA record;
+    for (const std::uint32_t size : {0U, 147U, 149U}) {
+        record.dwOSVersionInfoSize = size;
+        CHECK(platform::GetVersionExA(record) == 0);
+        CHECK(record.dwOSVersionInfoSize == size);
+        CHECK(record.dwMajorVersion == 0);
+    }
+}
+
+TEST_CASE("contract: a date's text has its day, a time's text its hours, minutes and seconds") {
+    const World world;
+    constexpr double date = 38845 + 14 / 24.0 + 25 / 1440.0 + 36 / 86400.0; // 8 May 2006
+    CHECK(holds(platform::dateText(date), "06"));
+    CHECK(holds(platform::dateText(date), "5"));
+    CHECK(holds(platform::dateText(date), "8"));
+    CHECK(holds(platform::timeText(date), "25"));
+    CHECK(holds(platform::timeText(date), "36"));
+    CHECK(platform::dateText(date) == platform::dateText(38845));
+    CHECK(platform::timeText(date) == platform::timeText(date - 38845));
+    CHECK(platform::timeText(0.25) == platform::timeText(-1.25));
+    CHECK(platform::dateText(-1.25) == platform::dateText(-1));
+    CHECK(holds(platform::dateText(-657434), "1"));
+    CHECK(holds(platform::dateText(2958465), "31"));
+    CHECK(errorOf([] { platform::dateText(-657435); }) == 5);
+    CHECK(errorOf([] { platform::dateText(2958466); }) == 5);
+    CHECK(errorOf([] { platform::timeText(1e300); }) == 5);
+}
+
+TEST_CASE("contract: the clock goes on from this year") {
+    const World world;
+    const double begin = platform::now();
+    CHECK(begin > 38000);
+    CHECK(begin < 100'000);
+    CHECK(World::until([begin] { return platform::now() > begin; }));
+    // Whole seconds, as close as a fraction of a day can have them.
+    const double seconds = platform::now() * 86400;
+    CHECK(seconds == doctest::Approx(std::round(seconds)).epsilon(1e-12));
+}
+
+TEST_CASE("contract: the executable's name has neither folder nor extension") {
+    const World world;
+    const std::string& name = platform::executableName();
+    CHECK_FALSE(name.empty());
+    CHECK(name.find_first_of("\\/.:") == std::string::npos);
+}
+
+TEST_CASE("contract: the screen has a size, and the pointer can be set back") {
+    const World world;
+    CHECK(platform::screenWidth() >= 640);
+    CHECK(platform::screenHeight() >= 480);
+    platform::resetMousePointer();
+}
+
+TEST_SUITE_END();
