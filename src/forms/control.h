@@ -58,6 +58,7 @@ enum class ControlKind {
     line,
     toolbar,
     tabStrip,
+    iconGrid,
 };
 
 /// Buttons of a mouse event: 1 left, 2 right, 4 middle. Shift state: 1 Shift, 2 Ctrl, 4 Alt. X, y: twips.

@@ -31,6 +31,10 @@ class Form : public Container {
     bool controlBox = true; ///< system menu and close box
     bool showInTaskbar = true;
     bool centreOnScreen = false;
+    /// The window that the form stays in front of and goes with; without one the program's own choice.
+    platform::HWND ownerWindow = platform::HWND::none;
+    /// Has the keyboard first if it can; without one the first stop of the Tab key has it.
+    Control* firstFocus = nullptr;
     bool activates = true; ///< takes the focus when it is shown or clicked; a hosted form must not
     /// Sets the client size, in twips; the outer size follows from the border style, to be set before.
     void setClientSize(float width, float height);
@@ -78,6 +82,8 @@ class Form : public Container {
     virtual void Form_Resize() {}
     virtual void Form_MouseMove(int /*button*/, int /*shift*/, float /*x*/, float /*y*/) {}
     virtual void Form_Click() {}
+    /// The shell has made its task bar, anew or for the first time.
+    virtual void Form_TaskbarCreated() {}
 
   protected:
     void childPlaced(Control& child) override;

@@ -31,9 +31,9 @@ enum class Property {
     enabled,
     visible,
     toolTip,
-    selection, ///< selected text, list row or tab
+    selection, ///< selected text, list row, icon or tab
     value,     ///< check box or option button
-    items,     ///< rows of a list, captions of tabs
+    items,     ///< rows of a list, captions of tabs, icons of a grid
     picture,
     imageList,
     buttons, ///< buttons of a toolbar, or their layout
