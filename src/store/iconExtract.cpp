@@ -6,6 +6,7 @@
 #include "runtime/numbers.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
+#include "store/iconChooser.h"
 #include "store/pathTokens.h"
 
 #include <algorithm>
@@ -39,10 +40,14 @@ std::string chooseIconFile(const std::string& reference, platform::HWND owner) {
         index = runtime::toInt32(runtime::element(parts, 1));
     }
     // A start file that does not fit is cut: the last character stays the terminator.
-    std::array<char16_t, 260> buffer = {};
+    std::array<char16_t, iconPathSize> buffer = {};
     const std::u16string wide = platform::toUtf16(file);
     std::copy_n(wide.begin(), std::min(wide.size(), buffer.size() - 1), buffer.begin());
-    if (platform::PickIconDlg(owner, buffer, index) != 1)
+    int result = platform::PickIconDlg(owner, buffer, index);
+    constexpr int noChooser = -1;
+    if (result == noChooser)
+        result = pickIcon(owner, buffer, index);
+    if (result != 1)
         return {};
     const auto end = std::find(buffer.begin(), buffer.end(), u'\0');
     return platform::toAnsi(std::u16string_view(buffer.begin(), end)) + "," + std::to_string(index);

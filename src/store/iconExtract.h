@@ -14,7 +14,8 @@ namespace store {
 void extractIconToPicture(const std::string& file, std::int32_t index, forms::PictureBox& picture);
 
 /// Lets the user pick an icon, starting from `reference` (file, comma, index, or empty). Gives the new
-/// reference, or empty text on cancel. Error 9 for a reference without a comma.
+/// reference, or empty text on cancel. A chooser of our own stands in where the shell has none. Error 9 for a
+/// reference without a comma.
 std::string chooseIconFile(const std::string& reference, platform::HWND owner);
 
 } // namespace store

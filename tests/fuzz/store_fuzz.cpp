@@ -4,6 +4,7 @@
 #include "desktop/iniFile.h"
 #include "runtime/runtimeError.h"
 #include "store/buttonLists.h"
+#include "store/frmIconChooser.h"
 #include "store/iconExtract.h"
 #include "store/pathTokens.h"
 #include "store/settings.h"
@@ -47,9 +48,16 @@ TEST_CASE("random icon references give the chooser or one of three errors") {
     for (int round = 0; round < 5000; ++round) {
         const std::string reference =
             round % 2 == 0 ? random.text("aC:\\.,0123456789- ", 20) : random.bytes(400);
+        world().modalScripts = {[&random](forms::Form& form) {
+            auto& chooser = dynamic_cast<store::frmIconChooser&>(form);
+            chooser.txtFile.edited(random.bytes(400));
+            chooser.btnOk.click();
+            chooser.btnCancel.click();
+        }};
         try {
-            store::chooseIconFile(reference, platform::HWND::none);
+            const std::string given = store::chooseIconFile(reference, platform::HWND::none);
             ++chosen;
+            CHECK(given.empty());
         } catch (const RuntimeError& error) {
             const bool known = error.number == ErrorNumber::subscriptOutOfRange ||
                                error.number == ErrorNumber::typeMismatch ||

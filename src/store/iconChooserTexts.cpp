@@ -1,0 +1,50 @@
+#include "store/iconChooserTexts.h"
+
+#include "core/state.h"
+
+namespace store {
+
+namespace {
+
+constexpr IconChooserTexts german{
+    .title = "Symbol ausw\xE4hlen",
+    .file = "&Datei:",
+    .browse = "D&urchsuchen...",
+    .icons = "&Symbole in dieser Datei",
+    .onlyTheFirst = "die ersten",
+    .ok = "&OK",
+    .cancel = "&Abbrechen",
+    .noFile = "Geben Sie eine Datei an, die Symbole enth\xE4lt.",
+    .unread = "Die Eingabetaste zeigt die Symbole dieser Datei.",
+    .notFound = "Diese Datei wurde nicht gefunden.",
+    .noIcons = "Diese Datei enth\xE4lt keine Symbole.",
+    .browseTitle = "Datei mit Symbolen \xF6"
+                   "ffnen",
+    .iconFiles = "Dateien mit Symbolen",
+    .allFiles = "Alle Dateien",
+};
+
+constexpr IconChooserTexts english{
+    .title = "Choose Icon",
+    .file = "&File:",
+    .browse = "&Browse...",
+    .icons = "&Icons in this file",
+    .onlyTheFirst = "the first",
+    .ok = "&OK",
+    .cancel = "&Cancel",
+    .noFile = "Enter a file that contains icons.",
+    .unread = "Press Enter to see the icons of this file.",
+    .notFound = "This file was not found.",
+    .noIcons = "This file contains no icons.",
+    .browseTitle = "Open a File with Icons",
+    .iconFiles = "Files with icons",
+    .allFiles = "All files",
+};
+
+} // namespace
+
+const IconChooserTexts& iconChooserTexts() {
+    return core::languageOffset == 0 ? german : english;
+}
+
+} // namespace store

@@ -1,0 +1,77 @@
+#include "store/iconPicture.h"
+
+#include "forms/surface.h"
+#include "platform/shell32.h"
+#include "platform/user32.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace store {
+
+namespace {
+
+constexpr int side = 32;
+constexpr forms::Colour black = 0x000000;
+constexpr forms::Colour white = 0xFFFFFF;
+constexpr int opaque = 0xFF;
+
+struct OwnedIcon {
+    platform::HICON handle = platform::HICON::none;
+
+    OwnedIcon() = default;
+    ~OwnedIcon() {
+        if (handle != platform::HICON::none)
+            platform::DestroyIcon(handle);
+    }
+    OwnedIcon(const OwnedIcon&) = delete;
+    OwnedIcon& operator=(const OwnedIcon&) = delete;
+};
+
+forms::Picture drawnOn(forms::Colour colour, platform::HICON icon) {
+    const forms::Surface surface(side, side, colour);
+    platform::DrawIconEx(surface.dc(), 0, 0, icon, 0, 0, 0, 3);
+    return surface.copy();
+}
+
+int channel(std::uint32_t pixel, unsigned shift) {
+    return static_cast<int>(pixel >> shift & 0xFFU);
+}
+
+/// What covers white as well as it covers black. An icon may have its opacity or a mask, so both are only
+/// seen from what shines through. What turns its background round comes out as it looks on black.
+std::uint32_t covering(std::uint32_t onBlack, std::uint32_t onWhite) {
+    int opacity = 0;
+    for (const unsigned shift : {0U, 8U, 16U})
+        opacity = std::max(opacity, opaque - (channel(onWhite, shift) - channel(onBlack, shift)));
+    opacity = std::clamp(opacity, 0, opaque);
+    if (opacity == 0)
+        return 0;
+    auto pixel = static_cast<std::uint32_t>(opacity) << 24U;
+    for (const unsigned shift : {0U, 8U, 16U}) {
+        const int full = std::min(opaque, (channel(onBlack, shift) * opaque + opacity / 2) / opacity);
+        pixel |= static_cast<std::uint32_t>(full) << shift;
+    }
+    return pixel;
+}
+
+} // namespace
+
+forms::Picture iconPicture(const std::string& file, std::int32_t index) {
+    OwnedIcon largeIcon;
+    OwnedIcon smallIcon;
+    if (platform::ExtractIconExA(file.c_str(), index, largeIcon.handle, smallIcon.handle) < 1)
+        return {};
+    const forms::Picture onBlack = drawnOn(black, largeIcon.handle);
+    const forms::Picture onWhite = drawnOn(white, largeIcon.handle);
+    std::vector<std::uint32_t> pixels;
+    pixels.reserve(onBlack.pixels().size());
+    for (std::size_t place = 0; place < onBlack.pixels().size() && place < onWhite.pixels().size(); ++place)
+        pixels.push_back(covering(onBlack.pixels()[place], onWhite.pixels()[place]));
+    // Without memory for a surface there is no picture.
+    if (pixels.size() != std::size_t{side} * side)
+        return {};
+    return {side, side, std::move(pixels)};
+}
+
+} // namespace store
