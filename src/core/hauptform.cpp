@@ -1,10 +1,10 @@
 #include "core/hauptform.h"
 
+#include "core/frmMenu.h"
+#include "core/frmSplash.h"
 #include "core/launcher.h"
 #include "core/runRequest.h"
-#include "core/splash.h"
 #include "core/state.h"
-#include "core/taskMenu.h"
 #include "platform/system.h"
 #include "store/settings.h"
 
@@ -35,6 +35,8 @@ Hauptform::Hauptform() {
     txtTooltip.place(*this, {});
     txtTooltip.setVisible(false);
     txtTooltip.setText("Kestrel Bar for EAGLE");
+    txtTooltip.onMouseMove = [this](int, int, float x, float) { txtTooltip_MouseMove(x); };
+    tmrSystray.onTimer = [this] { tryAddSystray(); };
     Timer1.onTimer = [this] { handleRunRequest(*this); };
     Timer2.onTimer = [this] { Timer2_Timer(); };
 }
@@ -54,10 +56,10 @@ void Hauptform::Form_Load() {
         platform::endProgram();
     }
     dropRunRequest();
-    showSplash();
+    splashForm().showModal();
     languageOffset = store::getNumber(store::section::global, store::key::language);
     addSystray();
-    loadMenuTexts();
+    menuForm().loadResources();
     loadSettings();
     store::loadButtonLists(0);
     if (store::getFlag(store::section::toolbar, store::key::autoEAGLE))

@@ -24,6 +24,13 @@ namespace core {
 using Toolbars = std::vector<std::unique_ptr<toolbars::frmToolbar>>;
 using Calculators = std::vector<std::unique_ptr<calculator::frmMil>>;
 
+struct PositionRecord {
+    std::int32_t left = 0;
+    std::int32_t top = 0;
+    std::int32_t right = 0;
+    std::int32_t bottom = 0;
+};
+
 class Hauptform : public forms::Form {
   public:
     Hauptform();
@@ -31,7 +38,7 @@ class Hauptform : public forms::Form {
 
     /// One tick of the tracker.
     void setWindow();
-    /// Adds the tray icon; a refusal is not noticed.
+    /// Adds the tray icon. If the shell refuses it, it is asked again for two minutes.
     void addSystray();
     /// Removes the tray icon; removing it twice does no harm.
     void delSystray();
@@ -39,9 +46,14 @@ class Hauptform : public forms::Form {
     void Form_Load() override;
     void Form_QueryUnload(bool& cancel) override;
     void Form_Unload() override;
+    /// The shell has started anew and knows nothing of the icon.
+    void Form_TaskbarCreated() override;
+    /// Receives the tray's messages: `x` is the mouse message times 15.
+    void txtTooltip_MouseMove(float x);
 
-    forms::Timer Timer1{500}; ///< handles a run request
-    forms::Timer Timer2{200}; ///< the tick
+    forms::Timer Timer1{500};      ///< handles a run request
+    forms::Timer Timer2{200};      ///< the tick
+    forms::Timer tmrSystray{1000}; ///< asks the shell again that has refused the tray icon
     forms::TextBox txtTooltip;
 
     Calculators calculators;
@@ -52,12 +64,17 @@ class Hauptform : public forms::Form {
     std::int16_t idleCount = 0;
     /// Last file name written to the settings, by editor kind.
     std::array<std::string, 3> lastOpened;
+    /// Slots 1 to 8; 1 holds the host of the latest calculator. Written only, as are the records 1 to 3.
+    std::array<std::int32_t, 9> windowTable = {};
+    std::array<PositionRecord, 4> positions;
 
     Toolbars& toolbarsOf(store::EditorKind kind);
 
   private:
     platform::NOTIFYICONDATA trayRecord_;
+    int trayTries_ = 0; ///< how often the icon was added since addSystray; 0 before
 
+    void tryAddSystray();
     void loadSettings();
     void Timer2_Timer();
     void idleTest();

@@ -1,7 +1,128 @@
 #include "core/launcher.h"
 
+#include "core/state.h"
+#include "core/windoInf.h"
+#include "platform/system.h"
+#include "platform/user32.h"
+#include "runtime/text.h"
+#include "store/settings.h"
+#include "store/textCatalogue.h"
+
+#include <algorithm>
+#include <cstddef>
+
 namespace core {
 
-void startEagle() {}
+namespace {
+
+namespace key = store::key;
+
+constexpr const char* controlPanel = "control panel";
+
+std::string setting(const char* name) {
+    return store::getini(store::section::toolbar, name);
+}
+
+std::int32_t number(const char* name) {
+    return store::getNumber(store::section::toolbar, name);
+}
+
+bool eaglePathIsRight() {
+    return runtime::lowerCase(platform::dir(setting(key::eaglePath))) == "eagle.exe";
+}
+
+void tellWrongPath() {
+    constexpr int criticalStyle = 16;
+    platform::msgBox(store::LoadResString(1058 + languageOffset) + "\r\n" +
+                         store::LoadResString(1059 + languageOffset),
+                     criticalStyle, store::LoadResString(3930 + languageOffset));
+}
+
+/// Activates the application whose title begins as the latest title search was for.
+void activateFound() {
+    platform::appActivate(searchTitle);
+}
+
+/// The window of the file that is named in the settings; where there is none, a window of the kind whose name
+/// stands in that setting.
+void bringFileToFront() {
+    const platform::HWND window = findWindowByTitle(setting(key::eagleFile));
+    if (window != platform::HWND::none) {
+        constexpr int restore = 9;
+        platform::BringWindowToTop(window);
+        platform::ShowWindow(window, restore);
+        activateFound();
+        return;
+    }
+    const std::string file = setting(key::eagleFile);
+    for (const char* kind : {"board", "schematic", "library"}) {
+        if (file.find(kind) == std::string::npos)
+            continue;
+        if (findWindowByTitle(kind) != platform::HWND::none)
+            activateFound();
+        return;
+    }
+}
+
+/// In this order, which leaves the board on top.
+void bringEditorsToFront() {
+    for (const char* kind : {"library", "schematic", "board"})
+        if (findWindowByTitle(kind) != platform::HWND::none)
+            activateFound();
+}
+
+void bringToFront() {
+    platform::BringWindowToTop(findWindowByTitle(controlPanel));
+    if (number(key::winEAGLE) != 0)
+        bringFileToFront();
+    else
+        bringEditorsToFront();
+}
+
+/// The name under a key, trimmed, if its bit in the setting is set; empty otherwise.
+std::string lastFile(std::int32_t bit, const char* name) {
+    if ((number(key::winEAGLE) & bit) == 0)
+        return {};
+    return std::string(runtime::trim(setting(name)));
+}
+
+void start() {
+    std::string tail;
+    if (number(key::winEAGLE) != 0)
+        tail = commandLineTail(
+            {lastFile(1, key::lastBoard), lastFile(2, key::lastSCH), lastFile(4, key::lastLBR)});
+    constexpr int normalWithFocus = 1;
+    platform::shell(setting(key::eaglePath) + tail, normalWithFocus);
+}
+
+} // namespace
+
+std::string commandLineTail(const std::array<std::string, 3>& names) {
+    const auto& [board, schematic, library] = names;
+    const auto count =
+        std::count_if(names.begin(), names.end(), [](const std::string& name) { return !name.empty(); });
+    if (count == 0)
+        return {};
+    // Kept: one file follows the quote at once, with several a blank stands between. No name gets quotes.
+    if (count == 1)
+        return " -C \"window fit;\"" + board + schematic + library;
+    if (library.empty())
+        return " -C \"edit " + schematic + ";\" " + board;
+    if (count == 2)
+        return " -C \"open " + library + ";\" " + board + schematic;
+    return " -C \"open " + library + "; edit " + schematic + ";\" " + board;
+}
+
+void startEagle() {
+    if (!eaglePathIsRight()) {
+        tellWrongPath();
+        return;
+    }
+    const platform::HWND running = findWindowByTitle(controlPanel);
+    if (number(key::oneEAGLE) != 0 && running != platform::HWND::none)
+        bringToFront();
+    else
+        start();
+}
 
 } // namespace core

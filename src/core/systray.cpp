@@ -1,6 +1,8 @@
-// The tray icon of Hauptform.
+// The tray icon of Hauptform and its menu.
+#include "core/frmMenu.h"
 #include "core/hauptform.h"
 #include "platform/shell32.h"
+#include "runtime/numbers.h"
 
 #include <algorithm>
 
@@ -10,6 +12,9 @@ namespace {
 
 constexpr std::uint32_t addIcon = 0;
 constexpr std::uint32_t deleteIcon = 2;
+
+/// While the shell is busy, as it is at logon, it refuses icons: so often is it asked again, once a second.
+constexpr int mostTries = 120;
 
 platform::NOTIFYICONDATA trayRecord(platform::HWND window, const std::string& tip) {
     platform::NOTIFYICONDATA record;
@@ -32,11 +37,35 @@ platform::NOTIFYICONDATA trayRecord(platform::HWND window, const std::string& ti
 
 void Hauptform::addSystray() {
     trayRecord_ = trayRecord(txtTooltip.hWnd(), txtTooltip.text());
-    platform::Shell_NotifyIconA(addIcon, trayRecord_);
+    trayTries_ = 0;
+    tryAddSystray();
+}
+
+void Hauptform::tryAddSystray() {
+    const bool added = platform::Shell_NotifyIconA(addIcon, trayRecord_);
+    ++trayTries_;
+    tmrSystray.setEnabled(!added && trayTries_ < mostTries);
 }
 
 void Hauptform::delSystray() {
+    tmrSystray.setEnabled(false);
     platform::Shell_NotifyIconA(deleteIcon, trayRecord_);
+}
+
+void Hauptform::Form_TaskbarCreated() {
+    // Only what has been added before is added again.
+    if (trayTries_ > 0)
+        addSystray();
+}
+
+void Hauptform::txtTooltip_MouseMove(float x) {
+    // What the tray sends stands in the low half of the message's second number, where a mouse move has its
+    // pixel column: the mouse message times 15.
+    constexpr std::int32_t leftReleased = 0x1E1E;
+    constexpr std::int32_t rightReleased = 0x1E4B;
+    const std::int32_t message = runtime::roundToInt32(x);
+    if (message == leftReleased || message == rightReleased)
+        forms::popUp(*this, menuForm().mnuTaskbarG);
 }
 
 } // namespace core

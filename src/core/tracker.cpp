@@ -147,20 +147,25 @@ std::size_t Hauptform::addToolbar(EditorKind kind, platform::HWND host, std::siz
 std::size_t Hauptform::addCalculator(toolbars::frmToolbar& toolbar, platform::HWND host) {
     calculators.push_back(std::make_unique<calculator::frmMil>());
     calculator::frmMil& added = *calculators.back();
+    // Not to be seen before it has its place: the host would show for a while what stood elsewhere.
+    added.fraMil.setVisible(false);
     added.show();
     added.setWidth(1);
     added.fraMil.setTop(0);
     platform::SetParent(added.fraMil.hWnd(), host);
     const std::size_t index = calculators.size() - 1;
     toolbar.milIndex = static_cast<std::int32_t>(index);
+    windowTable[1] = static_cast<std::int32_t>(host);
     return index;
 }
 
 void Hauptform::placeCalculator(std::size_t index, platform::HWND host) {
     const float left = calculatorLeft(hostWidth(host), index != 0, platform::twipsPerPixelX());
     // Without a calculator at this index there is nothing to place.
-    if (index < calculators.size() && calculators[index] != nullptr)
-        calculators[index]->fraMil.setLeft(left);
+    if (index >= calculators.size() || calculators[index] == nullptr)
+        return;
+    calculators[index]->fraMil.setLeft(left);
+    calculators[index]->fraMil.setVisible(true);
 }
 
 } // namespace core

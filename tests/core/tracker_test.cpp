@@ -334,6 +334,7 @@ TEST_CASE("with the calculator on a new window gets one, placed by the host's wi
     CHECK(program.desk().window(calculator.window()).parent == HWND::none);
     CHECK(calculator.fraMil.left() == 12360);
     CHECK(calculator.fraMil.top() == 0);
+    CHECK(program.desk().window(calculator.fraMil.hWnd()).visible);
     CHECK(program.desk().window(calculator.fraMil.hWnd()).rect.left == 824);
 }
 

@@ -1,0 +1,31 @@
+#include "core/help.h"
+
+#include "core/state.h"
+#include "platform/hhctrl.h"
+#include "platform/system.h"
+#include "runtime/runtimeError.h"
+#include "store/textCatalogue.h"
+
+#include <string>
+
+namespace core {
+
+void showHelp() {
+    constexpr std::uint32_t helpContext = 15; // HH_HELP_CONTEXT
+    constexpr std::int32_t startTopic = 6000;
+    constexpr int criticalStyle = 16;
+    const std::string file = platform::programFolder() + "\\EAGLE_Kestrel_Bench.chm";
+    for (;;) {
+        try {
+            platform::HtmlHelpA(platform::HWND::none, file.c_str(), helpContext,
+                                static_cast<std::uintptr_t>(startTopic + languageOffset));
+            return;
+        } catch (const runtime::RuntimeError&) {
+            platform::beep();
+            platform::msgBox(store::LoadResString(3100 + languageOffset), criticalStyle,
+                             store::LoadResString(3101 + languageOffset));
+        }
+    }
+}
+
+} // namespace core

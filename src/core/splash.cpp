@@ -1,7 +1,0 @@
-#include "core/splash.h"
-
-namespace core {
-
-void showSplash() {}
-
-} // namespace core

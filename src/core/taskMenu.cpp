@@ -1,7 +1,0 @@
-#include "core/taskMenu.h"
-
-namespace core {
-
-void loadMenuTexts() {}
-
-} // namespace core
