@@ -6,6 +6,7 @@
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
 #include "setup/ObjFiledialog.h"
+#include "setup/frmSetup.h"
 #include "store/pathTokens.h"
 #include "toolbars/buttonTag.h"
 #include "toolbars/frmToolbar.h"
@@ -83,8 +84,10 @@ void frmToolbar::Toolbar_ButtonClick(forms::ToolbarButton& button) {
         typeCommand(eagHND, path + *arguments);
 }
 
-/// The setup dialog opens here, on the form's page, once it is built; after it the toolbar is built anew.
+/// Opens the setup on the form's page. When it has closed, by OK or not, this toolbar is built anew; others
+/// keep their buttons.
 void frmToolbar::openSetup() {
+    setup::openSetup(differences_.setupPage);
     loadLists();
     loadVarBar();
 }

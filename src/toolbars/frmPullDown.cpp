@@ -1,12 +1,8 @@
 #include "toolbars/frmPullDown.h"
 
-#include <memory>
+#include "forms/defaultInstance.h"
 
 namespace toolbars {
-
-namespace {
-std::unique_ptr<frmPullDown> instance;
-} // namespace
 
 frmPullDown::frmPullDown() {
     borderStyle = forms::BorderStyle::fixedDialog;
@@ -17,13 +13,11 @@ frmPullDown::frmPullDown() {
 }
 
 frmPullDown& pullDown() {
-    if (!instance)
-        instance = std::make_unique<frmPullDown>();
-    return *instance;
+    return forms::defaultInstance<frmPullDown>();
 }
 
 bool pullDownExists() {
-    return instance != nullptr;
+    return forms::defaultSlot<frmPullDown>() != nullptr;
 }
 
 } // namespace toolbars

@@ -257,6 +257,7 @@ TEST_CASE("a click whose host has gone types into what has the focus") {
 TEST_CASE("a click on Config types nothing, reloads the list and builds this toolbar anew") {
     Host program;
     program.desk().writeSettings("[board]\r\n1name=Fit\r\n1path=window fit\r\n1dialog=0\r\n1type=1\r\n");
+    program.desk().modalScripts.push_back([](forms::Form& setup) { setup.unload(); });
     program.desk().event([&] { program.toolbar(EditorKind::board, 1).toolbar.clickButton(0); });
     REQUIRE(program.toolbar(EditorKind::board, 1).toolbar.buttons().size() == 2);
     CHECK(program.toolbar(EditorKind::board, 1).toolbar.buttons()[0].key == "Fit1");

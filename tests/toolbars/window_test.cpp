@@ -167,6 +167,7 @@ TEST_CASE("a board toolbar that is built anew keeps its height until the next re
         Host bar(0, kind);
         REQUIRE(bar.height() == rowHeight + frameHeight);
         bar.desk().writeSettings(rows(store::listOf(kind).section, 12));
+        bar.desk().modalScripts.push_back([](forms::Form& setup) { setup.unload(); });
         bar.desk().event([&] { bar.form().toolbar.clickButton(0); });
         CHECK(bar.height() == expected * rowHeight + frameHeight);
         bar.desk().event([&] { bar.form().Form_Resize(); });

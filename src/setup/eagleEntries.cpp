@@ -1,0 +1,60 @@
+// Entries that type an EAGLE command, and the choice of an entry's icon.
+#include "setup/frmSetup.h"
+
+#include "platform/system.h"
+#include "runtime/numbers.h"
+#include "runtime/text.h"
+#include "store/iconExtract.h"
+#include "store/pathTokens.h"
+#include "store/settings.h"
+
+namespace setup {
+
+using store::ToolButton;
+
+namespace {
+
+/// Files beside the program, with an icon for each kind of editor.
+constexpr PerPage<const char*> iconFiles = {"\\brd.ico", "\\sch.ico", "\\lbr.ico"};
+
+} // namespace
+
+void frmSetup::btnAddEAGLE_Click(std::int16_t Index) {
+    // Kept: the name of another routine.
+    store::currentRoutine = "btnAdd_Click";
+    constexpr std::int16_t eagleCommand = 1;
+    const auto page = static_cast<std::size_t>(Index);
+    noUpdate = -1;
+    showEntryFields(Index, eagleCommand);
+    chkAdd[3 * page].setValue(true);
+    emptyFields(Index);
+    txtTitle[page].setText("EAGLE Command");
+    ToolButton& added = append(Index, eagleCommand);
+    // Draws nothing: the icon comes when the row is selected.
+    store::extractIconToPicture({}, 0, imgIcon[page]);
+    picView[page].setPicture(imgIcon[page].image());
+    added.icon = platform::programFolder() + iconFiles[page] + ",0";
+    fillList(Index);
+    selectLast(Index);
+    refreshPreview(page);
+    noUpdate = 0;
+}
+
+void frmSetup::btnIcon_Click(std::int16_t Index) {
+    const auto page = static_cast<std::size_t>(Index);
+    store::ButtonList& buttons = workList[page];
+    // Without a selection this is the unused slot 0; a list that never had an entry has not even that.
+    const std::int32_t slot = lstApps[page].listIndex() + 1;
+    const std::string start = buttons.allocated() ? store::expandTokens(buttons[slot].icon) : std::string();
+    const std::string chosen = store::chooseIconFile(start, window());
+    if (chosen.empty())
+        return;
+    const std::vector<std::string> parts = runtime::split(chosen, ',');
+    store::extractIconToPicture(parts[0], runtime::toInt32(runtime::element(parts, 1)), imgIcon[page]);
+    picView[page].setPicture(imgIcon[page].image());
+    if (buttons.allocated())
+        buttons[slot].icon = chosen;
+    refreshPreview(page);
+}
+
+} // namespace setup

@@ -1,0 +1,89 @@
+// The OK button: the one commit of the dialog. Deliberately not all or nothing: what has been written before
+// a check fails stays written, and the dialog stays open with all edits.
+#include "setup/frmSetup.h"
+
+#include "calculator/frmMil.h"
+#include "core/state.h"
+#include "platform/system.h"
+#include "runtime/text.h"
+#include "store/settings.h"
+#include "store/textCatalogue.h"
+
+namespace setup {
+
+using core::languageOffset;
+using store::LoadResString;
+using store::setini;
+namespace key = store::key;
+
+void frmSetup::saveOptions() {
+    constexpr const char* toolbar = store::section::toolbarWritten;
+    setini(toolbar, key::autoEAGLE, std::to_string(chkEAGLE.value()));
+    setini(toolbar, key::autoToolbar, std::to_string(chkClose.value()));
+    const int windows = chkLastBRD.value() + 2 * chkLastSCH.value() + 4 * chkLastLBR.value();
+    setini(toolbar, key::winEAGLE, std::to_string(windows));
+    setini(toolbar, key::oneEAGLE, std::to_string(chkOneInst.value()));
+    setini(store::section::unit, key::visible, std::to_string(chkUnitCalc.value()));
+    core::unitCalcActive = static_cast<std::int16_t>(chkUnitCalc.value());
+}
+
+void frmSetup::saveUnits() {
+    constexpr std::array<const char*, 2> unitKeys = {key::leftUnit, key::rightUnit};
+    constexpr std::array<const char*, 2> accuracyKeys = {key::leftAccuracy, key::rightAccuracy};
+    for (std::size_t side = 0; side < 2; ++side) {
+        core::unitName[side] = cboUnit[side].text();
+        setini(store::section::unit, unitKeys[side], core::unitName[side]);
+    }
+    for (std::size_t side = 0; side < 2; ++side) {
+        core::unitAccuracy[side] = cboAccur[side].text();
+        setini(store::section::unit, accuracyKeys[side], core::unitAccuracy[side]);
+    }
+}
+
+/// Whether the file is there and bears EAGLE's name, in any mix of case.
+bool frmSetup::eaglePathValid() const {
+    return runtime::lowerCase(platform::dir(txtEAGLE.text())) == "eagle.exe";
+}
+
+void frmSetup::showWrongPath() {
+    constexpr int criticalStyle = 16;
+    platform::msgBox(LoadResString(1057 + languageOffset), criticalStyle,
+                     LoadResString(3930 + languageOffset));
+}
+
+/// The working copies over the saved lists.
+void frmSetup::commitLists() {
+    for (const store::EditorKind kind : store::editorKinds) {
+        const store::ButtonList& working = workList[static_cast<std::size_t>(kind)];
+        store::ButtonList& saved = *store::listOf(kind).buttons;
+        // A list without an entry is there too from now on.
+        saved.redim(working.upperBound());
+        if (working.allocated())
+            saved = working;
+    }
+}
+
+void frmSetup::btnOk_Click() {
+    store::currentRoutine = "btnOk_Click";
+    setMousePointer(forms::MousePointer::hourglass);
+    saveOptions();
+    saveUnits();
+    // Kept: the calculators in EAGLE's windows are other instances and keep their units.
+    calculator::defaultMil().loadResources();
+    if (chkEAGLE.value() != 0 && !eaglePathValid()) {
+        showWrongPath();
+        setMousePointer(forms::MousePointer::standard);
+        return;
+    }
+    setini(store::section::toolbarWritten, key::eaglePath, std::string(runtime::trim(txtEAGLE.text())));
+    commitLists();
+    if (store::saveButtonLists(0) != 0 && !eaglePathValid()) {
+        // Kept: all is saved by now, and the hourglass stays.
+        showWrongPath();
+        return;
+    }
+    btnCancel_Click();
+    setMousePointer(forms::MousePointer::standard);
+}
+
+} // namespace setup

@@ -1,0 +1,199 @@
+// Bad input for the setup dialog: long lists and texts, characters with a meaning of their own, a settings
+// file that refuses or changes, references that do not fit.
+#include "setup/dialog.h"
+
+using setup::Dialog;
+using setup::entry;
+using setup::listOf;
+using setup::namedList;
+using store::ToolButton;
+
+namespace {
+
+void ok(Dialog& dialog) {
+    dialog.click(dialog.form().btnOk);
+}
+
+bool closed(Dialog& dialog) {
+    return dialog.form().closed() || !dialog.form().loaded();
+}
+
+} // namespace
+
+TEST_CASE(
+    "setup: lists that change on disk while the dialog is up are overwritten by OK and read after Cancel") {
+    const std::string changed = "[board]\r\n1name=changed\r\n1path=p\r\n1dialog=0\r\n1type=1\r\n";
+    Dialog dialog;
+    store::boardButtons = namedList({"mine"});
+    dialog.open(1);
+    dialog.desk().writeSettings(changed);
+    ok(dialog);
+    CHECK(dialog.desk().settings().find("changed") == std::string::npos);
+    CHECK(dialog.desk().settings().find("1name=mine") != std::string::npos);
+    dialog.open(1);
+    dialog.desk().writeSettings(changed);
+    dialog.click(dialog.form().btnCancel);
+    CHECK(dialog.desk().settings() == changed);
+}
+
+TEST_CASE("setup: a settings file that cannot be written loses nothing of the lists in memory") {
+    for (const bool locked : {false, true}) {
+        Dialog dialog("[toolbar]\r\nautoEAGLE=0\r\n");
+        store::boardButtons = namedList({"a"});
+        dialog.open(1);
+        desktop::File& file = *dialog.desk().file("C:\\kestrel\\kestrel.ini");
+        (locked ? file.locked : file.readOnly) = true;
+        const std::string before = file.content;
+        dialog.select(0, 0);
+        dialog.enter(dialog.form().txtTitle[0], "edited");
+        ok(dialog);
+        CHECK(closed(dialog));
+        CHECK(dialog.desk().messageBoxes.empty());
+        CHECK(store::boardButtons[1].name == "edited");
+        CHECK(dialog.desk().file("C:\\kestrel\\kestrel.ini")->content == before);
+    }
+}
+
+TEST_CASE("setup: titles, paths, tips and questions are saved as they stand") {
+    const std::vector<std::string> texts = {"\xA7\xA7", "\"quoted\"",   "a=b",
+                                            "[board]",  "; no comment", std::string(300, 'n')};
+    for (const std::string& text : texts) {
+        Dialog dialog;
+        store::boardButtons = namedList({"a"});
+        dialog.open(1);
+        dialog.select(0, 0);
+        for (forms::TextBox* box : {&dialog.form().txtTitle[0], &dialog.form().txtPath[0],
+                                    &dialog.form().txtTooltip[0], &dialog.form().txtPara[0]})
+            dialog.enter(*box, text);
+        ok(dialog);
+        CHECK(closed(dialog));
+        for (const char* key : {"1name=", "1path=", "1tooltip=", "1param="})
+            CHECK(dialog.desk().settings().find(key + text + "\r\n") != std::string::npos);
+    }
+}
+
+TEST_CASE("setup: an entry with an empty title is saved, and the list ends there when it is read again") {
+    Dialog dialog;
+    store::boardButtons = namedList({"a", "b", "c"});
+    dialog.open(1);
+    dialog.select(0, 1);
+    dialog.enter(dialog.form().txtTitle[0], "");
+    ok(dialog);
+    CHECK(dialog.desk().settings().find("2name=\r\n2path=b path") != std::string::npos);
+    CHECK(dialog.desk().settings().find("3name=c") != std::string::npos);
+    store::boardButtons = {};
+    store::loadButtonLists(0);
+    CHECK(store::boardButtons.upperBound() == 1);
+}
+
+TEST_CASE("setup: three lists of 40 buttons are saved and read back the same") {
+    Dialog dialog;
+    for (store::ButtonList* list : {&store::boardButtons, &store::schemButtons, &store::librButtons}) {
+        list->redim(40);
+        for (int row = 1; row <= 40; ++row)
+            (*list)[row] = entry("b" + std::to_string(row), row % 3, row % 2);
+    }
+    const store::ButtonList before = store::boardButtons;
+    dialog.open(1);
+    ok(dialog);
+    store::boardButtons = {};
+    store::loadButtonLists(0);
+    CHECK(store::boardButtons == before);
+}
+
+TEST_CASE("setup: a list of 2000 buttons is edited and committed") {
+    Dialog dialog;
+    store::boardButtons.redim(2000);
+    for (int row = 1; row <= 2000; ++row)
+        store::boardButtons[row] = entry("b" + std::to_string(row));
+    dialog.open(1);
+    dialog.select(0, 1000);
+    dialog.click(dialog.form().btnRemove[0]);
+    dialog.select(0, 1998);
+    dialog.click(dialog.form().btnH[0]);
+    dialog.click(dialog.form().btnAddEAGLE[0]);
+    // Written by Windows in a moment, but by the simulated file only slowly.
+    dialog.desk().writeSettings("");
+    dialog.desk().file("C:\\kestrel\\kestrel.ini")->readOnly = true;
+    ok(dialog);
+    REQUIRE(store::boardButtons.upperBound() == 2000);
+    CHECK(store::boardButtons[1998].name == "b2000");
+    CHECK(store::boardButtons[1999].name == "b1999");
+    CHECK(store::boardButtons[2000].name == "EAGLE Command");
+}
+
+TEST_CASE("setup: a name of 300 characters is kept whole in the dialog, and read back as its first 254") {
+    const std::string name(300, 'n');
+    Dialog dialog;
+    store::librButtons = namedList({"a"});
+    dialog.open(3);
+    dialog.select(2, 0);
+    dialog.enter(dialog.form().txtTitle[2], name);
+    dialog.click(dialog.form().btnAddSep[2]);
+    CHECK(dialog.rows(2)[0] == name);
+    ok(dialog);
+    CHECK(store::librButtons[1].name == name);
+    store::loadButtonLists(0);
+    CHECK(store::librButtons[1].name == name.substr(0, 254));
+}
+
+TEST_CASE("setup: what a text with quotes or blanks around it loses, it loses in the settings file only") {
+    Dialog dialog;
+    store::boardButtons = namedList({"a"});
+    dialog.open(1);
+    dialog.select(0, 0);
+    dialog.enter(dialog.form().txtPath[0], "\"C:\\my tools\\x.exe\"");
+    dialog.enter(dialog.form().txtTooltip[0], "  tip  ");
+    ok(dialog);
+    CHECK(store::boardButtons[1].path == "\"C:\\my tools\\x.exe\"");
+    CHECK(store::boardButtons[1].tooltip == "  tip  ");
+    store::loadButtonLists(0);
+    CHECK(store::boardButtons[1].path == "C:\\my tools\\x.exe");
+    CHECK(store::boardButtons[1].tooltip == "tip");
+}
+
+TEST_CASE("setup: an icon reference without a comma is shown, moved, saved and removed without a drawing") {
+    ToolButton made = entry("a");
+    made.icon = "C:\\tool.dll";
+    Dialog dialog;
+    dialog.desk().addIcons("C:\\tool.dll", 1);
+    store::schemButtons = listOf({made, entry("b")});
+    dialog.open(2);
+    dialog.select(1, 0);
+    dialog.click(dialog.form().btnL[1]);
+    CHECK(dialog.record(1, 2).icon == "C:\\tool.dll");
+    ok(dialog);
+    CHECK(dialog.desk().settings().find("2icon=C:\\tool.dll\r\n") != std::string::npos);
+    dialog.open(2);
+    dialog.select(1, 1);
+    dialog.click(dialog.form().btnRemove[1]);
+    CHECK(dialog.rows(1) == setup::Names{"b"});
+}
+
+TEST_CASE("setup: a refused OK may be tried again and again without losing an edit") {
+    Dialog dialog;
+    store::boardButtons = namedList({"a", "b", "c"});
+    dialog.open(1);
+    dialog.select(0, 1);
+    dialog.enter(dialog.form().txtTitle[0], "edited");
+    dialog.enter(dialog.form().txtPath[0], "{eaglepath}\\x.exe");
+    dialog.click(dialog.form().btnAddSep[2]);
+    const setup::PerPage<store::ButtonList> edited = dialog.form().workList;
+    for (int round = 0; round < 5; ++round) {
+        // By turns the first and the second check.
+        dialog.act([&] { dialog.form().chkEAGLE.setValue(round % 2); });
+        ok(dialog);
+        CHECK_FALSE(closed(dialog));
+        CHECK(dialog.form().workList == edited);
+    }
+    CHECK(dialog.desk().messageBoxes.size() == 5);
+}
+
+TEST_CASE("setup: a settings file that went away is written anew") {
+    Dialog dialog("[toolbar]\r\nlastBoard=C:\\x.brd\r\n[board]\r\n1name=a\r\n1dialog=0\r\n1type=1\r\n");
+    dialog.open(1);
+    dialog.desk().removeFile("C:\\kestrel\\kestrel.ini");
+    ok(dialog);
+    CHECK(closed(dialog));
+    CHECK(dialog.desk().settings().find("1name=a") != std::string::npos);
+}
