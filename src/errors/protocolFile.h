@@ -1,0 +1,22 @@
+// Where protocols are kept.
+#pragma once
+
+#include "platform/executable.h"
+#include "platform/system.h"
+
+#include <string>
+#include <string_view>
+
+namespace errors {
+
+inline constexpr const char* lineEnd = "\r\n";
+
+/// Path of the file beside the executable that has its name and this extension, dot included.
+inline std::string protocolFile(std::string_view extension) {
+    std::string path = platform::programFolder();
+    if (!path.ends_with('\\'))
+        path += '\\';
+    return path.append(platform::executableName()).append(extension);
+}
+
+} // namespace errors

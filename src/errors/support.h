@@ -1,0 +1,21 @@
+// Where users turn to with a report. Placeholders: whoever gives the program away puts in addresses of their
+// own.
+#pragma once
+
+#include "runtime/text.h"
+
+#include <string>
+#include <string_view>
+
+namespace errors {
+
+inline constexpr const char* supportMail = "support@kestrel.example";
+/// Opens by itself in the system's browser.
+inline constexpr const char* supportWeb = "https://kestrel.example/support";
+
+/// What the shell opens to write to an address.
+inline std::string mailTarget(std::string_view address) {
+    return std::string("mailto:").append(runtime::trim(address));
+}
+
+} // namespace errors
