@@ -11,7 +11,8 @@ import sys
 HERE = pathlib.Path(__file__).resolve().parent
 MASK = 0xC0C0C0
 PAPER = bytes.fromhex("FFFFC0")
-SAMPLES = "fit redraw ratsnest ripup drc erc grid-mm grid-inch layers run-ulp script print".split()
+SAMPLES = ("fit redraw ratsnest ripup drc erc grid-mm grid-inch grid-fine layers layers-all layers-top layers-bottom show "
+           "run-ulp script print notes").split()
 SQUARE, SQUARE_AT = (93, 93), (16, 12)  # size and place on the splash form
 WIDE, WIDE_AT = (361, 76), (28, 68)
 
@@ -63,6 +64,11 @@ def gif(path, size):
     return run.stdout
 
 
+def bitmap(path, size):
+    header = struct.unpack_from("<L2l2HL", path.read_bytes(), 14)
+    expect(header == (40, *size, 1, 8, 0), f"{path.name}: not a plain bitmap of {size}: {header}")
+
+
 def splash():
     square = gif(HERE / "splash-square.gif", SQUARE)
     wide = gif(HERE / "splash-wide.gif", WIDE)
@@ -100,6 +106,7 @@ for name in ("kestrel", "brd", "sch", "lbr"):
 for name in SAMPLES:
     icon(HERE / f"samples/{name}.ico", [16, 24, 32])
 splash()
+bitmap(HERE / "installer.bmp", (164, 314))  # the size that the installer's pages want
 table()
 if wrong:
     print("\n".join(wrong[:20]))

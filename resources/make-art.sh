@@ -64,6 +64,13 @@ convert "$work/palette.png" -crop 93x93+16+12 +repage -strip GIF87:splash-square
 convert "$work/palette.png" -crop 361x76+28+68 +repage -strip GIF87:splash-wide.gif
 echo "splash-square.gif, splash-wide.gif"
 
+# The side of the installer's pages: a bitmap of the plain kind, which every Windows shows.
+rsvg-convert --output="$work/side.png" art/installer.svg
+rsvg-convert --width=128 --height=128 --output="$work/bird.png" art/kestrel.svg
+convert "$work/side.png" "$work/bird.png" -geometry +18+108 -composite +dither -colors 128 -strip \
+    -type Palette -compress None BMP3:installer.bmp
+echo "installer.bmp"
+
 pictures=()
 for pair in Separator=separator BRD=brd SCH=sch LBR=lbr Config=config Over=over; do
     png=$(render "${pair#*=}" 16)
