@@ -1,0 +1,242 @@
+#!/usr/bin/env python3
+"""Checks the help: its source against the program, what is compiled from it by unpacking it again, and the pages of docs/help.
+
+    check-help.py [HELPFILE]...    help files that must hold the same bytes as one made now
+
+Prints what is wrong and at the end "N passed, M failed".
+"""
+
+import re
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+import book
+import helpFile
+import toMarkdown
+from unpacked import Unpacked
+
+SOURCES = book.PROJECT / "src"
+# Titles that hold one of these are taken for windows of EAGLE.
+EDITOR_TITLES = ("board -", "schematic -", "schaltplan -", "library -", "bibliothek -", "control panel")
+NOT_QUOTED = {1051}  # texts of the program that its user sees under no heading: the filter of a file dialog
+COMPILER_FILES = {"#ITBITS", "#IVB", "#STRINGS", "#SYSTEM", "#TOPICS", "#URLSTR", "#URLTBL", "#WINDOWS", "$FIftiMain",
+                  "$OBJINST", "_#_README_#_"}
+
+passed = failed = 0
+
+
+def expect(condition, words):
+    global passed, failed  # pylint: disable=global-statement
+    if condition:
+        passed += 1
+    else:
+        failed += 1
+        print(f"   FAIL  {words}")
+    return bool(condition)
+
+
+def equal(seen, expected, words):
+    return expect(seen == expected, f"{words}: {seen!r} instead of {expected!r}")
+
+
+def same_names(seen, expected, words):
+    seen, expected = set(seen), set(expected)
+    return expect(seen == expected, f"{words}: missing {sorted(expected - seen)}, too many {sorted(seen - expected)}")
+
+
+# The program's own tables.
+
+
+def c_text(literals):
+    """The text of C++ string literals in a row, in the code page of the program."""
+    text = "".join(re.findall(r'"((?:[^"\\]|\\.)*)"', literals))
+    octets = re.sub(r"\\x([0-9A-F]{2})", lambda found: chr(int(found[1], 16)), text)
+    return octets.replace('\\"', '"').encode("latin-1").decode("cp1252")
+
+
+def catalogue():
+    """Texts by number: German, English. Markers of keys, and blanks and colons at the end, are left out as in the help."""
+    source = (SOURCES / "store" / "textCatalogue.cpp").read_text(encoding="ascii")
+    literals = r'((?:\s*"(?:[^"\\]|\\.)*")+)'
+    found = re.findall(r"\{\s*(\d+)\s*,\s*" + literals + r"\s*,\s*" + literals + r"\s*\}", source)
+    return {int(number): {"de": plain(c_text(german)), "en": plain(c_text(english))} for number, german, english in found}
+
+
+def plain(text):
+    return text.replace("&", "").strip().removesuffix(":")
+
+
+def setting_keys():
+    """Every key of the settings file by where it is named in the program."""
+    settings = (SOURCES / "store" / "settings.h").read_text(encoding="ascii")
+    lists = (SOURCES / "store" / "buttonLists.cpp").read_text(encoding="ascii")
+    keys = re.search(r"namespace key \{(.*?)\} // namespace key", settings, re.DOTALL)[1]
+    words = re.search(r"namespace word \{(.*?)\} // namespace word", lists, re.DOTALL)[1]
+    sections = re.search(r"namespace section \{(.*?)\} // namespace section", settings, re.DOTALL)[1]
+    kinds = re.search(r"lists = \{\{(.*?)\}\};", lists, re.DOTALL)[1]
+    quoted = r'"(\w+)"'
+    return re.findall(quoted, keys + words), re.findall(quoted, sections + kinds)
+
+
+# The checks.
+
+
+def check_source():
+    names = [topic.name for topic in book.topics()]
+    expect(names[0] == book.START_TOPIC and len(names) == len(set(names)), "the contents begin with the start topic")
+    texts = catalogue()
+    expect(len(texts) > 50, "the catalogue is read")
+    for language in book.LANGUAGES:
+        same_names((file.stem for file in (book.HERE / language).glob("*.html")), names, f"{language}: one page a topic")
+    for language in book.LANGUAGES:
+        pages = book.pages(language)
+        for page in pages:
+            check_page(page)
+            check_quotes(page, texts)
+        quoted = {int(element.get("data-text")) for page in pages for element in page.body.iter()
+                  if element.get("data-text")}
+        same_names(quoted & set(texts), set(texts) - NOT_QUOTED, f"{language}: each text of the program is quoted")
+        check_settings(next(page for page in pages if page.topic.name == "settings"))
+    for topic in book.topics():
+        shapes = [[element.tag for element in book.page(language, topic).body] for language in book.LANGUAGES]
+        equal(shapes[0], shapes[1], f"{topic.name}: both languages have the same blocks")
+
+
+def check_page(page):
+    tags = {element.tag for element in page.body.iter()} - {"body"}
+    same_names(tags | book.TAGS, book.TAGS, f"{page.file}: only tags that the generators know")
+    equal(book.text_of(page.elements("h1")[0]), page.title, f"{page.file}: its heading is its title")
+    expect(page.keywords, f"{page.file}: has words for the index")
+    expect(not any(text in page.title.lower() for text in EDITOR_TITLES), f"{page.file}: a title like EAGLE's")
+    body = book.text_of(page.body)
+    encoded = body.encode("cp1252", errors="replace").decode("cp1252")
+    equal(encoded, body, f"{page.file}: all its letters are in the code page")
+    for picture in page.elements("img"):
+        expect(picture.get("alt"), f"{page.file}: {picture.get('src')} has a text for those who cannot see it")
+
+
+def check_quotes(page, texts):
+    for element in page.body.iter():
+        number = element.get("data-text")
+        if number:
+            expected = texts.get(int(number), {}).get(page.language)
+            equal(book.text_of(element), expected, f"{page.file}: text {number} is spelled as in the program")
+
+
+def check_settings(page):
+    codes = {book.text_of(element) for element in page.elements("code")}
+    keys, sections = setting_keys()
+    for key in keys:
+        expect(key in codes, f"{page.file}: the key {key} is missing")
+    for section in sections:
+        expect(f"[{section}]" in codes, f"{page.file}: the section [{section}] is missing")
+    first_cells = {book.text_of(row.find("td")) for row in page.elements("tr") if row.find("td") is not None}
+    same_names(first_cells, set(keys) - {"lastLbr"}, f"{page.file}: its tables name each key of the program and no other")
+
+
+def check_compiled(file, folder):
+    help_file = Unpacked(file, folder)
+    sources = {language: book.pages(language) for language in book.LANGUAGES}
+    pages = {page.file: page for of_language in sources.values() for page in of_language}
+    pictures = {"pictures/" + str(path.relative_to(book.PICTURES)): path for path in book.PICTURES.rglob("*.png")}
+    same_names(help_file.files, {*pages, *pictures, *COMPILER_FILES, "help.css", helpFile.CONTENTS_FILE,
+                                 helpFile.INDEX_FILE}, "what is in the help file")
+    read = {name: help_file.page(name) for name in pages if name in help_file.files}
+    used = set()
+    for name, page in read.items():
+        equal(page.charset, "windows-1252", f"{name}: its charset")
+        equal(page.title, pages[name].title, f"{name}: its title")
+        expect(page.text.startswith(book.text_of(pages[name].body)), f"{name}: its text is that of the source")
+        for link in page.links:
+            check_link(name, link, read)
+        for picture in page.pictures:
+            target = resolved(name, picture)
+            used.add(target)
+            expect(target in help_file.files, f"{name}: the picture {picture} is missing")
+        equal([resolved(name, style) for style in page.styles], ["help.css"], f"{name}: its style sheet")
+    same_names(used, pictures, "each picture is shown on a page")
+    for name, path in pictures.items():
+        expect(name in help_file.files and help_file.data(name) == path.read_bytes(), f"{name}: the picture is as it was")
+    check_tables(help_file, sources)
+
+
+def resolved(name, address):
+    return str((Path("/") / name).parent.joinpath(address).resolve().relative_to("/"))
+
+
+def check_link(name, link, read):
+    address, _, anchor = link.partition("#")
+    target = resolved(name, address) if address else name
+    if expect(target in read, f"{name}: the link {link} leads nowhere") and anchor:
+        expect(anchor in read[target].anchors, f"{name}: the anchor of {link} is missing")
+
+
+def check_tables(help_file, sources):
+    start = {language: f"{language}/{book.START_TOPIC}.html" for language in book.LANGUAGES}
+    equal(help_file.context_map(), {6000: start["de"], 16000: start["en"]}, "the topics of the context numbers")
+    expected = []
+    for language, pages in sources.items():
+        expected.append((1, book.WORDS[language]["name"], start[language]))
+        expected += [(2 + page.topic.level, page.title, page.file) for page in pages]
+    equal(help_file.site_map(helpFile.CONTENTS_FILE), expected, "the contents")
+    index = {(word, page.file) for pages in sources.values() for page in pages for word in page.keywords}
+    same_names({(name, page) for _, name, page in help_file.site_map(helpFile.INDEX_FILE)}, index, "the index")
+    equal(help_file.system(), {0: helpFile.CONTENTS_FILE, 1: helpFile.INDEX_FILE, 2: start["de"], 3: book.TITLE,
+                               5: helpFile.WINDOW, "language": 0x407, "search": 1}, "the general data")
+    window = help_file.windows()[helpFile.WINDOW]
+    changes_title = 0x2000
+    expect(window["panes"] & 0x20 and not window["panes"] & changes_title, "the window has a contents pane, its own title")
+    equal((window["title"], window["contents"], window["index"], window["first"]),
+          (book.TITLE, helpFile.CONTENTS_FILE, helpFile.INDEX_FILE, start["de"]), "the window")
+    expect(not any(text in book.TITLE.lower() for text in EDITOR_TITLES), "the window's title is not like EAGLE's")
+    expect(not any(text.startswith("/") for text in help_file.strings()), "no path of this machine is in the help file")
+
+
+def check_second_reader(file, folder):
+    """The compiler's own reader sees the same pages."""
+    names = subprocess.run(["chmls", "--name-only", "list", file], capture_output=True, text=True, check=True).stdout.split()
+    same_names({name.lstrip("/") for name in names if name.endswith(".html")},
+               {str(path.relative_to(folder)) for path in folder.rglob("*.html")}, "a second reader sees the same pages")
+
+
+def check_documents():
+    made = toMarkdown.documents()
+    there = {str(path.relative_to(book.DOCS)) for path in book.DOCS.rglob("*") if path.is_file()}
+    same_names(there, made, "the pages of docs/help")
+    for name, text in made.items():
+        file = book.DOCS / name
+        expect(file.exists() and file.read_text(encoding="utf-8") == text,
+               f"docs/help/{name} is not up to date: run resources/help/make-help.py docs")
+        for address in re.findall(r"\]\(([^)]+)\)", text):
+            expect((file.parent / address).resolve().is_file(), f"docs/help/{name}: {address} is missing")
+
+
+def check_all(given):
+    check_source()
+    with tempfile.TemporaryDirectory() as folder:
+        first, second = Path(folder) / "first" / helpFile.FILE_NAME, Path(folder) / "second" / helpFile.FILE_NAME
+        for file in (first, second):
+            file.parent.mkdir()
+            helpFile.make(file.parent / "source", file)
+        expect(first.read_bytes() == second.read_bytes(), "the same source gives the same bytes")
+        unpacked = Path(folder) / "unpacked"
+        check_compiled(first, unpacked)
+        check_second_reader(first, unpacked)
+        for file in map(Path, given):
+            expect(file.exists() and file.read_bytes() == first.read_bytes(), f"{file} is what the source gives")
+    check_documents()
+
+
+def main(given):
+    try:
+        check_all(given)
+    except (OSError, ValueError, RuntimeError) as error:  # a page that cannot be read, a compiler that complains
+        expect(False, f"{type(error).__name__}: {error}")
+    print(f"{passed} passed, {failed} failed")
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
