@@ -1,6 +1,9 @@
 #include "controlsForm.h"
 
+#include "core/state.h"
 #include "journal.h"
+#include "store/iconExtract.h"
+#include "store/textCatalogue.h"
 
 #include <string>
 #include <vector>
@@ -72,6 +75,15 @@ ControlsForm::ControlsForm() {
         nameForm.showModal();
         note("back from", "the name form");
     };
+    for (std::size_t index = 0; index < btnIcon.size(); ++index) {
+        auto& button = btnIcon[index];
+        button.setCaption(index == 0 ? "&Icon..." : "S&ymbol...");
+        button.place(*this, {1600 + 950 * static_cast<float>(index), 6120, 900, 315});
+        button.onClick = [this, index] {
+            core::languageOffset = index == 0 ? store::englishBank : 0;
+            note("icon", store::chooseIconFile(txtField[0].text(), window()));
+        };
+    }
     btnOk.setCaption("O&k");
     btnOk.isDefault = true;
     btnOk.place(*this, {3600, 6120, 1200, 315});

@@ -66,6 +66,7 @@ class ControlsForm : public forms::Form {
     forms::CommandButton btnUp;
 
     forms::CommandButton btnName;
+    std::array<forms::CommandButton, 2> btnIcon; ///< icon chooser in English and in German
     forms::CommandButton btnCancel;
     forms::CommandButton btnOk;
     NameForm nameForm;

@@ -58,6 +58,7 @@ class Window:
     text: str
     children: list = field(default_factory=list)  # direct ones, from the top of their order
     buttons: list = field(default_factory=list)
+    items: int = 0  # of a tree
 
     def inside(self):
         """All windows inside this one, at any depth."""
@@ -86,6 +87,9 @@ class Desktop:
     def _button(self, toolbar, _index, left, top, right, bottom, state, style):
         place = Rect(int(left), int(top), int(right), int(bottom))
         self.windows[int(toolbar)].buttons.append(Button(place, int(state), int(style)))
+
+    def _tree(self, tree, items):
+        self.windows[int(tree)].items = int(items)
 
     def _focus(self, foreground, focus):
         self.foreground, self.focus = int(foreground), int(focus)

@@ -24,13 +24,25 @@ class Editor:
         return [event.words[2] for event in self.eagle.events("execute") if event.words[0] == str(self.number)]
 
 
-class Eagle(Program):
+class PlacedEagle(Program):
+    """A stand-in that stands in its folder for others to start."""
+
+    def __init__(self, prefix, executable, folder):
+        super().__init__(prefix, folder, "eagle")
+        prefix.put([executable], folder)
+
+    def editor(self, number):
+        """The latest editor with this number, which EAGLE counts from 1."""
+        handle = [int(event.words[2]) for event in self.events("opened") if event.words[0] == str(number)][-1]
+        return Editor(self, int(number), handle)
+
+
+class Eagle(PlacedEagle):
     """A running stand-in. Each stands in a folder of its own, since its journal and orders stand beside it."""
 
     def __init__(self, prefix, witness, executable, name="eagle", arguments=""):
         folder = "C:\\" + name
-        super().__init__(prefix, folder, "eagle")
-        prefix.put([executable], folder)
+        super().__init__(prefix, executable, folder)
         before = len(self.events("ready"))
         self.process = witness.run(f"{folder}\\eagle.exe {arguments}".strip())
         if not self.wait_for("ready", after=before):
@@ -43,11 +55,6 @@ class Eagle(Program):
     def open_titled(self, kind, title):
         """Opens an editor with a title as it stands."""
         return self.editor(self.order("openas", kind, "en", title))
-
-    def editor(self, number):
-        """The latest editor with this number, which EAGLE counts from 1."""
-        handle = [int(event.words[2]) for event in self.events("opened") if event.words[0] == str(number)][-1]
-        return Editor(self, int(number), handle)
 
     def hang(self, seconds):
         """All its windows answer nothing as long. Gives the order, which is answered when that is over."""

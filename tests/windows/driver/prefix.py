@@ -15,12 +15,23 @@ def _wine_prefix(*arguments):
 
 
 class Prefix:
-    """Use it in a with statement: at its end all that runs in the prefix is ended and the prefix removed."""
+    """Use it in a with statement: at its end all that runs in the prefix is ended and the prefix removed. `locale` is the
+    user's, such as de_DE: it is the language of Windows' own dialogs. `channel` is one of Wine's own, such as htmlhelp, to
+    be listened to: what it says stands in the file `heard`."""
 
-    def __init__(self, display):
+    def __init__(self, display, locale=None, channel=None):
         self._display = display
         self._name = _wine_prefix("make")
         self.drive = Path(_wine_prefix("folder", self._name))
+        self._variables = self._locale(locale) if locale else []
+        self._channel = channel
+        self.heard = self.drive.parent / "heard.txt"
+
+    def _locale(self, name):
+        """The sandbox knows the locale C only. A copy of it under another name is enough for Wine, which goes by the name."""
+        run, sandbox = self.drive.parent, self.drive.parents[2]
+        shutil.copytree(sandbox / "usr/lib/locale/C.utf8", run / "locale" / f"{name}.UTF-8")
+        return ["--env", f"LOCPATH=/runs/{self._name}/locale", "--env", f"LC_ALL={name}.UTF-8"]
 
     def path(self, windows_path):
         """Where C:\\... stands on this machine."""
@@ -38,9 +49,13 @@ class Prefix:
 
     def start(self, program, *arguments):
         """Starts a Windows program and does not wait for it."""
-        return subprocess.Popen([TOOLS / "wine-run", "--prefix", self._name, program, *arguments],
-                                cwd="/", env=self._display.environment, stdin=subprocess.DEVNULL,
-                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        command = [TOOLS / "wine-run", "--prefix", self._name, *self._variables, program, *arguments]
+        environment = dict(self._display.environment)
+        if self._channel:
+            environment["WINEDEBUG"] = f"-all,+{self._channel}"
+        with self.heard.open("ab") as heard:
+            return subprocess.Popen(command, cwd="/", env=environment, stdin=subprocess.DEVNULL,
+                                    stdout=subprocess.DEVNULL, stderr=heard if self._channel else subprocess.DEVNULL)
 
     def close(self):
         _wine_prefix("drop", self._name)

@@ -20,6 +20,22 @@ class Screen:
         self.point(x - 1, y)
         self._xdotool("mousemove", x, y, "click", button)
 
+    def press(self, x, y, button=1):
+        """Presses and holds."""
+        self.point(x - 1, y)
+        self._xdotool("mousemove", x, y, "mousedown", button)
+
+    def release(self, button=1):
+        self._xdotool("mouseup", button)
+
+    def double_click(self, x, y):
+        self.point(x - 1, y)
+        self._xdotool("mousemove", x, y, "click", "--repeat", 2, "--delay", 30, 1)
+
+    def wheel_down(self, x, y, notches):
+        self.point(x, y)
+        self._xdotool("click", "--repeat", notches, "--delay", 30, 5)
+
     def drag(self, start, end, steps=8):
         """Presses the button at the one place and lets it go at the other, at the speed of a quick hand."""
         self.point(*start)
@@ -29,7 +45,7 @@ class Screen:
         self._xdotool(*way, "sleep", 0.03, "mouseup", 1)
 
     def type(self, text):
-        self._xdotool("type", "--delay", 15, text)
+        self._xdotool("type", "--delay", 15, "--", text)
 
     def key(self, *names):
         """Keys by their X names: Return, Escape, Tab, alt+F4."""
@@ -45,6 +61,10 @@ class Screen:
         """A PNG of the whole screen, or of a rectangle of it."""
         path.parent.mkdir(parents=True, exist_ok=True)
         self._import(*(["-crop", _geometry(part), "+repage"] if part else []), path)
+
+    def shown(self, place):
+        """What a rectangle of the screen shows, to be compared with another look."""
+        return self._import("-crop", _geometry(place), "+repage", "bmp:-")
 
     def colours(self, place):
         """How many colours there are in a rectangle of the screen: few where nothing has been painted."""

@@ -5,7 +5,7 @@ from dataclasses import dataclass
 from driver import paths
 from driver.desktop import Window
 from driver.display import Display
-from driver.eagle import Eagle
+from driver.eagle import Eagle, PlacedEagle
 from driver.prefix import Prefix
 from driver.programs import Witness
 from driver.screen import Screen
@@ -35,15 +35,15 @@ class Toolbar:
 
 class Stage:
     """Use it in a with statement. `bits` is win32 or win64, `pictures` the folder for screenshots. Without a display it
-    makes a virtual one of its own."""
+    makes a virtual one of its own. `locale` and `channel`: see Prefix."""
 
-    def __init__(self, bits, pictures, display=None):
+    def __init__(self, bits, pictures, display=None, locale=None, channel=None):
         self.bits = bits
         self._pictures = pictures
         self._display = display or Display()
         try:
             self.screen = Screen(self._display)
-            self.prefix = Prefix(self._display)
+            self.prefix = Prefix(self._display, locale, channel)
         except BaseException:
             self._display.close()
             raise
@@ -67,6 +67,10 @@ class Stage:
 
     def start_eagle(self, name="eagle", arguments=""):
         return Eagle(self.prefix, self.witness, paths.built(self.bits, "eagle.exe"), name, arguments)
+
+    def place_eagle(self, folder):
+        """Only puts it there, for Kestrel to start."""
+        return PlacedEagle(self.prefix, paths.built(self.bits, "eagle.exe"), folder)
 
     def three_editors(self, eagle):
         """A board, a schematic and a library, by kind, that do not cover each other; EAGLE's control panel is covered."""
@@ -126,7 +130,7 @@ class Stage:
         """Waits until this top-level window is in front and gets the user's keys."""
         def come():
             desktop = self.look()
-            return desktop.foreground == handle and self.screen.focused() == desktop.windows[handle].text
+            return desktop.foreground == handle and self.screen.focused() == desktop.windows[handle].text.strip()
         return poll(come, seconds)
 
     @staticmethod

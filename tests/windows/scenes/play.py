@@ -18,8 +18,8 @@ from driver.checks import Checks  # noqa: E402
 from driver.stage import Stage  # noqa: E402
 
 
-def play(file, story):
-    """Ends the program; the exit code tells whether all went well."""
+def play(file, story, **stage_options):
+    """Ends the program; the exit code tells whether all went well. The options go to the stage."""
     if len(sys.argv) != 2 or sys.argv[1] not in paths.PRESETS:
         sys.exit(f"say which: {' or '.join(paths.PRESETS)}")
     bits, name = sys.argv[1], Path(file).stem
@@ -27,7 +27,7 @@ def play(file, story):
     checks = Checks()
     print(f"-- {name}, {bits}", flush=True)
     try:
-        with Stage(bits, pictures) as stage:
+        with Stage(bits, pictures, **stage_options) as stage:
             try:
                 story(stage, checks)
             finally:

@@ -9,6 +9,7 @@
 //                             not
 //   post WINDOW MESSAGE W L   posts a message; it may be given by number or as @Name of a registered one,
 //                             the window may be "all"
+//   untray WINDOW             takes the tray icon of a window away, as a shell does that starts anew
 //   terminate ID              ends a process by force
 //   quit
 //
@@ -19,6 +20,8 @@
 #include "witness/windowTree.h"
 
 #include <windows.h>
+
+#include <shellapi.h>
 
 #include <map>
 #include <string>
@@ -83,6 +86,17 @@ static void orderPost(const Order& order) {
         orders::failed(order, L"error " + std::to_wstring(GetLastError()));
 }
 
+static void orderUntray(const Order& order) {
+    NOTIFYICONDATAW record = {};
+    record.cbSize = sizeof record;
+    record.hWnd = windowAt(order, 0);
+    record.uID = 2; // the only one that the program under test has
+    if (Shell_NotifyIconW(NIM_DELETE, &record))
+        orders::done(order);
+    else
+        orders::failed(order, L"there is no such icon");
+}
+
 static void orderTerminate(const Order& order) {
     const HANDLE process = OpenProcess(PROCESS_TERMINATE, FALSE, static_cast<DWORD>(order.numberAt(0)));
     const bool ended = process && TerminateProcess(process, 9);
@@ -98,8 +112,8 @@ int wmain() {
     journal::open(L"WITNESS_JOURNAL", L"witness-journal.txt");
     const HANDLE quit = CreateEventW(nullptr, TRUE, FALSE, nullptr); // lives as long as the program
     static const std::map<std::wstring, void (*)(const Order&)> actions = {
-        {L"dump", orderDump},           {L"run", orderRun}, {L"ping", orderPing}, {L"post", orderPost},
-        {L"terminate", orderTerminate},
+        {L"dump", orderDump},           {L"run", orderRun},       {L"ping", orderPing}, {L"post", orderPost},
+        {L"terminate", orderTerminate}, {L"untray", orderUntray},
     };
     orders::listen(journal::besideProgram(L"WITNESS_CONTROL", L"witness-control.txt"),
                    [quit](const Order& order) {

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
 #include <tlhelp32.h>
 
 #include <initializer_list>
@@ -73,6 +74,8 @@ class Look {
                        &words);
         if (className == L"ToolbarWindow32" && !silent_.contains(process))
             result += buttons(window);
+        if (className == L"SysTreeView32" && !silent_.contains(process))
+            result += items(window, process);
         return result;
     }
 
@@ -91,6 +94,15 @@ class Look {
         }
         words.resize(length);
         return words;
+    }
+
+    std::string items(HWND tree, DWORD process) {
+        DWORD_PTR count = 0;
+        if (!SendMessageTimeoutW(tree, TVM_GETCOUNT, 0, 0, SMTO_ABORTIFHUNG, 300, &count)) {
+            silent_.insert(process);
+            return {};
+        }
+        return line("tree", {number(tree), static_cast<long long>(count)}, nullptr);
     }
 
     static std::string buttons(HWND toolbar) {

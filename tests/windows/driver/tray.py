@@ -1,0 +1,53 @@
+"""Kestrel's icon in the tray and its menu, as a user sees and uses them."""
+
+from driver.waiting import LIMIT, poll
+
+LEFT, RIGHT = 1, 3  # buttons of the mouse
+ENTRIES = ("info", "help", "eagle", "configuration", "exit")
+
+# The menu's lines from its top: five entries, and two separators of half their height.
+LINES = (("info", 2), ("help", 2), (None, 1), ("eagle", 2), ("configuration", 2), (None, 1), ("exit", 2))
+
+
+class Tray:
+    def __init__(self, stage):
+        self._stage = stage
+
+    def icon(self):
+        """The icon's window; None if there is none."""
+        found = self._stage.look().top(class_name="__wine_tray_icon")
+        return found[0] if found else None
+
+    def menu(self):
+        """The menu that is open; None if none is."""
+        found = self._stage.look().top(class_name="#32768")
+        return found[0] if found else None
+
+    def open(self, button=RIGHT):
+        """Clicks on the icon and waits for the menu; None if it does not come."""
+        icon = poll(self.icon)
+        self._stage.screen.click(*icon.place.middle, button)
+        return poll(self.menu)
+
+    def choose(self, entry, button=RIGHT):
+        """Opens the menu and clicks one of its entries. False if the menu does not come, or does not go."""
+        menu = self.open(button)
+        if not menu:
+            return False
+        self._stage.screen.click(*self.place_of(menu, entry))
+        return poll(lambda: self.menu() is None)
+
+    @staticmethod
+    def place_of(menu, entry):
+        """Middle of an entry."""
+        whole = sum(height for _, height in LINES)
+        above = 0
+        for name, height in LINES:
+            if name == entry:
+                break
+            above += height
+        x, _ = menu.place.middle
+        return x, menu.place.top + round(menu.place.height * (above + 1) / whole)
+
+    def gone(self, seconds=LIMIT):
+        return poll(lambda: self.icon() is None, seconds)
