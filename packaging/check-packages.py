@@ -1,0 +1,139 @@
+#!/usr/bin/env python3
+"""Makes the packages twice, leaves them in dist/packages and checks them: the same bytes, all that belongs in, nothing
+else. Also checks the button lists that come with them. Prints a line for each check and the counts."""
+
+import hashlib
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import zipfile
+from pathlib import Path
+
+import packages
+from packages import BITS, ROOT, samples
+
+sys.path.insert(0, str(ROOT / "tests" / "windows"))
+from driver import settings  # noqa: E402, the way to it stands above
+from driver.checks import Checks  # noqa: E402
+
+TARGET = ROOT / "dist" / "packages"
+ICONS = {f"samples/{path.name}" for path in (ROOT / "resources" / "samples").glob("*.ico")}
+FILES = {"kestrel.exe", "brd.ico", "sch.ico", "lbr.ico", "EAGLE_Kestrel_Bench.chm", "LICENSE.txt", "README.txt",
+         *(f"samples/{folder}/kestrel.ini" for folder in samples.FOLDERS.values()), *ICONS}
+LONGEST = 254  # characters of a value that come back whole
+NOTATION = re.compile(r"[+^%~(){}\[\]]")  # has a meaning of its own in a command
+
+
+def utf16(text):
+    return text.encode("utf-16-le")
+
+
+def copy_of_tree(folder):
+    """What packages are made of, elsewhere and with other times."""
+    for name in ("packaging", "samples", "resources", "dist/win32", "dist/win64"):
+        shutil.copytree(ROOT / name, folder / name, copy_function=shutil.copyfile)
+    for name in ("CMakeLists.txt", "LICENSE"):
+        shutil.copyfile(ROOT / name, folder / name)
+
+
+def made_twice(checks):
+    with tempfile.TemporaryDirectory() as other:
+        copy_of_tree(Path(other))
+        for tree, zone in ((ROOT, "UTC0"), (Path(other), "XST-9")):
+            environment = {**os.environ, "TZ": zone, "SOURCE_DATE_EPOCH": str(packages.moment())}
+            subprocess.run([sys.executable, tree / "packaging" / "packages.py"], check=True, stdout=subprocess.DEVNULL,
+                           env=environment)
+        for name in packages.names():
+            one, two = ((tree / "dist" / "packages" / name).read_bytes() for tree in (ROOT, Path(other)))
+            checks.that(one == two, f"{name}: made twice, in another place, the same bytes", f"{len(one)} and {len(two)} bytes")
+    seen = sorted(path.name for path in TARGET.iterdir())
+    checks.equal(seen, sorted([*packages.names(), "SHA256SUMS"]), "nothing else stands in dist/packages")
+    sums = dict(reversed(line.split()) for line in (TARGET / "SHA256SUMS").read_text().splitlines())
+    checks.equal(sums, {name: hashlib.sha256((TARGET / name).read_bytes()).hexdigest() for name in packages.names()},
+                 "SHA256SUMS names them all")
+
+
+def zips(checks):
+    for bits in BITS:
+        with zipfile.ZipFile(TARGET / f"kestrel-{packages.version()}-{bits}.zip") as packed:
+            top = f"Kestrel-{packages.version()}/"
+            entries = packed.infolist()
+            names = [entry.filename for entry in entries]
+            checks.equal(set(names), {top + file for file in FILES}, f"{bits}: the zip holds the program folder, whole")
+            checks.equal(names, sorted(names), f"{bits}: its names are sorted")
+            checks.equal(len({entry.date_time for entry in entries}), 1, f"{bits}: its files bear one time")
+            checks.that(packed.testzip() is None, f"{bits}: it can be unpacked")
+            built = ROOT / "dist" / bits
+            same = [name for name in names if (built / name.removeprefix(top)).is_file()]
+            checks.that(all(packed.read(name) == (built / name.removeprefix(top)).read_bytes() for name in same)
+                        and top + "kestrel.exe" in same, f"{bits}: its files are those that were built")
+            for file in ("README.txt", "LICENSE.txt"):
+                text = packed.read(top + file)
+                checks.equal(text.count(b"\n"), text.count(b"\r\n"), f"{bits}: {file} has the line ends of Windows")
+
+
+def programs(checks):
+    for bits in BITS:
+        program = (ROOT / "dist" / bits / "kestrel.exe").read_bytes()
+        installer = (TARGET / f"kestrel-{packages.version()}-{bits}-setup.exe").read_bytes()
+        for name, data in (("kestrel.exe", program), ("the installer", installer)):
+            checks.that(utf16(packages.version()) in data, f"{bits}: {name} bears the project's version")
+            checks.that(b'level="asInvoker"' in data, f"{bits}: {name} asks for no administrator")
+        checks.that(f'name="Kestrel" version="{packages.version()}.0"'.encode() in program, f"{bits}: so does its manifest")
+        header = int.from_bytes(program[0x3C:0x40], "little")
+        checks.equal(program[header + 8:header + 12], bytes(4), f"{bits}: kestrel.exe does not hold the time of its making")
+        checks.that(not (ROOT / "dist" / bits / "kestrel.ini").exists(), f"{bits}: the program folder has no settings of its own")
+
+
+def pages(checks):
+    for page in sorted((ROOT / "resources" / "help").glob("*/index.html")):
+        named = re.findall(r"Kestrel (\d+\.\d+\.\d+)", page.read_text(encoding="utf-8"))
+        checks.equal(named, [packages.version()], f"{page.parent.name}: the help describes the project's version")
+    newest = re.search(r"^## (\S+)", (ROOT / "CHANGELOG.md").read_text(encoding="utf-8"), re.M)
+    checks.equal(newest and newest[1], packages.version(), "CHANGELOG.md begins with it")
+
+
+def lists(checks):
+    both = {}
+    for language, folder in samples.FOLDERS.items():
+        text = samples.settings(language).decode("cp1252")
+        checks.equal(int(settings.value(text, "global", "language")), samples.LANGUAGES[language], f"{folder}: the language")
+        for kind, section in settings.SECTIONS.items():
+            rows = settings.rows(text, kind)
+            keys = len(re.findall(r"^\d+\w+=", text.split(f"[{section}]")[1].split("[")[0], re.M))
+            checks.equal(len(rows) * len(settings.KEYS), keys, f"{folder}, {kind}: the rows follow each other, each with all keys")
+            buttons = [row for row in rows if int(row["type"]) != settings.SEPARATOR]
+            names = [row["name"] for row in buttons]
+            checks.equal(len(set(names)), len(names), f"{folder}, {kind}: {len(names)} buttons, each with a name of its own")
+            texts = [value for row in rows for value in row.values()]
+            checks.that(max(map(len, texts)) <= LONGEST, f"{folder}, {kind}: no value is cut on reading")
+            icons = [re.fullmatch(r"\{kestrelpath\}\\([^,]+),0", row["icon"]) for row in buttons]
+            missing = [row["icon"] for row, icon in zip(buttons, icons) if not icon or icon[1].replace("\\", "/") not in FILES]
+            checks.equal(missing, [], f"{folder}, {kind}: every icon stands in the program folder")
+            bad = [row["name"] for row in buttons if not row["path"] or not row["tooltip"]
+                   or (int(row["dialog"]) != settings.NONE) != bool(row["param"]) or NOTATION.search(row["path"])]
+            checks.equal(bad, [], f"{folder}, {kind}: every button has what it needs")
+            programs_of = [row["path"] for row in buttons if int(row["type"]) == settings.PROGRAM]
+            checks.that(all(re.match(r"[A-Z]:\\", path) for path in programs_of),
+                        f"{folder}, {kind}: a program has its whole path, since it is not searched for", programs_of)
+            both.setdefault(kind, []).append([[row[key] for key in ("path", "icon", "dialog", "type")] for row in rows])
+    for kind, (one, other) in both.items():
+        checks.equal(one, other, f"{kind}: the buttons do the same in both languages")
+
+
+def main():
+    checks = Checks()
+    made_twice(checks)
+    zips(checks)
+    programs(checks)
+    pages(checks)
+    lists(checks)
+    print(checks.summary())
+    return 1 if checks.failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,140 @@
+#!/usr/bin/env python3
+"""Makes the packages of both program folders: packages.py [TARGET], by default dist/packages.
+
+For each of dist/win32 and dist/win64 a portable zip and an installer, and SHA256SUMS of all. The same tree gives the
+same bytes: names are sorted, and every time in a package is that of the last commit (or SOURCE_DATE_EPOCH).
+"""
+
+import hashlib
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import zipfile
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+HERE = ROOT / "packaging"
+sys.path.insert(0, str(ROOT / "samples"))
+
+import samples  # noqa: E402, the way to it stands above
+
+BITS = {"win32": 32, "win64": 64}
+PICTURES = {"ICON": "kestrel.ico", "SIDE": "installer.bmp"}  # of the installer
+ZIP_BEGINS = 315532800  # 1980: a zip knows no earlier time
+
+
+def version():
+    """The project's version stands in CMakeLists.txt and nowhere else."""
+    return re.search(r"^project\(kestrel VERSION (\d+\.\d+\.\d+)", (ROOT / "CMakeLists.txt").read_text(), re.M).group(1)
+
+
+def names():
+    """Of the packages, in their order."""
+    return [f"kestrel-{version()}-{bits}{end}" for bits in BITS for end in (".zip", "-setup.exe")]
+
+
+def moment():
+    """Seconds since 1970 that every file in a package bears."""
+    given = os.environ.get("SOURCE_DATE_EPOCH")
+    if not given:
+        done = subprocess.run(["git", "-C", ROOT, "log", "-1", "--format=%ct"], capture_output=True, text=True, check=False)
+        given = done.stdout.strip()
+    return max(int(given or 0), ZIP_BEGINS) // 2 * 2  # a zip counts in steps of two seconds
+
+
+def windows_text(path):
+    """A text file of the project with the line ends of Windows."""
+    return path.read_text(encoding="utf-8").replace("\n", "\r\n").encode("utf-8")
+
+
+def fill(stage, bits, when):
+    """Lays out the program folder as the user gets it. Gives its files, sorted."""
+    shutil.copytree(ROOT / "dist" / bits, stage)
+    # A program folder that has been used here holds settings; they are nobody else's.
+    (stage / "kestrel.ini").unlink(missing_ok=True)
+    (stage / "LICENSE.txt").write_bytes(windows_text(ROOT / "LICENSE"))
+    (stage / "README.txt").write_bytes(b"\xef\xbb\xbf" + windows_text(HERE / "README.txt"))
+    for language, folder in samples.FOLDERS.items():
+        (stage / "samples" / folder).mkdir()
+        (stage / "samples" / folder / "kestrel.ini").write_bytes(samples.settings(language))
+    files = sorted(path.relative_to(stage) for path in stage.rglob("*") if path.is_file())
+    for file in files:
+        os.utime(stage / file, (when, when))
+    return files
+
+
+def make_zip(target, stage, files, when):
+    folder = f"Kestrel-{version()}"
+    with zipfile.ZipFile(target, "w", zipfile.ZIP_DEFLATED, compresslevel=9) as packed:
+        for file in files:
+            entry = zipfile.ZipInfo(f"{folder}/{file.as_posix()}", time.gmtime(when)[:6])
+            entry.compress_type = zipfile.ZIP_DEFLATED
+            entry.create_system = 0  # made for Windows: no Unix rights
+            packed.writestr(entry, (stage / file).read_bytes(), compresslevel=9)
+
+
+def file_lists(folder, files):
+    """What the installer's script includes: which files it lays down, and which the uninstaller removes - those only."""
+    install, remove = [], []
+    folders = sorted({file.parent for file in files}, key=lambda path: path.parts)
+    for place in folders:
+        windows = "\\".join(("$INSTDIR", *place.parts))
+        install.append(f'SetOutPath "{windows}"')
+        for file in files:
+            if file.parent == place:
+                install.append(f'File "{file.as_posix()}"')
+                remove.append(f'Delete "{windows}\\{file.name}"')
+    remove += ['RMDir "' + "\\".join(("$INSTDIR", *place.parts)) + '"' for place in reversed(folders) if place.parts]
+    (folder / "install.nsh").write_text("\n".join(install) + "\n", encoding="utf-8")
+    (folder / "remove.nsh").write_text("\n".join(remove) + "\n", encoding="utf-8")
+
+
+def make_installer(target, stage, files, bits, when):
+    lists = stage.parent
+    file_lists(lists, files)
+    # The installer's page breaks the lines itself.
+    licence = re.sub(r"(?<!\n)\n(?!\n)", " ", (ROOT / "LICENSE").read_text(encoding="utf-8"))
+    (lists / "licence.txt").write_text(licence, encoding="utf-8", newline="\r\n")
+    # A picture of a page is carried as a file, with its time.
+    for name in PICTURES.values():
+        shutil.copyfile(ROOT / "resources" / name, lists / name)
+        os.utime(lists / name, (when, when))
+    size = sum((stage / file).stat().st_size for file in files)
+    defines = {"VERSION": version(), "BITS": BITS[bits], "TARGET": target.resolve(), "LISTS": lists, "HERE": HERE,
+               "SIZE_KB": -(-size // 1024), **{define: lists / name for define, name in PICTURES.items()}}
+    done = subprocess.run(["makensis", "-NOCD", "-V2", "-WX", "-INPUTCHARSET", "UTF8",
+                           *(f"-D{name}={value}" for name, value in defines.items()), HERE / "kestrel.nsi"],
+                          cwd=stage, env={**os.environ, "SOURCE_DATE_EPOCH": str(when)},
+                          capture_output=True, text=True, check=False)
+    if done.returncode != 0:
+        sys.exit(f"makensis failed:\n{done.stdout}{done.stderr}")
+
+
+def make(target):
+    target.mkdir(parents=True, exist_ok=True)
+    for old in target.glob("kestrel-*"):
+        old.unlink()  # of another version
+    when = moment()
+    for bits in BITS:
+        with tempfile.TemporaryDirectory() as scratch:
+            stage = Path(scratch) / "program"
+            files = fill(stage, bits, when)
+            make_zip(target / f"kestrel-{version()}-{bits}.zip", stage, files, when)
+            make_installer(target / f"kestrel-{version()}-{bits}-setup.exe", stage, files, bits, when)
+    sums = [f"{hashlib.sha256((target / name).read_bytes()).hexdigest()}  {name}\n" for name in names()]
+    (target / "SHA256SUMS").write_text("".join(sums), encoding="ascii")
+
+
+def main():
+    target = Path(sys.argv[1]) if len(sys.argv) > 1 else ROOT / "dist" / "packages"
+    make(target)
+    for name in names():
+        print(f"   {(target / name).stat().st_size / 1024:5.0f} KB  {name}")
+
+
+if __name__ == "__main__":
+    main()
