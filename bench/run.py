@@ -13,7 +13,9 @@ import time
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-sys.path.insert(0, str(ROOT / 'tests' / 'windows'))
+sys.path[:0] = [str(ROOT / 'tests' / 'windows'), str(ROOT / 'packaging')]
+import sizes  # noqa: E402, the way to it stands above
+
 BIN = ROOT / 'build' / 'i686' / 'bin'
 ROUNDS = 3
 
@@ -23,20 +25,31 @@ def tool(name, *arguments):
 
 
 class Prefix:
-    """A fresh C: drive with the bench program and its icons in C:\\bench."""
+    """A fresh C: drive with a bench program and its icons in C:\\bench."""
 
-    def __init__(self):
+    def __init__(self, program='win-bench'):
+        self.program = program
         self.name = tool('wine-prefix', 'make')
         folder = Path(tool('wine-prefix', 'folder', self.name)) / 'bench'
         folder.mkdir()
-        for file in [BIN / 'win-bench.exe', *(ROOT / 'resources').glob('???.ico')]:
+        for file in [BIN / f'{program}.exe', *(ROOT / 'resources').glob('???.ico')]:
             (folder / file.name).write_bytes(file.read_bytes())
 
     def command(self, *arguments):
-        return ['taskset', '-c', '0', str(ROOT / 'tools' / 'wine-run'), '--prefix', self.name, 'C:\\bench\\win-bench.exe',
+        return ['taskset', '-c', '0', str(ROOT / 'tools' / 'wine-run'), '--prefix', self.name, f'C:\\bench\\{self.program}.exe',
                 *map(str, arguments)]
 
+    def has_server(self):
+        return self.find_server() is not None
+
     def server_ticks(self):
+        ticks = self.find_server()
+        if ticks is None:
+            raise SystemExit('the Wine server is not there')
+        return ticks
+
+    def find_server(self):
+        """Ticks of CPU that the prefix's Wine server has taken; None if there is none."""
         mark = f'WINEPREFIX=/runs/{self.name}'.encode()
         for process in Path('/proc').glob('[0-9]*'):
             try:
@@ -45,7 +58,7 @@ class Prefix:
                     return int(fields[11]) + int(fields[12])
             except OSError:
                 continue
-        raise SystemExit('the Wine server is not there')
+        return None
 
     def cpu(self, *arguments):
         """Seconds of CPU that a run of the bench program takes, with the server's part."""
@@ -104,6 +117,39 @@ def measure_load(rows):
     keeper.wait()
 
 
+def measure_start(rows):
+    from bench_start import row, start_cpu, start_memory
+    prefix = Prefix('start-bench')
+    keeper = subprocess.Popen(prefix.command('tray'))
+    while not prefix.has_server():
+        time.sleep(0.05)
+    rows.append(row('Start to tray icon, without the splash\'s two seconds', *start_cpu(prefix), 'ms', '1.50'))
+    print(rows[-1], flush=True)
+    own, bare, _ = compare(prefix, 'keys', 'keys-bare', 50, 1050)
+    rows.append(row('Key release to the result in the other field', own, bare, 'ms'))
+    print(rows[-1], flush=True)
+    prefix.drop()
+    keeper.wait()
+    rows.append(row('Private memory with the tray icon', *start_memory(), 'KB', '1.50'))
+    print(rows[-1], flush=True)
+
+
+def measure_setup(rows):
+    """An OK closes the dialog, so each has an opening of its own, which is taken off again."""
+    prefix = Prefix()
+    keeper = subprocess.Popen(prefix.command('windows', 1), stdout=subprocess.PIPE, text=True)
+    keeper.stdout.readline()
+    rounds = [[prefix.each(work, 1, many) for work, many in (('setup-open', 11), ('setup-ok', 4), ('setup-ok-bare', 4))]
+              for _ in range(ROUNDS)]
+    opening, both, bare = (sum(values) / ROUNDS for values in zip(*rounds))
+    own = both - opening
+    rows.append(f'| Opening the setup, 3 lists of 200 buttons | {opening:.2f} ms | | | |')
+    rows.append(f'| OK of the setup, 3 lists of 200 buttons | {own:.0f} ms | {bare:.0f} ms | {own / bare:.2f} | 1.15 |')
+    print(*rows[-2:], sep='\n', flush=True)
+    prefix.drop()
+    keeper.wait()
+
+
 def title_cost():
     text = subprocess.run([ROOT / 'build' / 'native-release' / 'bin' / 'title-bench'], check=True, text=True,
                           capture_output=True).stdout
@@ -117,6 +163,8 @@ def main():
     try:
         measure_ticks(rows)
         measure_load(rows)
+        measure_start(rows)
+        measure_setup(rows)
     finally:
         server.terminate()
     memory = []
@@ -127,8 +175,6 @@ def main():
 
 
 def write(rows, titles, memory):
-    sizes = '\n'.join(f'| `{path}` | {(ROOT / path).stat().st_size / 1024:.0f} KB |'
-                      for path in ('dist/win32/kestrel.exe', 'dist/win64/kestrel.exe'))
     (ROOT / 'docs' / 'performance.md').write_text(f'''# Performance
 
 Made by `bench/run.py` (and `--memory` for the ten minutes of ticking). CPU time under Wine is that of the program and of
@@ -145,10 +191,9 @@ which a test watches):
 {titles}```
 
 {chr(10).join(memory)}
-| File (stripped, static) | Size |
-| --- | --- |
-{sizes}
-''')
+The program is stripped and needs no library of its own; `packaging/sizes.py` writes this table alone.
+
+{sizes.table()}''')
 
 
 main()

@@ -6,7 +6,12 @@
 //   win-bench tick-bare N      N times the platform calls of a tick
 //   win-bench load N           N times loadVarBar with 100 buttons that have icons
 //   win-bench load-bare N      N times the icon extraction and the toolbar calls for 100 buttons
+//   win-bench setup-open N     opens and cancels the setup dialog N times, with three lists of 200 buttons
+//   win-bench setup-ok N       the same with OK
+//   win-bench setup-ok-bare N  N times the settings calls of such an OK
 //   win-bench idle             the platform calls of a tick five times a second, until ended
+#include "setupBench.h"
+
 #include "core/hauptform.h"
 #include "platform/kernel32.h"
 #include "platform/shell32.h"
@@ -175,6 +180,12 @@ int main(int count, char** arguments) {
         load(number);
     else if (what == "load-bare")
         loadBare(number);
+    else if (what == "setup-open")
+        bench::openSetup(number);
+    else if (what == "setup-ok")
+        bench::okSetup(number);
+    else if (what == "setup-ok-bare")
+        bench::okBare(number);
     else if (what == "idle")
         idle();
     else

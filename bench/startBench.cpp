@@ -1,0 +1,120 @@
+// The start of the program up to its tray icon, and a key in the calculator, each beside a bare counterpart.
+// Measured from outside by bench/run.py.
+//
+//   start-bench start        Hauptform's load, then the end
+//   start-bench start-bare   a hidden window with a tray icon, then the end
+//   start-bench tray         the same, and stays
+//   start-bench keys N       N releases of a key in the calculator's left field
+//   start-bench keys-bare N  N releases of a key in a field whose owner sets the text of another
+#include "calculator/frmMil.h"
+#include "core/hauptform.h"
+#include "core/state.h"
+#include "win32/forms/modal.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <objbase.h>
+#include <shellapi.h>
+
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+namespace {
+
+constexpr UINT trayMessage = 512;
+
+void bareTrayIcon() {
+    const HWND window =
+        CreateWindowExA(0, "EDIT", "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+    NOTIFYICONDATAA record{};
+    record.cbSize = NOTIFYICONDATAA_V1_SIZE;
+    record.hWnd = window;
+    record.uID = 2;
+    record.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
+    record.uCallbackMessage = trayMessage;
+    record.hIcon = static_cast<HICON>(
+        LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON, 16, 16, LR_SHARED));
+    lstrcpynA(record.szTip, "A tray icon", sizeof record.szTip);
+    Shell_NotifyIconA(NIM_ADD, &record);
+}
+
+[[noreturn]] void start() {
+    auto* const form = new core::Hauptform; // NOLINT(cppcoreguidelines-owning-memory): to the end
+    form->load();
+    form->delSystray();
+    ExitProcess(0);
+}
+
+void stay() {
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0)
+        DispatchMessageA(&message);
+}
+
+void keys(int count) {
+    core::unitAccuracy = {"@", "0.####"};
+    calculator::frmMil form;
+    form.load();
+    form.show();
+    const auto left = reinterpret_cast<HWND>(form.txtSize[0].hWnd());
+    for (int key = 0; key < count; ++key) {
+        form.txtSize[0].setText(std::to_string(key));
+        SendMessageA(left, WM_KEYUP, '1', 0);
+        win32::servePending();
+    }
+}
+
+HWND bareResult = nullptr;
+
+LRESULT CALLBACK bareField(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR /*id*/,
+                           DWORD_PTR /*data*/) {
+    if (message == WM_KEYUP) {
+        char text[32];
+        GetWindowTextA(window, text, sizeof text);
+        SetWindowTextA(bareResult, text);
+    }
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+void keysBare(int count) {
+    calculator::frmMil form; // for a host of the same kind
+    form.load();
+    form.show();
+    const auto host = reinterpret_cast<HWND>(form.fraMil.hWnd());
+    const DWORD style = WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL;
+    const HWND left =
+        CreateWindowExA(WS_EX_CLIENTEDGE, "EDIT", "", style, 24, 0, 69, 18, host, nullptr, nullptr, nullptr);
+    bareResult =
+        CreateWindowExA(WS_EX_CLIENTEDGE, "EDIT", "", style, 120, 0, 69, 18, host, nullptr, nullptr, nullptr);
+    SetWindowSubclass(left, bareField, 0, 0);
+    for (int key = 0; key < count; ++key) {
+        SetWindowTextA(left, std::to_string(key).c_str());
+        SendMessageA(left, WM_KEYUP, '1', 0);
+        win32::servePending();
+    }
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
+    const std::string_view what = count > 1 ? arguments[1] : "";
+    const int number = count > 2 ? std::atoi(arguments[2]) : 0; // NOLINT(cert-err34-c): a number of rounds
+    if (what == "start") {
+        start();
+    } else if (what == "start-bare") {
+        bareTrayIcon();
+    } else if (what == "tray") {
+        bareTrayIcon();
+        stay();
+    } else if (what == "keys") {
+        keys(number);
+    } else if (what == "keys-bare") {
+        keysBare(number);
+    } else {
+        return 1;
+    }
+    return 0;
+}
