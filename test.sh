@@ -39,11 +39,13 @@ step 'style' tools/check-style.sh build/native
 step 'art' "$PYTHON" resources/check-art.py
 step 'win32 build' tools/build.sh i686
 step 'win64 build' tools/build.sh x86_64
+step 'help' "$PYTHON" resources/help/check-help.py dist/win32/EAGLE_Kestrel_Bench.chm dist/win64/EAGLE_Kestrel_Bench.chm
+step 'packages' "$PYTHON" packaging/check-packages.py
 step 'wine' tools/setup-wine.sh
 step 'win32 contract' tools/test-contract.sh i686
 step 'win64 contract' tools/test-contract.sh x86_64
 step 'win32 scenes' "$PYTHON" tests/windows/playAll.py win32
-step 'win64 scenes' "$PYTHON" tests/windows/playAll.py win64 mainJob controls dialogs hostLife programStart toolbarWindow
+step 'win64 scenes' "$PYTHON" tests/windows/playAll.py win64 mainJob calculator runRequest controls dialogs hostLife programStart toolbarWindow installer
 
 printf '\n'
 printf '   %s\n' "${summary[@]}" "$(printf '%-43s %4d s' 'all together' "$SECONDS")"
