@@ -23,8 +23,10 @@ std::string setting(const char* name) {
     return store::getini(store::section::toolbar, name);
 }
 
-std::int32_t number(const char* name) {
-    return store::getNumber(store::section::toolbar, name);
+/// The files to reopen: 1 board, 2 schematic, 4 library. With any of them a running EAGLE is searched by
+/// file.
+std::int32_t filesToReopen() {
+    return store::getNumber(store::section::toolbar, key::winEAGLE);
 }
 
 bool eaglePathIsRight() {
@@ -73,22 +75,22 @@ void bringEditorsToFront() {
 
 void bringToFront() {
     platform::BringWindowToTop(findWindowByTitle(controlPanel));
-    if (number(key::winEAGLE) != 0)
+    if (filesToReopen() != 0)
         bringFileToFront();
     else
         bringEditorsToFront();
 }
 
-/// The name under a key, trimmed, if its bit in the setting is set; empty otherwise.
+/// The name under a key, trimmed, if its file is to be reopened; empty otherwise.
 std::string lastFile(std::int32_t bit, const char* name) {
-    if ((number(key::winEAGLE) & bit) == 0)
+    if ((filesToReopen() & bit) == 0)
         return {};
     return std::string(runtime::trim(setting(name)));
 }
 
 void start() {
     std::string tail;
-    if (number(key::winEAGLE) != 0)
+    if (filesToReopen() != 0)
         tail = commandLineTail(
             {lastFile(1, key::lastBoard), lastFile(2, key::lastSCH), lastFile(4, key::lastLBR)});
     constexpr int normalWithFocus = 1;
@@ -119,7 +121,7 @@ void startEagle() {
         return;
     }
     const platform::HWND running = findWindowByTitle(controlPanel);
-    if (number(key::oneEAGLE) != 0 && running != platform::HWND::none)
+    if (store::getFlag(store::section::toolbar, key::oneEAGLE) && running != platform::HWND::none)
         bringToFront();
     else
         start();

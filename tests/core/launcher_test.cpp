@@ -130,6 +130,37 @@ TEST_CASE("launcher: oneEAGLE off and EAGLE running: a further EAGLE is started"
     CHECK(launcher.desk().activations.empty());
 }
 
+TEST_CASE("launcher: oneEAGLE is on with any number but 0, a fraction or one beyond 32 bits among them") {
+    struct Case {
+        const char* value;
+        bool on;
+    };
+    for (const Case& one : {Case{"0.4", true}, Case{"-1", true}, Case{"99999999999", true}, Case{"2x", true},
+                            Case{"0", false}, Case{"0.0", false}, Case{"x1", false}, Case{"", false}}) {
+        CAPTURE(one.value);
+        Launcher launcher(std::string("oneEAGLE=") + one.value + "\r\n");
+        launcher.desk().openWindow("EAGLE Control Panel");
+        REQUIRE(launcher.run());
+        CHECK((launcher.started() == "none") == one.on);
+    }
+}
+
+TEST_CASE("launcher: winEAGLE beyond 32 bits is the runtime's overflow") {
+    Launcher launcher("winEAGLE=99999999999\r\n");
+    CHECK_FALSE(launcher.run());
+    CHECK(launcher.started() == "none");
+    REQUIRE(launcher.desk().messageBoxes.size() == 1);
+    CHECK(launcher.desk().messageBoxes[0].text == "Run-time error '6':\r\n\r\nOverflow");
+}
+
+TEST_CASE("launcher: last-file names with blanks and quotes in the settings get no quotes and keep theirs") {
+    Launcher launcher(
+        "winEAGLE=3\r\nlastBoard=\"C:\\my work\\a b.brd\"\r\nlastSCH=C:\\w\\the \"new\" one.sch\r\n");
+    REQUIRE(launcher.run());
+    // A pair of quotes around a whole value is the settings file's own.
+    CHECK(launcher.started() == path + " -C \"edit C:\\w\\the \"new\" one.sch;\" C:\\my work\\a b.brd");
+}
+
 TEST_CASE("launcher: winEAGLE 7 with one name gives the form for one file") {
     Launcher launcher("winEAGLE=7\r\nlastSCH=  C:\\w\\s.sch  \r\n");
     REQUIRE(launcher.run());
