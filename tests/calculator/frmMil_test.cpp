@@ -108,6 +108,31 @@ TEST_CASE("calculator: every unit by its exact factor, the ratio first and then 
         }
 }
 
+TEST_CASE("calculator: the order of the operations shows in the last digit") {
+    Calculator calculator;
+    struct Case {
+        const char* millimetres;
+        const char* mils;
+    };
+    // Each comes out by one digit more or less if the product or another ratio is formed first.
+    for (const Case& one : {Case{"0.24", "9.44881889763779"}, Case{"125", "4921.25984251968"},
+                            Case{"0.022", "0.866141732283465"}}) {
+        CAPTURE(one.millimetres);
+        calculator.form.txtSize[1].setText(one.millimetres);
+        calculator.form.convert(0);
+        CHECK(calculator.text(0) == one.mils);
+    }
+}
+
+TEST_CASE("calculator: each has its own values") {
+    Calculator calculator;
+    frmMil other;
+    calculator.type(0, "100");
+    CHECK(other.txtSize[0].text() == "0");
+    CHECK(other.txtSize[1].text() == "0");
+    CHECK(calculator::defaultMil().txtSize[0].text() == "0");
+}
+
 TEST_CASE("calculator: the format of the side that is written counts") {
     Calculator calculator("0.###", "0.#");
     calculator.type(0, "100");

@@ -44,6 +44,9 @@ TEST_CASE("splash: the version is told on load, and in the middle of the screen"
     const forms::ScreenSize screen = forms::screenSize();
     CHECK(splashForm().left() ==
           doctest::Approx((static_cast<float>(screen.width) * 15 - splashForm().width()) / 2).epsilon(0.01));
+    CHECK(
+        splashForm().top() ==
+        doctest::Approx((static_cast<float>(screen.height) * 15 - splashForm().height()) / 2).epsilon(0.01));
 }
 
 TEST_CASE("splash: it closes itself after two seconds") {

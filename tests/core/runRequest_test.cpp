@@ -6,7 +6,10 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <string>
+#include <vector>
 
 using core::splitRunRequest;
 using desktop::Program;
@@ -266,13 +269,39 @@ TEST_CASE("run request: Exit while one is waiting: it is neither read nor run") 
     CHECK(requests.desk().fileText(file) == "a.exe");
 }
 
-TEST_CASE("run request: the main form is raised before the shell is called") {
+TEST_CASE("run request: the main form is raised once, to the top of the order and where it stands") {
     Requests requests;
     const std::string form = std::to_string(static_cast<std::uintptr_t>(requests.program.form().hWnd()));
     requests.desk().calls.clear();
     requests.request("a.exe");
-    CHECK(std::count_if(requests.desk().calls.begin(), requests.desk().calls.end(),
-                        [&](const std::string& call) {
-                            return call.starts_with("SetWindowPos") && call.find(form) != std::string::npos;
-                        }) == 1);
+    std::vector<std::string> raised;
+    std::copy_if(requests.desk().calls.begin(), requests.desk().calls.end(), std::back_inserter(raised),
+                 [](const std::string& call) { return call.starts_with("SetWindowPos"); });
+    CHECK(raised == std::vector<std::string>{"SetWindowPos " + form + " 0 0 0 0 0 3"});
+}
+
+TEST_CASE("run request: while one is being handled both timers are off, and the file has gone") {
+    Requests requests;
+    bool seen = false;
+    requests.desk().onPump = [&] {
+        seen = true;
+        CHECK_FALSE(requests.program.form().Timer1.enabled());
+        CHECK_FALSE(requests.program.form().Timer2.enabled());
+        CHECK(requests.desk().executed.size() == 1);
+        CHECK_FALSE(requests.desk().fileText(file).has_value());
+    };
+    requests.request("a.exe");
+    CHECK(seen);
+}
+
+TEST_CASE("run request: of a huge file only the first line counts") {
+    Requests requests;
+    std::string content = "a.exe \"b\"\r\n";
+    for (int line = 0; line < 100'000; ++line)
+        content += "c.exe \"d\"\r\n";
+    requests.request(content);
+    REQUIRE(requests.desk().executed.size() == 1);
+    CHECK(requests.desk().executed[0].file == "a.exe");
+    CHECK(requests.desk().executed[0].parameters == "b");
+    CHECK(requests.watching());
 }

@@ -61,6 +61,24 @@ struct Tray {
 
 } // namespace
 
+TEST_CASE(
+    "tray: the icon is the program's, its messages go to the hidden text box, and blanks fill its tip") {
+    Tray tray;
+    const platform::NOTIFYICONDATA& icon = tray.desk().trayIcon.value();
+    CHECK(icon.hWnd == tray.program.form().txtTooltip.hWnd());
+    CHECK(icon.hIcon == platform::programIcon());
+    const std::string tip = std::string("Kestrel Bar for EAGLE") + '\0';
+    CHECK(std::string(std::begin(icon.szTip), std::end(icon.szTip)) ==
+          tip + std::string(64 - tip.size(), ' '));
+}
+
+TEST_CASE("tray: of a longer tip the first 63 characters are taken") {
+    Program program;
+    program.form().txtTooltip.setText(std::string(70, 'x'));
+    REQUIRE(program.start());
+    CHECK(std::string(program.desk().trayIcon.value().szTip) == std::string(63, 'x'));
+}
+
 TEST_CASE("tray: the menu opens on the release of either button") {
     Tray tray;
     tray.mouse(leftReleased);
@@ -204,6 +222,15 @@ TEST_CASE("tray: Open EAGLE runs the launcher, with the tracker ticking under it
     REQUIRE(tray.choose(3));
     CHECK(tray.desk().messageBoxes.size() == 1);
     CHECK(ticking);
+}
+
+TEST_CASE("tray: Open EAGLE starts the command line that the program's start would") {
+    Tray tray("[toolbar]\r\nEAGLEpath=C:\\EAGLE\\eagle.exe\r\nwinEAGLE=1\r\nlastBoard=b.brd\r\n");
+    tray.desk().writeFile("C:\\EAGLE\\eagle.exe", "MZ");
+    REQUIRE(tray.choose(3));
+    REQUIRE(tray.desk().started.size() == 1);
+    CHECK(tray.desk().started[0].commandLine == "C:\\EAGLE\\eagle.exe -C \"window fit;\"b.brd");
+    CHECK(tray.desk().messageBoxes.empty());
 }
 
 TEST_CASE(
