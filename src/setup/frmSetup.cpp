@@ -7,6 +7,7 @@
 #include "setup/geometry.h"
 #include "store/settings.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace setup {
@@ -169,7 +170,7 @@ void frmSetup::Form_Unload() {
 /// Kept: nothing reads what is reset here.
 void frmSetup::resetHauptform() {
     if (core::Hauptform* hauptform = core::hauptform()) {
-        hauptform->windowTable.fill(0);
+        std::fill(hauptform->windowTable.begin() + 1, hauptform->windowTable.end(), 0);
         for (std::size_t record = 1; record <= 3; ++record)
             hauptform->positions[record].top = 9999;
     }

@@ -146,20 +146,20 @@ TEST_CASE("setup: Cancel writes nothing, and the lists are as they were") {
     }
 }
 
-TEST_CASE("setup: closing clears Hauptform's tables, by the title bar as by Cancel") {
+TEST_CASE(
+    "setup: closing clears slots 1 to 8 of Hauptform's window table and sets its records, by either way") {
     for (const bool titleBar : {false, true}) {
         Dialog dialog;
         dialog.open(0);
         core::Hauptform& hauptform = dialog.Program::form();
-        for (std::size_t slot = 1; slot <= 8; ++slot)
-            hauptform.windowTable[slot] = static_cast<std::int32_t>(slot);
+        hauptform.windowTable.fill(7);
         hauptform.positions[1] = {1, 2, 3, 4};
         if (titleBar)
             dialog.act([&] { dialog.form().closeRequested(); });
         else
             dialog.click(dialog.form().btnCancel);
-        for (std::size_t slot = 1; slot <= 8; ++slot)
-            CHECK(hauptform.windowTable[slot] == 0);
+        const std::array<std::int32_t, 9> cleared = {7};
+        CHECK(hauptform.windowTable == cleared);
         for (std::size_t record = 1; record <= 3; ++record)
             CHECK(hauptform.positions[record].top == 9999);
         CHECK(hauptform.positions[0].top == 0);
