@@ -72,6 +72,19 @@ TEST_CASE("setup: titles, paths, tips and questions are saved as they stand") {
     }
 }
 
+TEST_CASE("setup: whatever stands in the field of EAGLE's path is saved, but for the blanks around it") {
+    for (const std::string& text : {std::string("\xA7\xA7"), std::string("\"quoted\""), std::string("a=b"),
+                                    std::string("[board]"), std::string(300, 'n'), std::string("\tx\t")}) {
+        Dialog dialog;
+        dialog.open(0);
+        dialog.enter(dialog.form().txtEAGLE, "  " + text + "  ");
+        ok(dialog);
+        CHECK(closed(dialog));
+        CHECK(dialog.desk().messageBoxes.empty());
+        CHECK(dialog.desk().settings().find("EAGLEpath=" + text + "\r\n") != std::string::npos);
+    }
+}
+
 TEST_CASE("setup: an entry with an empty title is saved, and the list ends there when it is read again") {
     Dialog dialog;
     store::boardButtons = namedList({"a", "b", "c"});
@@ -168,6 +181,22 @@ TEST_CASE("setup: an icon reference without a comma is shown, moved, saved and r
     dialog.select(1, 1);
     dialog.click(dialog.form().btnRemove[1]);
     CHECK(dialog.rows(1) == setup::Names{"b"});
+}
+
+TEST_CASE(
+    "setup: a comma in the path of a chosen program or icon ends the program: references are split there") {
+    Dialog dialog;
+    dialog.open(1);
+    dialog.desk().fileAnswers = {"C:\\one, two\\tool.exe"};
+    CHECK_FALSE(dialog.desk().event([&] { dialog.form().btnAdd[0].click(); }));
+    CHECK(dialog.desk().messageBoxes.back().text.find("'13'") != std::string::npos);
+    Dialog icon;
+    store::boardButtons = namedList({"a"});
+    icon.open(1);
+    icon.select(0, 0);
+    icon.desk().chooserAnswers.push_back({1, u"C:\\one, two\\tool.ico", 0});
+    CHECK_FALSE(icon.desk().event([&] { icon.form().btnIcon[0].click(); }));
+    CHECK(icon.desk().messageBoxes.back().text.find("'13'") != std::string::npos);
 }
 
 TEST_CASE("setup: a refused OK may be tried again and again without losing an edit") {

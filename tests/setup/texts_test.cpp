@@ -1,40 +1,17 @@
-// The texts of the setup dialog in both languages, and where its controls stand.
+// The texts of the setup dialog in both languages.
 #include "setup/dialog.h"
 
-#include "setup/geometry.h"
+#include "setup/namedControls.h"
 #include "store/textCatalogue.h"
 
-#include <algorithm>
 #include <map>
 #include <set>
-#include <span>
 
 using setup::Dialog;
 using setup::frmSetup;
-using setup::Placing;
+using setup::Named;
 
 namespace {
-
-/// A control with the name that the table of places gives it, behind it its page.
-struct Named {
-    std::string name;
-    forms::Control* control;
-    forms::Container* container;
-    const Placing* row;
-};
-
-std::vector<Named> controlsOf(frmSetup& form) {
-    std::vector<Named> all;
-    const auto add = [&](std::span<const Placing> rows, std::size_t page, const std::string& ending) {
-        for (const Placing& row : rows)
-            all.push_back({row.name + ending, &row.control(form, page), &row.container(form, page), &row});
-    };
-    for (std::size_t page = 0; page < setup::listPages; ++page)
-        add(setup::listPagePlacings(), page, "/" + std::to_string(page));
-    add(setup::optionsPlacings(), 0, {});
-    add(setup::buttonPlacings(), 0, {});
-    return all;
-}
 
 std::string captionOf(forms::Control& control) {
     switch (control.kind()) {
@@ -104,11 +81,6 @@ constexpr TextRow texts[] = {
 
 const char* settingsOf(int offset) {
     return offset == 0 ? "[global]\r\nlanguage=0\r\n" : "[global]\r\nlanguage=10000\r\n";
-}
-
-bool overlap(const forms::Control& a, const forms::Control& b) {
-    return a.left() < b.left() + b.width() && b.left() < a.left() + a.width() &&
-           a.top() < b.top() + b.height() && b.top() < a.top() + a.height();
 }
 
 } // namespace
@@ -188,109 +160,4 @@ TEST_CASE("setup: at design the form and its tabs have captions of their own") {
     CHECK(form.TabStrip1.tabCaption(1) == "Button Options BRD");
     CHECK(form.TabStrip1.tabCaption(2) == "Button Options SCH");
     CHECK(form.TabStrip1.tabCaption(3) == "Button Options LBR");
-}
-
-TEST_CASE("setup: every control stands in its container where the table has it, and inside it") {
-    Dialog dialog;
-    dialog.open(0);
-    for (const Named& named : controlsOf(dialog.form())) {
-        CAPTURE(named.name);
-        forms::Control& control = *named.control;
-        CHECK(control.container() == named.container);
-        CHECK(control.position() == named.row->place);
-        CHECK(control.form() == &dialog.form());
-        const bool onForm = named.container->kind() == forms::ControlKind::form;
-        const float width = onForm ? dialog.form().scaleWidth() : named.container->width();
-        const float height = onForm ? dialog.form().scaleHeight() : named.container->height();
-        CHECK(control.left() >= 0);
-        CHECK(control.top() >= 0);
-        CHECK(control.left() + control.width() <= width);
-        CHECK(control.top() + control.height() <= height);
-    }
-    CHECK(dialog.form().TabStrip1.position() == forms::Position{150, 120, 6495, 8625});
-}
-
-TEST_CASE("setup: no control covers its neighbour") {
-    Dialog dialog;
-    dialog.open(0);
-    const std::vector<Named> all = controlsOf(dialog.form());
-    for (const Named& one : all)
-        for (const Named& other : all) {
-            // A label's window is only as large as its text; what is hidden covers nothing.
-            if (&one == &other || one.container != other.container ||
-                one.control->kind() == forms::ControlKind::label ||
-                other.control->kind() == forms::ControlKind::label || !one.control->visible() ||
-                !other.control->visible())
-                continue;
-            CAPTURE(one.name);
-            CAPTURE(other.name);
-            CHECK_FALSE(overlap(*one.control, *other.control));
-        }
-}
-
-TEST_CASE("setup: the start states of a list page") {
-    Dialog dialog;
-    frmSetup& form = setup::setupForm();
-    const std::set<std::string> disabled = {
-        "txtTitle", "txtPath",           "txtTooltip",           "txtPara",
-        "btnIcon",  "chkAdd, no dialog", "chkAdd, input dialog", "chkAdd, file dialog"};
-    for (const Placing& row : setup::listPagePlacings())
-        for (std::size_t page = 0; page < setup::listPages; ++page) {
-            CAPTURE(row.name);
-            CHECK(row.control(form, page).enabled() == !disabled.contains(row.name));
-            CHECK(row.control(form, page).visible() == (std::string(row.name) != "imgIcon"));
-        }
-    for (const forms::Timer& timer : form.Timer1) {
-        CHECK(timer.interval() == 50);
-        CHECK_FALSE(timer.enabled());
-    }
-    for (std::size_t page = 0; page < setup::listPages; ++page) {
-        CHECK_FALSE(form.btnH[page].picture().empty());
-        CHECK_FALSE(form.btnL[page].picture().empty());
-        CHECK_FALSE(form.btnH[page].picture() == form.btnL[page].picture());
-    }
-}
-
-TEST_CASE("setup: the tabs carry the options and then the lists in the order of the editor kinds") {
-    Dialog dialog;
-    dialog.open(0);
-    frmSetup& form = dialog.form();
-    const std::array<std::size_t, 4> frames = {1, 0, 2, 3};
-    for (int tab = 0; tab < 4; ++tab) {
-        dialog.act([&] { form.TabStrip1.selected(tab); });
-        for (std::size_t frame = 0; frame < 4; ++frame)
-            CHECK(form.fraSetup[frame].visible() == (frame == frames[static_cast<std::size_t>(tab)]));
-    }
-    CHECK(form.fraEAGLE.container() == &form.fraSetup[1]);
-    CHECK(form.lstApps[0].container() == &form.fraSetup[0]);
-    CHECK(form.lstApps[1].container() == &form.fraSetup[2]);
-    CHECK(form.lstApps[2].container() == &form.fraSetup[3]);
-    for (const forms::Frame& frame : form.fraSetup) {
-        CHECK(frame.top() == 660);
-        CHECK(frame.width() == 6195);
-        CHECK(frame.height() == 7755);
-    }
-}
-
-TEST_CASE("setup: a label comes right before the field that its mnemonic leads to") {
-    Dialog dialog;
-    dialog.open(0);
-    frmSetup& form = dialog.form();
-    std::vector<std::pair<forms::Control*, forms::Control*>> pairs = {
-        {&form.labEAGLE, &form.txtEAGLE},     {&form.Label1[0], &form.cboUnit[0]},
-        {&form.Label1[1], &form.cboUnit[1]},  {&form.Label1[2], &form.cboAccur[0]},
-        {&form.Label1[3], &form.cboAccur[1]}, {&form.labLanguage, &form.cboLanguage}};
-    for (std::size_t page = 0; page < setup::listPages; ++page) {
-        pairs.emplace_back(&form.labTitle[page], &form.txtTitle[page]);
-        pairs.emplace_back(&form.labPath[page], &form.txtPath[page]);
-        pairs.emplace_back(&form.labTooltip[page], &form.txtTooltip[page]);
-        pairs.emplace_back(&form.labPara[page], &form.txtPara[page]);
-    }
-    for (const auto& [label, field] : pairs) {
-        const std::vector<forms::Control*>& siblings = label->container()->controls();
-        const auto place = std::find(siblings.begin(), siblings.end(), label);
-        REQUIRE(place != siblings.end());
-        REQUIRE(std::next(place) != siblings.end());
-        CHECK(*std::next(place) == field);
-    }
 }
