@@ -1,4 +1,5 @@
 // The way from a toolbar's "Config" button into the setup dialog and back.
+#include "core/frmMenu.h"
 #include "desktop/program.h"
 #include "setup/frmSetup.h"
 
@@ -83,6 +84,42 @@ TEST_CASE("after OK the toolbar that opened the setup shows the new list, others
         REQUIRE(program.buttons() == 3);
         CHECK(program.title(1) == "new");
         CHECK(program.buttons(2) == 2);
+    }
+}
+
+TEST_CASE(
+    "an opening from the tray rebuilds no toolbar, not even after OK; the next one made has the new list") {
+    for (const EditorKind kind : store::editorKinds) {
+        Host program(kind);
+        const auto page = static_cast<std::size_t>(kind);
+        program.desk().modalScripts.push_back([page](forms::Form& /*form*/) {
+            setupForm().btnAddEAGLE[page].click();
+            setupForm().txtTitle[page].edited("new");
+            setupForm().btnOk.click();
+        });
+        REQUIRE(program.desk().event([] { core::menuForm().mnuTaskbar_Click(4); }));
+        CHECK(program.buttons() == 2);
+        program.desk().openWindow(titleOf(kind));
+        program.ticks(1);
+        CHECK(program.buttons(program.hosted(kind)) == 3);
+    }
+}
+
+TEST_CASE("after Config the board toolbar keeps its height, the other two get that of their new rows") {
+    for (const EditorKind kind : store::editorKinds) {
+        Host program(kind);
+        const HWND form = program.toolbar(kind, 1).window();
+        const auto height = [&] {
+            const platform::RECT place = program.desk().window(form).rect;
+            return place.bottom - place.top;
+        };
+        const int before = height();
+        program.config([&](setup::frmSetup& setup) {
+            for (int added = 0; added < 12; ++added)
+                setup.btnAddSep[static_cast<std::size_t>(kind)].click();
+            setup.btnOk.click();
+        });
+        CHECK((height() > before) == (kind != EditorKind::board));
     }
 }
 
