@@ -12,13 +12,13 @@ namespace core {
 
 void showHelp() {
     constexpr std::uint32_t helpContext = 15; // HH_HELP_CONTEXT
-    constexpr std::int32_t startTopic = 6000;
+    constexpr std::uintptr_t startTopic = 6000;
     constexpr int criticalStyle = 16;
     const std::string file = platform::programFolder() + "\\EAGLE_Kestrel_Bench.chm";
     for (;;) {
         try {
             platform::HtmlHelpA(platform::HWND::none, file.c_str(), helpContext,
-                                static_cast<std::uintptr_t>(startTopic + languageOffset));
+                                startTopic + static_cast<std::uintptr_t>(languageOffset));
             return;
         } catch (const runtime::RuntimeError&) {
             platform::beep();
