@@ -3,10 +3,10 @@
 from play import play
 
 from driver import settings
-from driver.waiting import poll
+from driver.waiting import poll, stays
 
 LEFT, RIGHT = 0, 1
-SETTINGS = "[Unit]\nVisible=1\nLeftUnit=Inch\nRightUnit=um\nLeftAccuracy=0.##\nRightAccuracy=0.###\n"
+SETTINGS = "[Unit]\nVisible=1\nLeftUnit=Inch\nRightUnit=um\nLeftAccuracy=@\nRightAccuracy=0.###\n"
 
 
 def fields(stage, editor):
@@ -34,12 +34,17 @@ def converts(stage, checks, board):
     stage.screen.click(*fields(stage, board)[RIGHT].place.middle)
     checks.that(focused(stage, board, RIGHT), "a click gives the right field the keyboard")
     stage.screen.type("1")
-    checks.that(poll(lambda: texts(stage, board) == ["39.37", "1"]), "1 on the right shows 39.37 on the left",
+    checks.that(poll(lambda: texts(stage, board) == ["39.3700787401575", "1"]), "1 on the right shows its mils on the left",
                 texts(stage, board))
     stage.screen.type(",5")
-    checks.that(poll(lambda: texts(stage, board) == ["59.06", "1.5"]), "a comma that is typed is a dot",
+    checks.that(poll(lambda: texts(stage, board) == ["59.0551181102362", "1.5"]), "a comma that is typed is a dot",
                 texts(stage, board))
     stage.picture("converted")
+    stage.screen.key("ctrl+a")
+    stage.screen.type("0.24")
+    # Computed with more digits than a double has, the last one would be another.
+    checks.that(poll(lambda: texts(stage, board) == ["9.44881889763779", "0.24"]), "the result is right to its last digit",
+                texts(stage, board))
 
 
 def selects(stage, checks, board):
@@ -60,8 +65,12 @@ def selects(stage, checks, board):
 
 
 def tabs(stage, checks, board):
+    stage.screen.key("ctrl+a")
+    stage.screen.type("1.23456")
     stage.screen.key("Tab")
     checks.that(focused(stage, board, LEFT), "Tab goes on to the left field")
+    checks.that(stays(lambda: texts(stage, board)[RIGHT] == "1.23456", 0.5),
+                "which it does not compute back into the field that it has left", texts(stage, board))
     stage.screen.key("Tab")
     checks.that(focused(stage, board, RIGHT), "and back to the right one")
     stage.screen.key("shift+Tab")
