@@ -3,7 +3,7 @@
 from driver.waiting import LIMIT, poll
 
 LEFT, RIGHT = 1, 3  # buttons of the mouse
-ENTRIES = ("info", "help", "eagle", "configuration", "exit")
+RESTING = 3  # so many looks in a row see an icon that rests at one place
 
 # The menu's lines from its top: five entries, and two separators of half their height.
 LINES = (("info", 2), ("help", 2), (None, 1), ("eagle", 2), ("configuration", 2), (None, 1), ("exit", 2))
@@ -18,6 +18,16 @@ class Tray:
         found = self._stage.look().top(class_name="__wine_tray_icon")
         return found[0] if found else None
 
+    def resting(self):
+        """The icon once it rests: a tray that has just been given one still moves it about. None if there is none."""
+        places = []
+
+        def rests():
+            icon = self.icon()
+            places.append(icon.place if icon else None)
+            return icon if places[-RESTING:] == [places[-1]] * RESTING else None
+        return poll(rests)
+
     def menu(self):
         """The menu that is open; None if none is."""
         found = self._stage.look().top(class_name="#32768")
@@ -25,7 +35,9 @@ class Tray:
 
     def open(self, button=RIGHT):
         """Clicks on the icon and waits for the menu; None if it does not come."""
-        icon = poll(self.icon)
+        icon = self.resting()
+        if not icon:
+            return None
         self._stage.screen.click(*icon.place.middle, button)
         return poll(self.menu)
 
