@@ -4,6 +4,7 @@
 #include "win32/forms/windowPeer.h"
 
 #include "forms/button.h"
+#include "forms/units.h"
 
 #include <algorithm>
 #include <vector>
@@ -59,11 +60,16 @@ HICON iconOf(const forms::Picture& picture) {
     return icon;
 }
 
-/// A caption that is too wide goes on in a second line.
+/// A caption that is too wide goes on in a second line if there is room for one; else both would be cut.
+DWORD captionStyle(const forms::CommandButton& button) {
+    constexpr int twoLines = 34; // pixels, with the button's frame
+    return forms::toPixels(button.height()) < twoLines ? 0 : BS_MULTILINE;
+}
+
 class CommandButtonPeer : public ButtonPeer<forms::CommandButton> {
   public:
     explicit CommandButtonPeer(forms::CommandButton& button)
-        : ButtonPeer(button, (button.isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | BS_MULTILINE) {
+        : ButtonPeer(button, (button.isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | captionStyle(button)) {
         if (!button.picture().empty())
             showPicture();
     }

@@ -17,12 +17,13 @@ def _wine_prefix(*arguments):
 class Prefix:
     """Use it in a with statement: at its end all that runs in the prefix is ended and the prefix removed. `locale` is the
     user's, such as de_DE: it is the language of Windows' own dialogs. `channel` is one of Wine's own, such as htmlhelp, to
-    be listened to: what it says stands in the file `heard`."""
+    be listened to: what it says stands in the file `heard`. `registry` are settings of the user's, {key: {name: value}}."""
 
-    def __init__(self, display, locale=None, channel=None):
+    def __init__(self, display, locale=None, channel=None, registry=None):
         self._display = display
         self._name = _wine_prefix("make")
         self.drive = Path(_wine_prefix("folder", self._name))
+        self._register(registry or {})
         self._variables = self._locale(locale) if locale else []
         self._channel = channel
         self.heard = self.drive.parent / "heard.txt"
@@ -32,6 +33,14 @@ class Prefix:
         run, sandbox = self.drive.parent, self.drive.parents[2]
         shutil.copytree(sandbox / "usr/lib/locale/C.utf8", run / "locale" / f"{name}.UTF-8")
         return ["--env", f"LOCPATH=/runs/{self._name}/locale", "--env", f"LC_ALL={name}.UTF-8"]
+
+    def _register(self, registry):
+        """Before anything runs, the user's registry is a text file; what stands last in it holds."""
+        with (self.drive.parent / "user.reg").open("a", encoding="ascii") as file:
+            for key, values in registry.items():
+                print(f"\n[{key}]".replace("\\", "\\\\"), file=file)
+                for name, value in values.items():
+                    print(f'"{name}"=' + (f"dword:{value:08x}" if isinstance(value, int) else f'"{value}"'), file=file)
 
     def path(self, windows_path):
         """Where C:\\... stands on this machine."""

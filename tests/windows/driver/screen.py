@@ -4,33 +4,44 @@ import subprocess
 
 
 class Screen:
-    """All places are screen pixels."""
+    """All places are in pixels as programs see them that do not know of a screen's resolution: with `scale` 1.5, for 144 dpi,
+    the screen has more."""
 
-    def __init__(self, display):
+    def __init__(self, display, scale=1):
         self._environment = display.environment
+        self._scale = scale
 
     def _xdotool(self, *arguments):
         subprocess.run(["xdotool", *map(str, arguments)], env=self._environment, check=True)
 
+    def _pixels(self, *places):
+        """Of the screen."""
+        return [round(place * self._scale) for place in places]
+
     def point(self, x, y):
-        self._xdotool("mousemove", x, y)
+        self._xdotool("mousemove", *self._pixels(x, y))
+
+    def pointer(self):
+        """Where the mouse points."""
+        shown = subprocess.run(["xdotool", "getmouselocation"], env=self._environment, capture_output=True, text=True, check=True)
+        return tuple(round(int(word.split(":")[1]) / self._scale) for word in shown.stdout.split()[:2])
 
     def click(self, x, y, button=1):
         # In two steps, as a hand does it: buttons that light up under the mouse see it come first.
         self.point(x - 1, y)
-        self._xdotool("mousemove", x, y, "click", button)
+        self._xdotool("mousemove", *self._pixels(x, y), "click", button)
 
     def press(self, x, y, button=1):
         """Presses and holds."""
         self.point(x - 1, y)
-        self._xdotool("mousemove", x, y, "mousedown", button)
+        self._xdotool("mousemove", *self._pixels(x, y), "mousedown", button)
 
     def release(self, button=1):
         self._xdotool("mouseup", button)
 
     def double_click(self, x, y):
         self.point(x - 1, y)
-        self._xdotool("mousemove", x, y, "click", "--repeat", 2, "--delay", 30, 1)
+        self._xdotool("mousemove", *self._pixels(x, y), "click", "--repeat", 2, "--delay", 30, 1)
 
     def wheel_down(self, x, y, notches):
         self.point(x, y)
@@ -41,7 +52,7 @@ class Screen:
         self.point(*start)
         way = ["mousedown", 1]
         for step in range(1, steps + 1):
-            way += ["sleep", 0.03, "mousemove", *(a + (b - a) * step // steps for a, b in zip(start, end))]
+            way += ["sleep", 0.03, "mousemove", *self._pixels(*(a + (b - a) * step / steps for a, b in zip(start, end)))]
         self._xdotool(*way, "sleep", 0.03, "mouseup", 1)
 
     def type(self, text):
@@ -60,11 +71,11 @@ class Screen:
     def picture(self, path, part=None):
         """A PNG of the whole screen, or of a rectangle of it."""
         path.parent.mkdir(parents=True, exist_ok=True)
-        self._import(*(["-crop", _geometry(part), "+repage"] if part else []), path)
+        self._import(*(["-crop", self._geometry(part), "+repage"] if part else []), path)
 
     def shown(self, place):
         """What a rectangle of the screen shows, to be compared with another look."""
-        return self._import("-crop", _geometry(place), "+repage", "bmp:-")
+        return self._import("-crop", self._geometry(place), "+repage", "bmp:-")
 
     def colours(self, place):
         """How many colours there are in a rectangle of the screen: few where nothing has been painted."""
@@ -72,7 +83,7 @@ class Screen:
 
     def colours_of(self, places):
         """The same for several rectangles at one moment."""
-        parts = [word for place in places for word in ("(", "-clone", "0", "-crop", _geometry(place), ")")]
+        parts = [word for place in places for word in ("(", "-clone", "0", "-crop", self._geometry(place), ")")]
         counts = subprocess.run(["convert", "-", *parts, "-delete", "0", "-format", "%k ", "info:"],
                                 input=self._import("bmp:-"), capture_output=True, check=True)
         return list(map(int, counts.stdout.split()))
@@ -81,6 +92,6 @@ class Screen:
         return subprocess.run(["import", "-silent", "-window", "root", *options], env=self._environment,
                               capture_output=True, check=True).stdout
 
-
-def _geometry(place):
-    return f"{place.width}x{place.height}+{place.left}+{place.top}"
+    def _geometry(self, place):
+        left, top, width, height = self._pixels(place.left, place.top, place.width, place.height)
+        return f"{width}x{height}+{left}+{top}"

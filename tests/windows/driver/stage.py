@@ -15,6 +15,10 @@ KESTREL = "C:\\kestrel"
 PLAIN = 3  # colours of a button that has no picture, under the mouse or not
 
 
+def _resolution(dpi):
+    return {"Control Panel\\Desktop": {"LogPixels": dpi}} if dpi != 96 else {}
+
+
 @dataclass
 class Toolbar:
     """A toolbar of Kestrel's in an editor window."""
@@ -35,15 +39,15 @@ class Toolbar:
 
 class Stage:
     """Use it in a with statement. `bits` is win32 or win64, `pictures` the folder for screenshots. Without a display it
-    makes a virtual one of its own. `locale` and `channel`: see Prefix."""
+    makes a virtual one of its own. The options are those of Prefix."""
 
-    def __init__(self, bits, pictures, display=None, locale=None, channel=None):
+    def __init__(self, bits, pictures, display=None, dpi=96, registry=None, **prefix_options):
         self.bits = bits
         self._pictures = pictures
         self._display = display or Display()
         try:
-            self.screen = Screen(self._display)
-            self.prefix = Prefix(self._display, locale, channel)
+            self.screen = Screen(self._display, dpi / 96)
+            self.prefix = Prefix(self._display, registry={**(registry or {}), **_resolution(dpi)}, **prefix_options)
         except BaseException:
             self._display.close()
             raise

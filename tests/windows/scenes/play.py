@@ -20,6 +20,11 @@ from driver.stage import Stage  # noqa: E402
 
 def play(file, story, **stage_options):
     """Ends the program; the exit code tells whether all went well. The options go to the stage."""
+    play_on_each(file, {"end": (story, stage_options)})
+
+
+def play_on_each(file, stories):
+    """The same for several stories, each on a stage of its own: name of the picture of its end, and story and options."""
     if len(sys.argv) != 2 or sys.argv[1] not in paths.PRESETS:
         sys.exit(f"say which: {' or '.join(paths.PRESETS)}")
     bits, name = sys.argv[1], Path(file).stem
@@ -27,11 +32,12 @@ def play(file, story, **stage_options):
     checks = Checks()
     print(f"-- {name}, {bits}", flush=True)
     try:
-        with Stage(bits, pictures, **stage_options) as stage:
-            try:
-                story(stage, checks)
-            finally:
-                stage.picture("end")
+        for name, (story, stage_options) in stories.items():
+            with Stage(bits, pictures, **stage_options) as stage:
+                try:
+                    story(stage, checks)
+                finally:
+                    stage.picture(name)
     except Exception:  # pylint: disable=broad-except; a scene that breaks off has failed, whatever the reason
         traceback.print_exc()
         checks.that(False, "the scene is played to its end")

@@ -1,0 +1,98 @@
+"""Screens of other kinds: 120 and 144 dpi, for which Windows enlarges the program, and a theme of high contrast. The
+pictures are for looking at. A window inside another program's is not enlarged by Wine, only by Windows; so the dialogs are
+played at the higher resolutions, and toolbar and calculator in the theme."""
+
+from functools import partial
+
+from play import play_on_each
+
+from driver import paths, settings
+from driver.desktop import Rect
+from driver.setup import Setup
+from driver.tray import Tray
+from driver.waiting import poll
+
+PAGES = ("general", "board", "schematic", "library")
+WIDTH, HEIGHT = 452, 625  # of the setup without its frame; Wine leaves more height at higher resolutions
+BLACK, WHITE, GREEN, VIOLET = "0 0 0", "255 255 255", "0 255 0", "128 0 128"
+BLACK_THEME = {
+    "Control Panel\\Colors": {
+        **dict.fromkeys(("AppWorkspace", "ButtonAlternateFace", "ButtonFace", "InfoWindow", "Menu", "MenuBar", "Scrollbar",
+                         "Window"), BLACK),
+        **dict.fromkeys(("ButtonDkShadow", "ButtonLight", "ButtonShadow", "ButtonText", "HilightText", "InactiveTitleText",
+                         "InfoText", "MenuText", "TitleText", "WindowFrame", "WindowText"), WHITE),
+        **dict.fromkeys(("ActiveTitle", "GradientActiveTitle", "Hilight", "MenuHilight"), VIOLET),
+        "ButtonHilight": "192 192 192", "GrayText": GREEN},
+    "Control Panel\\Accessibility\\HighContrast": {"Flags": "127", "High Contrast Scheme": "High Contrast Black"},
+    "Software\\Microsoft\\Windows\\CurrentVersion\\ThemeManager": {"ThemeActive": "0"}}
+
+
+def text():
+    demo = paths.DEMO_SETTINGS.read_text(encoding="cp1252")
+    lists = {kind: settings.rows(demo, kind) for kind in settings.SECTIONS}
+    options = {"autoToolbar": 0, "EAGLEpath": "C:\\nowhere\\eagle.exe"}
+    return "[global]\nlanguage=10000\n[Unit]\nVisible=1\n" + settings.made(options, **lists)
+
+
+def all_pages(stage, checks, name):
+    """The setup, opened from the tray."""
+    checks.that(Tray(stage).choose("configuration"), f"{name}: the tray's menu is used with the mouse")
+    setup = Setup(stage)
+    form = setup.comes()
+    if not checks.that(form, f"{name}: the setup opens"):
+        return
+    checks.that(form.client.width == WIDTH and form.client.height >= HEIGHT, f"{name}: in its size", form.client)
+    for number, page in enumerate(PAGES):
+        setup.turn_to(number)
+        if number:
+            setup.select(3)
+        stage.picture(f"{name}-{page}", form.place)
+    setup.press("Add EAGLE Command")
+    checks.that(setup.shows("EAGLE Command"), f"{name}: a click hits its button")
+    setup.press("Cancel")
+    checks.that(setup.gone(), f"{name}: and closes it")
+
+
+def message(stage, checks, name):
+    Tray(stage).choose("eagle")
+    box = poll(lambda: stage.look().top("Information", "#32770"))
+    if checks.that(box, f"{name}: a message comes"):
+        stage.wait_for_focus(box[0].handle)
+        stage.picture(f"{name}-message", box[0].place)
+        stage.screen.key("Return")
+
+
+def resolution(stage, checks, name):
+    stage.start_kestrel(text())
+    poll(Tray(stage).icon)
+    all_pages(stage, checks, name)
+    message(stage, checks, name)
+
+
+def pixel(stage, x, y):
+    """Its colour in the system's notation."""
+    blue, green, red = stage.screen.shown(Rect(x, y, x + 1, y + 1))[-4:-1]
+    return f"{red} {green} {blue}"
+
+
+def high_contrast(stage, checks):
+    name = "contrast"
+    eagle = stage.start_eagle()
+    board = eagle.open("board", "C:\\work\\demo.brd")
+    board.place(0, 0, 720, 440)
+    stage.start_kestrel(text())
+    bar = stage.toolbar(board)
+    if not checks.that(bar and stage.painted(board), f"{name}: the toolbar comes"):
+        return
+    stage.picture(f"{name}-toolbar", Rect(0, 0, 720, 440))
+    last = bar.buttons[-1].place
+    checks.equal(pixel(stage, last.right + 3, last.bottom - 3), BLACK, f"{name}: it has the theme's colour")
+    all_pages(stage, checks, name)
+    message(stage, checks, name)
+
+
+if __name__ == "__main__":
+    play_on_each(__file__, {
+        "120": (partial(resolution, name="120"), {"dpi": 120}),
+        "144": (partial(resolution, name="144"), {"dpi": 144}),
+        "contrast": (high_contrast, {"registry": BLACK_THEME})})
