@@ -64,6 +64,9 @@ TEST_CASE("calculator: the controls stand where they are designed, and Tab goes 
     frmMil& form = calculator.form;
     CHECK(form.scaleWidth() == 3000);
     CHECK(form.scaleHeight() == 375);
+    CHECK(form.borderStyle == forms::BorderStyle::none);
+    CHECK_FALSE(form.activates);
+    CHECK_FALSE(form.fraMil.border);
     CHECK(form.fraMil.position() == forms::Position{0, 0, 2925, 270});
     CHECK(form.fraMil.font() == forms::Font{"@Arial Unicode MS", 6.75F, false, false});
     CHECK(form.labUnit[0].left() == 0);

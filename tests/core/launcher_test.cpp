@@ -8,7 +8,10 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <string>
+#include <vector>
 
 using core::commandLineTail;
 using desktop::Program;
@@ -173,6 +176,12 @@ TEST_CASE("launcher: winEAGLE 1 and no last board: EAGLE starts without argument
     CHECK(launcher.started() == path);
 }
 
+TEST_CASE("launcher: blanks at the ends of a last file, which quotes keep in the settings, do not count") {
+    Launcher launcher("winEAGLE=3\r\nlastBoard=\"   \"\r\nlastSCH=\"  C:\\w\\s.sch  \"\r\n");
+    REQUIRE(launcher.run());
+    CHECK(launcher.started() == path + " -C \"window fit;\"C:\\w\\s.sch");
+}
+
 TEST_CASE("launcher: each bit of winEAGLE reads its own key only") {
     const std::string names = "lastBoard=b.brd\r\nlastSCH=s.sch\r\nlastLBR=l.lbr\r\n";
     const char* const tails[] = {"",
@@ -247,7 +256,12 @@ TEST_CASE("launcher: winEAGLE on: the window of EAGLEfile is raised, restored an
     const auto board = launcher.desk().openWindow("Board - a.brd - EAGLE");
     launcher.desk().openWindow("Schematic - a.sch - EAGLE");
     launcher.desk().window(board).minimised = true;
+    launcher.desk().calls.clear();
     REQUIRE(launcher.run());
+    const std::string handle = std::to_string(static_cast<std::uintptr_t>(board));
+    CHECK(std::count(launcher.desk().calls.begin(), launcher.desk().calls.end(),
+                     "BringWindowToTop " + handle) == 1);
+    CHECK(launcher.desk().calls.back() == "ShowWindow " + handle + " 9");
     CHECK(launcher.desk().foreground == board);
     CHECK_FALSE(launcher.desk().window(board).minimised);
     CHECK(launcher.desk().activations == std::vector<std::string>{"board - a"});

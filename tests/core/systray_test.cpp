@@ -130,8 +130,9 @@ TEST_CASE("tray: the menu has five entries and two separators in the language of
           std::vector<std::string>{"&Info", "&Help", "-", "&Open EAGLE", "&Configuration", "-", "&Exit"});
 }
 
-TEST_CASE("tray: before its texts are loaded the menu has those of its design") {
+TEST_CASE("tray: before its texts are loaded the menu has those of its design, on a form without a border") {
     Program program;
+    CHECK(core::menuForm().borderStyle == forms::BorderStyle::none);
     std::vector<std::string> texts;
     for (const forms::MenuItem& item : core::menuForm().mnuTaskbarG.items)
         texts.push_back(item.caption);
@@ -331,6 +332,17 @@ TEST_CASE("tray: after two minutes of refusal the program runs on without an ico
     program.desk().trayRefuses = false;
     program.form().Form_TaskbarCreated();
     CHECK(program.desk().trayIcon.has_value());
+}
+
+TEST_CASE("tray: a shell that has restarted is asked for two minutes again") {
+    Program program;
+    program.desk().trayRefuses = true;
+    REQUIRE(program.start());
+    program.desk().run(600'000);
+    program.desk().calls.clear();
+    program.form().Form_TaskbarCreated();
+    program.desk().run(600'000);
+    CHECK(std::count(program.desk().calls.begin(), program.desk().calls.end(), "Shell_NotifyIcon 0") == 120);
 }
 
 TEST_CASE("tray: an icon that has been removed is not offered again") {
