@@ -112,6 +112,19 @@ TEST_CASE("tray: a double click opens the menu with its first release; its own m
     CHECK(tray.desk().menusOpened == 1);
 }
 
+TEST_CASE("tray: the tracker goes on ticking under the menu") {
+    Tray tray;
+    tray.desk().startProcess("eagle.exe");
+    tray.desk().openWindow("Board - a.brd - EAGLE");
+    std::size_t hosted = 0;
+    tray.desk().onMenu = [&](forms::Menu&) {
+        tray.desk().run(1000);
+        hosted = tray.program.hosted(store::EditorKind::board);
+    };
+    REQUIRE(tray.mouse(leftReleased));
+    CHECK(hosted == 1);
+}
+
 TEST_CASE("tray: the menu has five entries and two separators in the language of the settings") {
     Tray german;
     CHECK(german.captions() == std::vector<std::string>{"&Info", "&Hilfe", "-",
