@@ -7,6 +7,8 @@
 #include "runtime/text.h"
 #include "store/settings.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace calculator {

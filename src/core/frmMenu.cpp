@@ -10,6 +10,10 @@
 #include "setup/frmSetup.h"
 #include "store/textCatalogue.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+
 namespace core {
 
 namespace {

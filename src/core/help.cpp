@@ -6,6 +6,7 @@
 #include "runtime/runtimeError.h"
 #include "store/textCatalogue.h"
 
+#include <cstdint>
 #include <string>
 
 namespace core {

@@ -9,7 +9,7 @@
 #include "store/textCatalogue.h"
 
 #include <algorithm>
-#include <cstddef>
+#include <cstdint>
 
 namespace core {
 

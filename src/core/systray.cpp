@@ -5,6 +5,10 @@
 #include "runtime/numbers.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <string>
 
 namespace core {
 
