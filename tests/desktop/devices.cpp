@@ -56,11 +56,13 @@ namespace platform {
 void clearClipboard() {
     openClipboard();
     world().clipboard.reset();
+    world().note("clearClipboard");
 }
 
 void setClipboardText(std::string_view text) {
     openClipboard();
     world().clipboard = std::string(text.substr(0, text.find('\0')));
+    world().note("setClipboardText");
 }
 
 void printLine(std::string_view line) {

@@ -143,6 +143,24 @@ TEST_CASE("the list never shows more than forty lines") {
     CHECK(form.lstCallStack.list(39) == "12:00:00 1");
 }
 
+TEST_CASE("of ten thousand trace entries the list and the protocol show the newest forty") {
+    const desktop::Session session;
+    ErrPtnr form;
+    for (int entry = 1; entry <= 10'000; ++entry) {
+        std::string text = std::to_string(entry);
+        form.CallStack(text);
+    }
+    report::ask(form);
+    std::string logged = "CALLSTACK:\r\n";
+    for (int line = 0; line < 40; ++line) {
+        const std::string entry = "12:00:00 " + std::to_string(10'000 - line);
+        CHECK(form.lstCallStack.list(line) == entry);
+        logged += "          " + entry + "\r\n";
+    }
+    CHECK(form.lstCallStack.listCount() == 40);
+    CHECK(world().fileText(report::protocolFile)->find(logged + "-----") != std::string::npos);
+}
+
 TEST_CASE("a report before any trace call has an empty list") {
     const desktop::Session session;
     ErrPtnr form;
@@ -168,7 +186,10 @@ TEST_CASE("a protocol file that cannot be written fails before a beep and before
     CHECK(report::errorOf([&] { form.OnError("m", "p", 8); }) == 75);
     CHECK(world().beeps == 0);
     CHECK_FALSE(form.visible());
+    // The form is ready by then.
+    CHECK(form.loaded());
     CHECK(form.lblError[1].caption() == "m");
+    CHECK(form.framFehler.top() == 975);
     world().removeFile("C:\\kestrel");
     world().programFolder = "C:\\nowhere";
     CHECK(report::errorOf([&] { form.OnError("m", "p", 8); }) == 76);
@@ -270,6 +291,21 @@ TEST_CASE("the form is hidden by its choice and keeps its fields; unloaded it lo
     report::ask(form);
     CHECK(form.lstCallStack.listCount() == 0);
     CHECK(form.caption() == "kestrel  V5.1.5 - Fehlermeldung");
+}
+
+TEST_CASE("each first use loads the form and does not show it") {
+    const desktop::Session session;
+    ErrPtnr form;
+    form.SetProgInfo("Bench");
+    CHECK(form.loaded());
+    form.unload();
+    CHECK(report::errorOf([&] { form.CallStackParam("p", errors::Null{}); }) == 9);
+    CHECK(form.loaded());
+    form.unload();
+    std::string A = "routine";
+    form.CallStack(A);
+    CHECK(form.loaded());
+    CHECK_FALSE(form.visible());
 }
 
 TEST_CASE("an open dialog is not closed by its window") {

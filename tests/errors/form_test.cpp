@@ -24,6 +24,7 @@ TEST_CASE("the form of a report: a dialog's border and no box") {
     const ErrPtnr form;
     CHECK(form.borderStyle == forms::BorderStyle::fixedDialog);
     CHECK_FALSE(form.controlBox);
+    CHECK_FALSE(form.showInTaskbar);
     CHECK(form.caption() == "ProgInfo - Fehlermeldung");
     CHECK(form.scaleWidth() == 7215);
     CHECK(form.scaleHeight() == 4920 + 855);

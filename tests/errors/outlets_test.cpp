@@ -46,6 +46,20 @@ TEST_CASE("outlets: the printer gets the protocol, wrapped, as one job") {
     CHECK(world().messageBoxes.empty());
 }
 
+TEST_CASE("outlets: a description of ten thousand characters is printed, saved and copied whole") {
+    Reported reported;
+    const std::string word(10'000, 'x');
+    report::askAbout(RuntimeError(ErrorNumber::invalidCall, word), reported.form);
+    reported.form.cmdProtocol[0].click();
+    REQUIRE(world().printed.size() == 1);
+    CHECK(world().printed[0][6] == "          Fehler-Nr:\t5 ");
+    CHECK(world().printed[0][7] == std::string(20, ' ') + "(" + word + ") ");
+    reported.form.cmdProtocol[1].click();
+    reported.form.cmdProtocol[3].click();
+    CHECK(world().clipboard->find("\t5 (" + word + ")\r\n") != std::string::npos);
+    CHECK(world().fileText(report::savedFile) == *world().clipboard + "\r\n");
+}
+
 TEST_CASE("outlets: each print is a job of its own") {
     Reported reported;
     reported.form.cmdProtocol[0].click();
@@ -69,6 +83,7 @@ TEST_CASE("outlets: a protocol is saved without a question where there is no fil
     CHECK(world().messageBoxes[0].text ==
           "Das Fehlerprotokoll wurde in die Datei 'C:\\kestrel\\kestrel.ERR' geschrieben !");
     CHECK(world().messageBoxes[0].style == 0);
+    CHECK(world().messageBoxes[0].title == "Kestrel");
     CHECK(world().file("C:\\kestrel\\kestrel.EPT") == nullptr);
 }
 
@@ -155,6 +170,15 @@ TEST_CASE("outlets: web fills the clipboard and opens the support page, without 
     CHECK(call.parameters.empty());
     CHECK(call.folder.empty());
     CHECK(call.command == 1);
+}
+
+TEST_CASE("outlets: the clipboard is cleared of all that it holds before the protocol goes there") {
+    Reported reported;
+    for (const int index : {2, 3}) {
+        world().calls.clear();
+        reported.form.cmdProtocol_Click(static_cast<std::int16_t>(index));
+        CHECK(world().calls == std::vector<std::string>{"clearClipboard", "setClipboardText"});
+    }
 }
 
 TEST_CASE("outlets: a missing mail program or browser goes unnoticed") {

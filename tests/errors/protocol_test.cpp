@@ -67,6 +67,41 @@ TEST_CASE("the whole protocol of a report with a trace") {
     CHECK(world().fileText(report::protocolFile) == expected);
 }
 
+TEST_CASE("two whole protocols: no error, no trace, a system without a name, and what comes after them") {
+    const desktop::Session session;
+    world().startDate = 38845;
+    setVersion(3, 1, 0, 4294967295U, "");
+    ErrPtnr form;
+    form.SetProgInfo("Bench  V1");
+    report::ask(form, 8, {}, 3, "", "");
+    const std::string one = "----------------------------------------------------------------------\r\n"
+                            "F E H L E R P R O T O K O L L vom ErrorPartner\r\n"
+                            "----------------------------------------------------------------------\r\n"
+                            "Bench  V1 - Fehlermeldung\r\n"
+                            "----------------------------------------------------------------------\r\n"
+                            "FEHLERBESCHREIBUNG:\r\n"
+                            "          Fehler-Nr:\t0 ()\r\n"
+                            "          Modul:\t\r\n"
+                            "          Prozedur:\t\r\n"
+                            "          Zeilen-Nr.:\t0\r\n"
+                            "          Datum/Uhrzeit:\t08.05.2006 / 00:00:00\r\n"
+                            "----------------------------------------------------------------------\r\n"
+                            "CALLSTACK:\r\n"
+                            "----------------------------------------------------------------------\r\n"
+                            "SYSTEMINFO:\r\n"
+                            "          Plattform:\t          Version:\t1.0\r\n"
+                            "          Build:\t4294967295   \r\n"
+                            "----------------------------------------------------------------------\r\n"
+                            "\r\n";
+    CHECK(world().fileText(report::protocolFile) == one);
+    report::ask(form, 8, {}, 3, "", "");
+    CHECK(world().fileText(report::protocolFile) == one + one);
+    form.cmdProtocol_Click(1);
+    CHECK(world().fileText(report::savedFile) == one);
+    form.cmdProtocol_Click(3);
+    CHECK(*world().clipboard + "\r\n" == one);
+}
+
 TEST_CASE("without a trace the heading of the call stack and the next rule stand next to each other") {
     const desktop::Session session;
     ErrPtnr form;

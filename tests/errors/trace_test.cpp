@@ -38,6 +38,14 @@ TEST_CASE("an empty text gives a line of time and one blank") {
     CHECK(Inside::entries(form).front() == "14:25:36 ");
 }
 
+TEST_CASE("a routine's line at midnight has the time too") {
+    const desktop::Session session;
+    desktop::world().startDate = 38845;
+    ErrPtnr form;
+    call(form, "tick");
+    CHECK(Inside::entries(form).front() == "00:00:00 tick");
+}
+
 TEST_CASE("the caller's string has the time in front of it, and a second call stacks a second one") {
     const desktop::Session session;
     desktop::world().startDate = report::afternoon;
@@ -162,6 +170,9 @@ TEST_CASE("a date that is none fails and adds no line") {
     call(form, "routine");
     CHECK(report::errorOf([&] { form.CallStackParam("p", errors::Date{1e9}); }) == 5);
     CHECK(Inside::entries(form).size() == 1);
+    // The value's text is made before the trace is looked at.
+    ErrPtnr empty;
+    CHECK(report::errorOf([&] { empty.CallStackParam("p", errors::Date{1e9}); }) == 5);
 }
 
 TEST_CASE("a text up to its first NUL, which may be nothing") {

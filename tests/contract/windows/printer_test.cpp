@@ -99,6 +99,16 @@ int pagesOf(const FilePrinter& printer) {
     return count(printer.printed().value_or(""), "\n%%Page: ");
 }
 
+/// The last character's place on a page of its own that has this line: dots from the left.
+int lastLeft(const FilePrinter& printer, std::string_view line) {
+    platform::printLine(line);
+    platform::endPrintJob();
+    const std::string page = printer.printed().value_or("");
+    const std::size_t last = page.rfind(" moveto");
+    REQUIRE(last != std::string::npos);
+    return std::stoi(page.substr(page.rfind('\n', last) + 1));
+}
+
 } // namespace
 
 TEST_SUITE_BEGIN("contract");
@@ -132,16 +142,35 @@ TEST_CASE("contract: the longest line of a wrapped text fits on the page") {
         return;
     World world;
     const FilePrinter printer(world);
-    platform::printLine(std::string(93, 'm'));
-    platform::endPrintJob();
-    const std::string page = printer.printed().value_or("");
-    // The last character's place, in dots of which 2329 can be printed side by side.
-    const std::size_t last = page.rfind(" moveto");
-    REQUIRE(last != std::string::npos);
-    const std::size_t begin = page.rfind('\n', last) + 1;
-    const int left = std::stoi(page.substr(begin));
+    // In dots, of which 2329 can be printed side by side.
+    const int left = lastLeft(printer, std::string(93, 'm'));
     CHECK(left > 2000);
     CHECK(left + left / 92 <= 2329);
+}
+
+TEST_CASE("contract: a printed line has a stop of the tab every eight columns") {
+    if (contract::worldKind() != contract::WorldKind::wine)
+        return;
+    World world;
+    const FilePrinter printer(world);
+    const int first = lastLeft(printer, std::string(8, 'x') + "m");
+    const int second = lastLeft(printer, std::string(16, 'x') + "m");
+    CHECK(first > 0);
+    CHECK(lastLeft(printer, "\tm") == first);
+    CHECK(lastLeft(printer, "1234567\tm") == first);
+    CHECK(lastLeft(printer, "12345678\tm") == second);
+}
+
+TEST_CASE("contract: a line of ten thousand characters and one with NULs are printed") {
+    if (contract::worldKind() != contract::WorldKind::wine)
+        return;
+    World world;
+    const FilePrinter printer(world);
+    platform::printLine(std::string(10'000, 'x'));
+    platform::printLine(std::string_view("before\0after\0", 13));
+    platform::endPrintJob();
+    CHECK(pagesOf(printer) == 1);
+    CHECK(lastLeft(printer, std::string_view("\0\0m", 3)) == lastLeft(printer, "xxm"));
 }
 
 TEST_SUITE_END();

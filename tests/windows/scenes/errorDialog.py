@@ -80,7 +80,7 @@ def ended(stage, checks, before):
     checks.equal(frames, [(0, 65), (65, 105), (170, 113), (283, 57)], "the frames stand below each other")
     checks.equal([window.text for window in dialog.visible("Button")], [END], "one button can be seen")
     checks.that(not stage.look().top("Behind")[0].enabled, "the form behind is held")
-    checks.that(form.style & 0x00080000 == 0, "there is no close box")
+    checks.equal(form.style & 0x000F0000, 0, "there is no close, minimise or maximise box and no frame to drag")
     stage.screen.key("alt+F4")
     stage.screen.key("Escape")
     for mnemonic in ("alt+d", "alt+s", "alt+e", "alt+w", "alt+h", "alt+n", "alt+p"):
@@ -142,6 +142,25 @@ def saved(stage, checks):
     checks.equal(stage.witness.exit_code(dialog.process), 3, "the program goes on")
 
 
+def unwritable(stage, checks):
+    """A folder stands where the protocol file should: the failure inside the component ends the program."""
+    file = stage.prefix.path(FOLDER + "\\errorDialog.EPT")
+    file.unlink()
+    file.mkdir()
+    process = stage.witness.run(f"{PROGRAM} 8 short")
+    told = poll(lambda: stage.look().top("Kestrel", "#32770"), 60)
+    text = "Run-time error '75':\r\n\r\nPath/File access error"
+    checks.that(told and any(window.text.replace("\r", "") == text.replace("\r", "") for window in told[0].inside()),
+                "a protocol file that cannot be written is the runtime's error",
+                told and [window.text for window in told[0].inside()])
+    checks.that(not stage.look().top(TITLE, "KestrelForm"), "and the dialog does not come up")
+    stage.picture("unwritable")
+    stage.wait_for_focus(told[0].handle)
+    stage.screen.key("Return")
+    checks.equal(stage.witness.exit_code(process), 0, "the program is at its end")
+    file.rmdir()
+
+
 def story(stage, checks):
     stage.prefix.put([paths.built(stage.bits, "errorDialog.exe")], FOLDER)
     written = killed(stage, checks)
@@ -149,6 +168,7 @@ def story(stage, checks):
     no_way_out(stage, checks)
     long_texts(stage, checks)
     saved(stage, checks)
+    unwritable(stage, checks)
 
 
 if __name__ == "__main__":
