@@ -1,6 +1,7 @@
 // Where a protocol can go beside its file: printer, a second file, mail, web.
 #include "errors/ErrPtnr.h"
 
+#include "errors/lineEnd.h"
 #include "errors/printWrap.h"
 #include "errors/protocolFile.h"
 #include "errors/support.h"

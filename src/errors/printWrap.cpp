@@ -1,5 +1,7 @@
 #include "errors/printWrap.h"
 
+#include "errors/lineEnd.h"
+
 namespace errors {
 
 namespace {
@@ -31,11 +33,11 @@ void wrap(std::string_view line, std::vector<std::string>& printed) {
 } // namespace
 
 std::vector<std::string> printLines(std::string_view text) {
-    constexpr std::string_view lineEnd = "\r\n";
+    constexpr std::string_view separator = lineEnd;
     std::vector<std::string> printed;
-    for (std::size_t end = text.find(lineEnd); end != std::string_view::npos; end = text.find(lineEnd)) {
+    for (std::size_t end = text.find(separator); end != std::string_view::npos; end = text.find(separator)) {
         wrap(std::string(text.substr(0, end)).append(1, ' '), printed);
-        text.remove_prefix(end + lineEnd.size());
+        text.remove_prefix(end + separator.size());
     }
     return printed;
 }

@@ -2,6 +2,7 @@
 // that it is taken from.
 #include "errors/ErrPtnr.h"
 
+#include "errors/lineEnd.h"
 #include "errors/protocolFile.h"
 #include "platform/clock.h"
 #include "platform/kernel32.h"

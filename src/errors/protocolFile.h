@@ -9,8 +9,6 @@
 
 namespace errors {
 
-inline constexpr const char* lineEnd = "\r\n";
-
 /// Path of the file beside the executable that has its name and this extension, dot included.
 inline std::string protocolFile(std::string_view extension) {
     std::string path = platform::programFolder();
