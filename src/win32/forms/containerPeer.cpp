@@ -56,6 +56,11 @@ LRESULT ContainerPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
             return 1;
         }
         break;
+    case WM_SYSCOLORCHANGE: // the system tells top-level windows, and these their controls
+        for (forms::Control* child : static_cast<const forms::Container&>(control()).controls())
+            if (const HWND window = native(child->hWnd()); window != nullptr)
+                SendMessageA(window, message, wParam, lParam);
+        break;
     case WM_NEXTDLGCTL: // a mnemonic asks for it
         if (LOWORD(lParam) != 0)
             SetFocus(reinterpret_cast<HWND>(wParam)); // NOLINT(performance-no-int-to-ptr)

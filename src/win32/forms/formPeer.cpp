@@ -1,6 +1,7 @@
 // Forms: windows of a class of our own.
 #include "win32/forms/containerPeer.h"
 #include "win32/forms/dialogKeys.h"
+#include "win32/forms/hosted.h"
 #include "win32/forms/modal.h"
 #include "win32/forms/peers.h"
 #include "win32/platform/focusKeeper.h"
@@ -171,6 +172,9 @@ class FormPeer : public ContainerPeer {
         case WM_SETFOCUS:
             giveFocus();
             return 0;
+        case WM_SYSCOLORCHANGE:
+            tellHosted(message);
+            break;
         default:
             if (message == taskbarCreated())
                 form_.Form_TaskbarCreated();
@@ -186,6 +190,15 @@ class FormPeer : public ContainerPeer {
         if (IsWindow(native(form_.ownerWindow)) != FALSE)
             return native(form_.ownerWindow);
         return !form_.showInTaskbar && (exStyle & WS_EX_TOOLWINDOW) == 0 ? hiddenWindow() : nullptr;
+    }
+
+    /// What the system tells top-level windows alone goes on to the forms in other programs' windows.
+    void tellHosted(UINT message) const {
+        if (isHosted(handle()))
+            return;
+        for (const HWND form : formWindows())
+            if (isHosted(form))
+                SendMessageA(form, message, 0, 0);
     }
 
     static HWND hiddenWindow() {

@@ -77,6 +77,13 @@ class Hold {
 
 } // namespace
 
+std::vector<HWND> formWindows() {
+    std::vector<HWND> windows;
+    for (const Known& form : known())
+        windows.push_back(form.window);
+    return windows;
+}
+
 void leaving(const forms::Form& form) {
     if (!modalForms().empty() && modalForms().back().modal == &form)
         release(modalForms().back());

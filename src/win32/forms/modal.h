@@ -5,11 +5,15 @@
 
 #include <windows.h>
 
+#include <vector>
+
 namespace win32 {
 
 /// A form has got its window: while another form is modal it is held.
 void windowMade(HWND window, const forms::Form& form);
 void windowGone(HWND window);
+/// All forms that have a window, hosted ones too.
+std::vector<HWND> formWindows();
 /// A form is about to be hidden: if it is the modal one in front, the forms that it holds hear the user
 /// again.
 void leaving(const forms::Form& form);

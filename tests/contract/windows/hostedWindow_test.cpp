@@ -2,6 +2,7 @@
 #include "contract/world.h"
 #include "forms/form.h"
 #include "forms/frame.h"
+#include "forms/textBox.h"
 #include "forms/toolbar.h"
 #include "platform/user32.h"
 #include "win32/forms/modal.h"
@@ -9,6 +10,8 @@
 #include <doctest/doctest.h>
 
 #include <windows.h>
+
+#include <commctrl.h>
 
 #include <chrono>
 
@@ -38,6 +41,29 @@ class HostedForm : public forms::Form {
 HWND native(forms::Control& control) {
     return reinterpret_cast<HWND>(control.hWnd());
 }
+
+/// Counts what a control's window is told.
+class Listener {
+  public:
+    explicit Listener(forms::Control& control) : window_(native(control)) {
+        SetWindowSubclass(window_, hear, 1, reinterpret_cast<DWORD_PTR>(this));
+    }
+    ~Listener() { RemoveWindowSubclass(window_, hear, 1); }
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+
+    int colourChanges = 0;
+
+  private:
+    static LRESULT CALLBACK hear(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR /*id*/,
+                                 DWORD_PTR listener) {
+        if (message == WM_SYSCOLORCHANGE)
+            ++reinterpret_cast<Listener*>(listener)->colourChanges;
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
+
+    HWND window_;
+};
 
 void checkReturnsSoon(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const auto begin = std::chrono::steady_clock::now();
@@ -101,6 +127,24 @@ TEST_CASE("contract: a hosted form that a dialog holds eats the clicks and stays
     }
     CHECK(click(form.bar) == MA_NOACTIVATE);
     CHECK(click(form.frame) == MA_ACTIVATE);
+}
+
+TEST_CASE(
+    "contract: new colours of the system, told to top-level windows, reach the controls in a host's window") {
+    World world;
+    HostedForm form(world.openWindow("host", {100, 120, 900, 720}));
+    forms::TextBox field;
+    field.place(form.frame, {0, 0, 600, 285});
+    const Listener bar(form.bar);
+    const Listener inFrame(field);
+    forms::Form top;
+    top.show();
+    SendMessageA(native(top), WM_SYSCOLORCHANGE, 0, 0);
+    CHECK(bar.colourChanges == 1);
+    SendMessageA(native(form), WM_SYSCOLORCHANGE, 0, 0); // a host that passes it on
+    CHECK(bar.colourChanges == 2);
+    // The frame was taken out of its form, which still is what speaks for it.
+    CHECK(inFrame.colourChanges == 2);
 }
 
 TEST_CASE("contract: a host that is busy while its drawing is switched on again draws afterwards") {
