@@ -1,11 +1,14 @@
 #!/usr/bin/env python3
-"""Makes the pictures of the help from the real program: pictures.py [LANGUAGE] [PICTURE]...
+"""Makes the pictures of all documents from the real program: pictures.py [LANGUAGE] [PICTURE]...
 
-Without arguments all of them, in both languages, into resources/help/pictures; those of the setup side by side into
-docs/setup-en.png and docs/setup-de.png as well. Needs dist/win32, the stand-in EAGLE of the
-32-bit build and the witness (tools/build.sh i686 dist eagle; tools/build.sh x86_64 witness).
+Without arguments all of them: those of the help, in both languages, into resources/help/pictures; those of the setup side
+by side into docs/setup-en.png and docs/setup-de.png as well; and the moving picture of the demonstration, docs/demo.gif.
+Needs dist/win32, the stand-in EAGLE of the 32-bit build and the witness (tools/build.sh i686 dist eagle;
+tools/build.sh x86_64 witness).
 """
 
+import os
+import shutil
 import subprocess
 import sys
 from pathlib import Path
@@ -23,6 +26,8 @@ TARGET = paths.PROJECT / "resources" / "help" / "pictures"
 LOCALES = {"en": None, "de": "de_DE"}
 OFFSETS = {"en": 10000, "de": 0}  # of the program's texts
 COLOURS = 96  # of a picture's palette
+FILM = "demo.gif"
+DEMO = Path(__file__).resolve().parent / "demo" / "demo.py"
 OWN_WORK = "C:\\work"
 FILES = ("demo.brd", "demo.sch", "parts.lbr", "drillstat.ulp", "notes.ulp", "panelize.ulp")
 
@@ -173,9 +178,8 @@ class Artist:
         for entered in (OWN_WORK, "*.ulp"):
             self.stage.screen.type(entered)
             self.stage.screen.key("Return")
-        # The list is painted in its own time: the picture is taken when two looks show the same.
         self.rest()
-        self.still(dialog.place)
+        self.stage.screen.still(dialog.place)
         self.keep("file-dialog", self.frame(dialog))
         self.stage.screen.key("Escape")
         poll(lambda: not self.stage.look().top(title))
@@ -188,7 +192,7 @@ class Artist:
     def tray_menu(self):
         tray = Tray(self.stage)
         place = tray.open().place
-        self.still(place)
+        self.stage.screen.still(place)
         self.keep("tray-menu", place)
         self.stage.screen.click(600, 1000)
         poll(lambda: tray.menu() is None)
@@ -237,7 +241,7 @@ class Artist:
             rows = next(child for child in dialog.inside() if child.class_name == "ListBox" and child.visible)
             self.stage.screen.click(rows.place.left + 40, rows.place.top + 8)
         self.rest()
-        self.still(dialog.place)
+        self.stage.screen.still(dialog.place)
         self.keep(name, self.frame(dialog))
         self.stage.screen.key("Escape")
         self.cascade()
@@ -253,15 +257,6 @@ class Artist:
 
     def setup_library(self):
         self.setup("library", None, "setup-library")
-
-    def still(self, place):
-        """Waits until a rectangle of the screen has stopped changing."""
-        looks = []
-
-        def same():
-            looks.append(self.stage.screen.shown(place))
-            return len(looks) > 4 and looks[-1] == looks[-2] == looks[-3] == looks[-4]
-        poll(same)
 
     def take(self, names):
         for name in names:
@@ -284,11 +279,23 @@ def lay_side_by_side(language):
                     "-define", "png:exclude-chunks=date,time", f"png8:{sheet}"], check=True)
 
 
+def film():
+    """The demonstration is played in a virtual display, whatever the user has."""
+    environment = {name: value for name, value in os.environ.items() if name != "DISPLAY"}
+    subprocess.run([sys.executable, DEMO], env=environment, check=True)
+    shutil.copy(paths.BUILD / "demo" / FILM, paths.PROJECT / "docs" / FILM)
+
+
 def main(arguments):
     languages = [word for word in arguments if word in LOCALES] or list(LOCALES)
-    names = [word for word in arguments if word not in LOCALES] or list(ALL)
-    if not set(names) <= set(ALL):
-        sys.exit(f"{__doc__}\nPictures: {' '.join(ALL)}")
+    names = [word for word in arguments if word not in LOCALES] or [*ALL, FILM]
+    if not set(names) <= {*ALL, FILM}:
+        sys.exit(f"{__doc__}\nPictures: {' '.join([*ALL, FILM])}")
+    if FILM in names:
+        film()
+        names.remove(FILM)
+    if not names:
+        return 0
     for language in languages:
         with Stage(BITS, paths.BUILD / "pictures", locale=LOCALES[language]) as stage:
             artist = Artist(stage, language)

@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Shows Kestrel beside the stand-in EAGLE. On a display the windows are the user's; without one the scene is played
-in a virtual display, each step is printed with what it saw, and pictures and result.txt are left in build/demo.
+in a virtual display, each step is printed with what it saw, and pictures, a moving one of the whole (demo.gif) and
+result.txt are left in build/demo.
 
-Started by run.sh. docs/toolbars.png is a copy of the picture 1-toolbars.png.
+Started by run.sh, and by pictures.py, which copies the moving picture into docs.
 """
 
 import shutil
@@ -15,13 +16,15 @@ from driver import paths, settings  # noqa: E402, the way to it stands above
 from driver.checks import Checks  # noqa: E402
 from driver.desktop import Rect  # noqa: E402
 from driver.display import UserDisplay  # noqa: E402
+from driver.film import Film  # noqa: E402
 from driver.stage import Stage  # noqa: E402
 from driver.waiting import poll  # noqa: E402
 
 BITS = "win32"
 PICTURES = paths.BUILD / "demo"
+MOVING = "demo.gif"
 SCREEN_USED = Rect(0, 0, 1300, 900)  # by the three editors
-FILE = "C:\\work\\panelize.ulp"
+FOLDER, FILE = "C:\\work", "panelize.ulp"
 SETTINGS = paths.DEMO_SETTINGS.read_text(encoding="cp1252")
 
 
@@ -30,7 +33,17 @@ def number(kind, name):
     return [row["name"] for row in settings.buttons(SETTINGS, kind)].index(name)
 
 
-def appear(stage, checks, editors):
+class Scene:
+    """What the steps of the scene share."""
+
+    def __init__(self, stage, checks):
+        self.stage = stage
+        self.checks = checks
+        self.film = Film(stage.screen, PICTURES / "film", SCREEN_USED)
+
+
+def appear(scene, editors):
+    stage, checks = scene.stage, scene.checks
     for kind, editor in editors.items():
         toolbar = stage.toolbar(editor)
         seen = "none"
@@ -41,60 +54,83 @@ def appear(stage, checks, editors):
         checks.that(toolbar, f"{kind}: a toolbar stands in the window: {seen}")
         checks.that(stage.painted(editor), f"{kind}: all its buttons are painted")
     stage.picture("1-toolbars", SCREEN_USED)
+    scene.film.still(2)
 
 
-def typed(checks, kind, editor, before, expected, how):
+def press(scene, kind, editor, name):
+    """Moves to a button, so that the film shows it, and clicks it."""
+    place = scene.stage.toolbar(editor).buttons[number(kind, name)].place
+    scene.stage.screen.point(*place.middle)
+    scene.film.still(0.8)
+    scene.stage.click_button(editor, number(kind, name))
+
+
+def typed(scene, kind, editor, before, expected, how):
     poll(lambda: len(editor.executed()) > before)
     came = editor.executed()[before:]
-    checks.that(came == [expected], f"{kind}: {how}; its command field ran {came}", f"expected {expected!r}")
+    scene.stage.painted(editor)
+    scene.film.still(1.5)
+    scene.checks.that(came == [expected], f"{kind}: {how}; its command field ran {came}", f"expected {expected!r}")
 
 
-def click(stage, checks, kind, editor, name, expected):
+def click(scene, kind, editor, name, expected):
     before = len(editor.executed())
-    stage.click_button(editor, number(kind, name))
-    typed(checks, kind, editor, before, expected, f"a click on \"{name}\"")
+    press(scene, kind, editor, name)
+    typed(scene, kind, editor, before, expected, f"a click on \"{name}\"")
 
 
-def ask(stage, checks, kind, editor, name, title, answer, expected, picture):
+def ask(scene, kind, editor, name, title, answers, expected, picture):
+    """Each of the answers is entered; the last closes the dialog."""
+    stage, checks = scene.stage, scene.checks
     before = len(editor.executed())
-    stage.click_button(editor, number(kind, name))
+    press(scene, kind, editor, name)
     dialog = poll(lambda: stage.look().top(title))
     if not checks.that(dialog, f"{kind}: a click on \"{name}\" opens the dialog \"{title}\""):
         return
     stage.wait_for_focus(dialog[0].handle)
-    stage.screen.type(answer)
+    for answer in answers[:-1]:
+        stage.screen.type(answer)
+        stage.screen.key("Return")
+    stage.screen.type(answers[-1])
+    stage.screen.still(dialog[0].place)
     stage.picture(picture)
+    scene.film.still(2)
     stage.screen.key("Return")
-    typed(checks, kind, editor, before, expected, f"{answer} and Enter")
+    typed(scene, kind, editor, before, expected, f"{answers[-1]} and Enter")
 
 
-def tip(stage, checks, editor):
+def tip(scene, editor):
+    stage, checks = scene.stage, scene.checks
     place = stage.toolbar(editor).buttons[number("library", "Layers")].place
     stage.screen.point(place.left, place.bottom + 200)
     stage.screen.point(*place.middle)
     checks.that(poll(lambda: stage.look().top(class_name="tooltips_class32")),
                 "library: a tool tip comes under the mouse")
     stage.picture("5-tool-tip", SCREEN_USED)
+    scene.film.still(2)
 
 
 def play(stage, checks):
-    stage.prefix.path(FILE).parent.mkdir()
-    stage.prefix.path(FILE).write_text("// nothing\n", encoding="ascii")
+    scene = Scene(stage, checks)
+    stage.prefix.path(FOLDER).mkdir()
+    (stage.prefix.path(FOLDER) / FILE).write_text("// nothing\n", encoding="ascii")
     eagle = stage.start_eagle()
     editors = stage.three_editors(eagle)
     checks.say("   EAGLE shows " + ", ".join(window.text for window in stage.look().top(class_name="EagleEditor")))
     kestrel = stage.start_kestrel(SETTINGS)
     board, schematic, library = editors.values()
-    appear(stage, checks, editors)
-    click(stage, checks, "board", board, "Ratsnest", "ratsnest")
-    click(stage, checks, "schematic", schematic, "ERC", "erc")
-    click(stage, checks, "library", library, "Grid mm", "grid mm 0.5 on")
+    appear(scene, editors)
+    click(scene, "board", board, "Ratsnest", "ratsnest")
+    click(scene, "schematic", schematic, "ERC", "erc")
+    click(scene, "library", library, "Grid mm", "grid mm 0.5 on")
     for editor in editors.values():
         stage.painted(editor)
     stage.picture("2-clicked", SCREEN_USED)
-    ask(stage, checks, "board", board, "Rip up", "Input Parameter", "GND", "ripup GND", "3-input-box")
-    ask(stage, checks, "schematic", schematic, "Run ULP", "Which program?", FILE, f"run {FILE}", "4-file-dialog")
-    tip(stage, checks, library)
+    ask(scene, "board", board, "Rip up", "Input Parameter", ["GND"], "ripup GND", "3-input-box")
+    ask(scene, "board", board, "Run ULP", "Which program?", [FOLDER, FILE], f"run {FOLDER}\\{FILE}",
+        "4-file-dialog")
+    tip(scene, library)
+    scene.film.cut(PICTURES / MOVING)
     eagle.order("quit")
     code = stage.witness.exit_code(kestrel)
     checks.that(code == 0, f"EAGLE is closed; Kestrel ends itself a few seconds later with code {code}")
@@ -133,7 +169,7 @@ def main():
     checks = Report()
     with Stage(BITS, PICTURES) as stage:
         play(stage, checks)
-    checks.say(f"   pictures in {PICTURES}: {', '.join(sorted(file.name for file in PICTURES.glob('*.png')))}")
+    checks.say(f"   pictures in {PICTURES}: {', '.join(sorted(file.name for file in PICTURES.iterdir() if file.suffix in ('.png', '.gif')))}")
     checks.say(checks.summary())
     return 1 if checks.failed else 0
 

@@ -2,6 +2,8 @@
 
 import subprocess
 
+from driver.waiting import poll
+
 
 class Screen:
     """All places are in pixels as programs see them that do not know of a screen's resolution: with `scale` 1.5, for 144 dpi,
@@ -76,6 +78,16 @@ class Screen:
     def shown(self, place):
         """What a rectangle of the screen shows, to be compared with another look."""
         return self._import("-crop", self._geometry(place), "+repage", "bmp:-")
+
+    def still(self, place):
+        """Waits until a rectangle of the screen has stopped changing: what paints itself in its own time is finished when
+        several looks show the same."""
+        looks = []
+
+        def same():
+            looks.append(self.shown(place))
+            return len(looks) > 4 and looks[-1] == looks[-2] == looks[-3] == looks[-4]
+        return poll(same)
 
     def colours(self, place):
         """How many colours there are in a rectangle of the screen: few where nothing has been painted."""
