@@ -86,12 +86,11 @@ void frmMil::convert(std::int16_t direction) {
     const double left = unitSize(labUnit[0].caption());
     const double right = unitSize(labUnit[1].caption());
     // The ratio first, then the product: another order gives other last digits. A unit of size 0 gives an
-    // infinite ratio. Volatile, so that each step ends in a double: the 32-bit processor's own registers keep
-    // more digits, and the last one shown would be another.
+    // infinite ratio.
     const bool toRight = direction == 1;
     const double value = runtime::readNumber(txtSize[toRight ? 0 : 1].text());
-    const volatile double ratio = toRight ? left / right : right / left;
-    const volatile double result = ratio * value;
+    const double ratio = toRight ? left / right : right / left;
+    const double result = ratio * value;
     if (direction < 0 || direction > 1)
         throw runtime::RuntimeError(runtime::ErrorNumber::subscriptOutOfRange);
     const auto side = static_cast<std::size_t>(direction);
