@@ -83,4 +83,24 @@ struct Dialog : desktop::Program {
 
 using Names = std::vector<std::string>;
 
+/// The saved list that a page shows.
+inline store::ButtonList& savedList(std::size_t page) {
+    return *store::listOf(static_cast<store::EditorKind>(page)).buttons;
+}
+
+/// The dialog with the same list on all three pages.
+struct Lists : Dialog {
+    explicit Lists(const store::ButtonList& list) {
+        for (std::size_t page = 0; page < listPages; ++page)
+            savedList(page) = list;
+        open(1);
+    }
+    explicit Lists(const Names& names) : Lists(namedList(names)) {}
+
+    bool blank(std::size_t page) {
+        return form().txtTitle[page].text().empty() && form().txtPath[page].text().empty() &&
+               form().txtTooltip[page].text().empty() && form().txtPara[page].text().empty();
+    }
+};
+
 } // namespace setup

@@ -1,5 +1,4 @@
-// The list pages: adding programs, removing entries, and the option buttons with their wiring across the
-// pages.
+// The list pages: adding programs and removing entries.
 #include "setup/dialog.h"
 
 #include "store/textCatalogue.h"
@@ -8,43 +7,18 @@ using setup::Dialog;
 using setup::entry;
 using setup::frmSetup;
 using setup::listOf;
+using setup::Lists;
 using setup::namedList;
 using setup::Names;
+using setup::savedList;
 using store::ToolButton;
-
-namespace {
-
-store::ButtonList& savedList(std::size_t page) {
-    return *store::listOf(static_cast<store::EditorKind>(page)).buttons;
-}
-
-struct Lists : Dialog {
-    explicit Lists(const store::ButtonList& list) {
-        for (std::size_t page = 0; page < setup::listPages; ++page)
-            savedList(page) = list;
-        open(1);
-    }
-    explicit Lists(const Names& names) : Lists(namedList(names)) {}
-
-    void answerFile(const std::optional<std::string>& file) { desk().fileAnswers.push_back(file); }
-    bool blank(std::size_t page) {
-        return form().txtTitle[page].text().empty() && form().txtPath[page].text().empty() &&
-               form().txtTooltip[page].text().empty() && form().txtPara[page].text().empty();
-    }
-    /// As the user's click, also on a button that is disabled on the page.
-    void set(std::size_t option) {
-        act([&] { form().chkAdd[option].setValue(true); });
-    }
-};
-
-} // namespace
 
 TEST_CASE("setup: adding a program asks for its file, in the dialog's language and owned by the form") {
     for (const int offset : {0, 10000}) {
         Lists dialog(Names{});
         core::languageOffset = offset;
         store::currentRoutine.clear();
-        dialog.answerFile("C:\\tools\\edit.exe");
+        dialog.desk().fileAnswers.push_back("C:\\tools\\edit.exe");
         dialog.desk().onFileDialog = [&] {
             CHECK(dialog.form().noUpdate == -1);
             CHECK(dialog.blank(1));
@@ -67,7 +41,7 @@ TEST_CASE("setup: a chosen program becomes the last entry, selected, with its ba
         Lists dialog(Names{"a"});
         dialog.desk().addIcons("C:\\tools\\edit.exe", 1);
         dialog.select(page, 0);
-        dialog.answerFile("C:\\tools\\edit.exe");
+        dialog.desk().fileAnswers.push_back("C:\\tools\\edit.exe");
         dialog.click(dialog.form().btnAdd[page]);
         ToolButton expected;
         expected.name = "edit.exe";
@@ -93,7 +67,7 @@ TEST_CASE("setup: a chosen program becomes the last entry, selected, with its ba
 
 TEST_CASE("setup: no path token is put into a path below the program's folder") {
     Lists dialog(Names{});
-    dialog.answerFile("C:\\kestrel\\tool.exe");
+    dialog.desk().fileAnswers.push_back("C:\\kestrel\\tool.exe");
     dialog.click(dialog.form().btnAdd[0]);
     CHECK(dialog.record(0, 1).path == "C:\\kestrel\\tool.exe");
     CHECK(dialog.record(0, 1).icon == "C:\\kestrel\\tool.exe,0");
@@ -101,7 +75,7 @@ TEST_CASE("setup: no path token is put into a path below the program's folder") 
 
 TEST_CASE("setup: a file name without a folder is its own title") {
     Lists dialog(Names{});
-    dialog.answerFile("edit.exe");
+    dialog.desk().fileAnswers.push_back("edit.exe");
     dialog.click(dialog.form().btnAdd[0]);
     CHECK(dialog.record(0, 1).name == "edit.exe");
     CHECK(dialog.record(0, 1).path == "edit.exe");
@@ -217,151 +191,4 @@ TEST_CASE("setup: add, remove, add: the new entry stands in row 0") {
     CHECK(dialog.rows(0) == Names{"two.exe"});
     CHECK(dialog.selected(0) == 0);
     CHECK(dialog.record(0, 1).path == "C:\\two.exe");
-}
-
-TEST_CASE("setup: the board page's first option button takes the dialog away from its own entry") {
-    Lists dialog(listOf({entry("a", 0, 2), entry("b", 0, 2)}));
-    dialog.select(0, 1);
-    dialog.form().txtPara[0].setEnabled(true);
-    dialog.form().labPara[0].setEnabled(true);
-    dialog.choose(dialog.form().chkAdd[0]);
-    CHECK(dialog.record(0, 2).dialog == 0);
-    CHECK(dialog.record(0, 1).dialog == 2);
-    CHECK_FALSE(dialog.form().txtPara[0].enabled());
-    CHECK_FALSE(dialog.form().labPara[0].enabled());
-    CHECK(dialog.form().workList[1] == savedList(1));
-    CHECK(dialog.form().workList[2] == savedList(2));
-}
-
-TEST_CASE("setup: the board page's second option button writes an input box into the schematic list") {
-    Lists dialog(Names{"a", "b"});
-    dialog.select(1, 1);
-    dialog.select(0, 0);
-    dialog.choose(dialog.form().chkAdd[1]);
-    CHECK(dialog.record(1, 2).dialog == 1);
-    CHECK(dialog.record(1, 1).dialog == 0);
-    CHECK(dialog.form().workList[0] == savedList(0));
-    CHECK(dialog.form().workList[2] == savedList(2));
-    CHECK(dialog.form().txtPara[0].enabled());
-    CHECK(dialog.form().labPara[0].enabled());
-    CHECK_FALSE(dialog.form().txtPara[1].enabled());
-}
-
-TEST_CASE("setup: the board page's third option button writes a file dialog into the library list") {
-    Lists dialog(Names{"a", "b"});
-    dialog.select(2, 0);
-    dialog.select(1, 1);
-    dialog.select(0, 0);
-    dialog.choose(dialog.form().chkAdd[2]);
-    CHECK(dialog.record(2, 1).dialog == 2);
-    CHECK(dialog.form().workList[0] == savedList(0));
-    CHECK(dialog.form().workList[1] == savedList(1));
-    CHECK(dialog.form().txtPara[1].enabled());
-    CHECK(dialog.form().labPara[1].enabled());
-    CHECK_FALSE(dialog.form().txtPara[0].enabled());
-    CHECK_FALSE(dialog.form().txtPara[2].enabled());
-}
-
-TEST_CASE("setup: the third option button asks for a selection on the schematic page, not on its own") {
-    Lists dialog(Names{"a", "b"});
-    dialog.select(0, 0);
-    dialog.choose(dialog.form().chkAdd[2]);
-    CHECK(dialog.form().chkAdd[2].value());
-    CHECK(dialog.form().workList[2] == savedList(2));
-    CHECK_FALSE(dialog.form().txtPara[1].enabled());
-}
-
-TEST_CASE("setup: a list without a selection takes the option button's write in its unused slot 0") {
-    Lists dialog(Names{"a"});
-    dialog.select(0, 0);
-    dialog.choose(dialog.form().chkAdd[1]);
-    CHECK(dialog.record(1, 0).dialog == 1);
-    CHECK(dialog.record(1, 1).dialog == 0);
-}
-
-TEST_CASE("setup: an option button whose list is not there writes nothing, but the dialog text follows") {
-    Dialog dialog;
-    store::boardButtons = namedList({"a"});
-    store::schemButtons = namedList({"b"});
-    dialog.open(1);
-    dialog.form().workList[1] = {};
-    dialog.select(0, 0);
-    dialog.choose(dialog.form().chkAdd[1]);
-    CHECK_FALSE(dialog.form().workList[1].allocated());
-    CHECK(dialog.form().txtPara[0].enabled());
-    Dialog library;
-    store::schemButtons = namedList({"b"});
-    store::boardButtons = namedList({"a"});
-    library.open(1);
-    library.select(1, 0);
-    library.select(0, 0);
-    library.choose(library.form().chkAdd[2]);
-    CHECK_FALSE(library.form().workList[2].allocated());
-    CHECK(library.form().txtPara[1].enabled());
-}
-
-TEST_CASE(
-    "setup: the schematic page's option buttons can be clicked after an EAGLE entry, and store nothing") {
-    Lists dialog(listOf({entry("a", 1), entry("b", 1)}));
-    dialog.select(0, 0);
-    dialog.select(1, 0);
-    dialog.select(2, 0);
-    for (const std::size_t option : {4U, 5U, 3U}) {
-        dialog.choose(dialog.form().chkAdd[option]);
-        CHECK(dialog.form().chkAdd[option].value());
-        for (std::size_t page = 0; page < setup::listPages; ++page) {
-            CHECK(dialog.form().workList[page] == savedList(page));
-            CHECK_FALSE(dialog.form().txtPara[page].enabled());
-        }
-    }
-}
-
-TEST_CASE("setup: the library page's option buttons store nothing, and the last one has no page at all") {
-    Lists dialog(Names{"a", "b"});
-    for (std::size_t page = 0; page < setup::listPages; ++page)
-        dialog.select(page, 0);
-    for (const std::size_t option : {7U, 8U, 6U}) {
-        dialog.set(option);
-        for (std::size_t page = 0; page < setup::listPages; ++page)
-            CHECK(dialog.form().workList[page] == savedList(page));
-    }
-}
-
-TEST_CASE("setup: no option button writes while an add routine fills the fields") {
-    Lists dialog(Names{"a"});
-    for (std::size_t page = 0; page < setup::listPages; ++page)
-        dialog.select(page, 0);
-    dialog.form().noUpdate = -1;
-    for (std::size_t option = 1; option < 9; ++option)
-        dialog.set(option);
-    for (std::size_t page = 0; page < setup::listPages; ++page) {
-        CHECK(dialog.form().workList[page] == savedList(page));
-        CHECK_FALSE(dialog.form().txtPara[page].enabled());
-    }
-}
-
-TEST_CASE("setup: the dialog of a schematic entry changes only by the board page's second option button") {
-    Lists dialog(listOf({entry("a", 1)}));
-    dialog.select(1, 0);
-    dialog.choose(dialog.form().chkAdd[4]);
-    CHECK(dialog.record(1, 1).dialog == 0);
-    dialog.select(0, 0);
-    dialog.set(1);
-    CHECK(dialog.record(1, 1).dialog == 1);
-    // And there is no way back to none.
-    dialog.set(0);
-    CHECK(dialog.record(1, 1).dialog == 1);
-}
-
-TEST_CASE("setup: showing an entry with a dialog writes it across the pages, by the option button's click") {
-    Lists dialog(listOf({entry("a", 0, 1), entry("b")}));
-    dialog.select(1, 1);
-    dialog.select(0, 0);
-    CHECK(dialog.record(1, 2).dialog == 1);
-    CHECK(dialog.form().txtPara[0].enabled());
-    // The button is on already: no click, and the dialog text stays disabled.
-    Lists again(listOf({entry("a", 0, 1), entry("b", 0, 1)}));
-    again.select(0, 0);
-    again.select(0, 1);
-    CHECK_FALSE(again.form().txtPara[0].enabled());
 }

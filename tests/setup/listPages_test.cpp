@@ -1,4 +1,4 @@
-// The list pages: what the list boxes show, adding, removing and moving entries, edits of the fields.
+// The list pages: what list boxes and fields show, edits of the fields, moving entries, separators.
 #include "setup/dialog.h"
 
 #include "store/textCatalogue.h"
@@ -7,26 +7,13 @@ using setup::Dialog;
 using setup::entry;
 using setup::frmSetup;
 using setup::listOf;
+using setup::Lists;
 using setup::namedList;
 using setup::Names;
-using setup::PerPage;
+using setup::savedList;
 using store::ToolButton;
 
 namespace {
-
-store::ButtonList& savedList(std::size_t page) {
-    return *store::listOf(static_cast<store::EditorKind>(page)).buttons;
-}
-
-/// The dialog with the same list on all three pages.
-struct Lists : Dialog {
-    explicit Lists(const store::ButtonList& list) {
-        for (std::size_t page = 0; page < setup::listPages; ++page)
-            savedList(page) = list;
-        open(1);
-    }
-    explicit Lists(const Names& names) : Lists(namedList(names)) {}
-};
 
 /// What showEntryFields has to do for each type of entry.
 struct FieldStates {
@@ -50,11 +37,6 @@ void checkFields(frmSetup& form, std::size_t page, const FieldStates& states) {
     CHECK(form.labTitle[page].enabled());
     if (states.pathText != 0)
         CHECK(form.labPath[page].caption() == store::LoadResString(states.pathText + core::languageOffset));
-}
-
-bool blank(frmSetup& form, std::size_t page) {
-    return form.txtTitle[page].text().empty() && form.txtPath[page].text().empty() &&
-           form.txtTooltip[page].text().empty() && form.txtPara[page].text().empty();
 }
 
 } // namespace
@@ -120,7 +102,7 @@ TEST_CASE("setup: a selected entry shows in the fields of its own page") {
         CHECK(dialog.form().txtPara[page].text() == "b question");
         for (std::size_t other = 0; other < setup::listPages; ++other)
             if (other != page)
-                CHECK(blank(dialog.form(), other));
+                CHECK(dialog.blank(other));
         CHECK(dialog.form().workList[page] == namedList({"a", "b"}));
     }
 }
