@@ -99,6 +99,7 @@ TEST_CASE(
     Dialog dialog;
     store::boardButtons = namedList({"b1", "b2"});
     dialog.act([&] { setupForm().loadResources(); });
+    CHECK(setupForm().loaded());
     CHECK(dialog.rows(0).empty());
     dialog.act([&] { setupForm().setType(1); });
     CHECK(dialog.rows(0) == Names{"b1", "b2"});

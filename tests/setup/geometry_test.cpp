@@ -191,14 +191,12 @@ TEST_CASE("setup: the start states of a list page") {
             CHECK(row.control(form, page).enabled() == !disabled.contains(row.name));
             CHECK(row.control(form, page).visible() == (std::string(row.name) != "imgIcon"));
         }
+    // An empty preview looks like the page that it stands on.
+    for (const forms::PictureBox& view : form.picView)
+        CHECK(view.backColour() == 0xFFFFFF);
     for (const forms::Timer& timer : form.Timer1) {
         CHECK(timer.interval() == 50);
         CHECK_FALSE(timer.enabled());
-    }
-    for (std::size_t page = 0; page < setup::listPages; ++page) {
-        CHECK_FALSE(form.btnH[page].picture().empty());
-        CHECK_FALSE(form.btnL[page].picture().empty());
-        CHECK_FALSE(form.btnH[page].picture() == form.btnL[page].picture());
     }
 }
 
@@ -217,6 +215,7 @@ TEST_CASE("setup: the tabs carry the options and then the lists in the order of 
     CHECK(form.lstApps[1].container() == &form.fraSetup[2]);
     CHECK(form.lstApps[2].container() == &form.fraSetup[3]);
     for (const forms::Frame& frame : form.fraSetup) {
+        CHECK_FALSE(frame.border);
         CHECK(frame.left() == 150);
         CHECK(frame.top() == 660);
         CHECK(frame.width() == 6195);

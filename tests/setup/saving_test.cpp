@@ -202,6 +202,15 @@ TEST_CASE(
     }
 }
 
+TEST_CASE("setup: OK shows the hourglass until the form has closed, and leaves the normal pointer behind") {
+    Saving dialog;
+    dialog.open(0);
+    const setup::frmSetup& form = dialog.form();
+    dialog.ok();
+    CHECK(form.closed());
+    CHECK(form.mousePointer() == forms::MousePointer::standard);
+}
+
 TEST_CASE("setup: a wrong path and a button that needs it: all is saved, message, open with the hourglass") {
     Saving dialog;
     store::boardButtons = needingEagle();

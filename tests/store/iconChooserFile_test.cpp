@@ -104,9 +104,13 @@ TEST_CASE("blanks and quotes around a name do not belong to it") {
             name(form, typed);
             checkSays(form, "Enter a file that contains icons.");
         }
-        name(form, "\"");
-        enter(form);
-        checkSays(form, "This file was not found.");
+        // A single one does.
+        for (const std::string& typed :
+             {std::string("\""), "x" + std::string(shellFile) + '"', '"' + std::string(shellFile) + "x"}) {
+            name(form, typed);
+            enter(form);
+            checkSays(form, "This file was not found.");
+        }
     });
 }
 
@@ -141,7 +145,14 @@ TEST_CASE("Browse begins without a name if the present one is no file's: the dia
     for (const char* file : {"C:\\t\\gone.exe", "C:\\t\\*.txt", "C:\\<>"})
         Scene::look(reference(file, 0), [](frmIconChooser& form) { form.btnBrowse.click(); });
     Scene::look("", [](frmIconChooser& form) { form.btnBrowse.click(); });
-    REQUIRE(world().fileDialogs.size() == 4);
+    // There is such a file, but the dialog has no room for its name.
+    const std::string tooLong = "C:\\" + std::string(store::iconPathSize, 'l');
+    world().addIcons(tooLong, 1);
+    Scene::look("", [&tooLong](frmIconChooser& form) {
+        name(form, tooLong);
+        form.btnBrowse.click();
+    });
+    REQUIRE(world().fileDialogs.size() == 5);
     for (const desktop::FileDialog& dialog : world().fileDialogs)
         CHECK(dialog.file.empty());
 }
@@ -163,6 +174,7 @@ TEST_CASE("Browse to a file without icons says so") {
     Scene::look(reference(shellFile, 12), [](frmIconChooser& form) {
         form.btnBrowse.click();
         checkSays(form, "This file contains no icons.");
+        CHECK(form.txtFile.selLength() == 14);
     });
 }
 

@@ -93,6 +93,20 @@ TEST_CASE("a cancelled chooser leaves file and index as they were, a confirmed o
     CHECK(index == 3);
 }
 
+TEST_CASE("a chosen file that the caller has no room for is cut, with a NUL at the end") {
+    const Scene scene;
+    std::array<char16_t, 8> buffer = {};
+    std::int32_t index = 0;
+    world().modalScripts.emplace_back([](forms::Form& form) {
+        auto& chooser = dynamic_cast<frmIconChooser&>(form);
+        name(chooser, shellFile);
+        enter(chooser);
+        enter(chooser);
+    });
+    CHECK(store::pickIcon(setupWindow, buffer, index) == 1);
+    CHECK(buffer == std::array<char16_t, 8>{u'C', u':', u'\\', u't', u'\\', u's', u'h', u'\0'});
+}
+
 TEST_CASE("an index that the file does not have selects none, and there is nothing to confirm until one is") {
     const Scene scene;
     for (const int index : {40, -1, 2147483647})
@@ -128,6 +142,43 @@ TEST_CASE("a file name with umlauts comes back as it was") {
     const Scene scene;
     world().addIcons("C:\\\xFC\x80\\\xDF.ico", 1);
     CHECK(Scene::choose("C:\\\xFC\x80\\\xDF.ico,0", enter) == "C:\\\xFC\x80\\\xDF.ico,0");
+}
+
+TEST_CASE("the chooser is a fixed dialog in the middle of the screen, without a button in the task bar") {
+    const Scene scene;
+    Scene::look(reference(shellFile, 0), [](frmIconChooser& form) {
+        CHECK(form.borderStyle == forms::BorderStyle::fixedDialog);
+        CHECK_FALSE(form.showInTaskbar);
+        const platform::RECT place = world().window(form.hWnd()).rect;
+        CHECK(place.left == (1280 - (place.right - place.left)) / 2);
+        CHECK(place.top == (1024 - (place.bottom - place.top)) / 2);
+    });
+}
+
+TEST_CASE("the chooser's controls have room in it and beside each other, the message in place of the grid") {
+    const Scene scene;
+    Scene::look(reference(shellFile, 0), [](frmIconChooser& form) {
+        CHECK(form.scaleWidth() == 7350);
+        CHECK(form.scaleHeight() == 6255);
+        for (const forms::Control* one : form.controls()) {
+            CHECK(one->left() >= 0);
+            CHECK(one->top() >= 0);
+            CHECK(one->left() + one->width() <= form.scaleWidth());
+            CHECK(one->top() + one->height() <= form.scaleHeight());
+            for (const forms::Control* other : form.controls())
+                if (one != other && one != &form.labMessage && other != &form.labMessage)
+                    CHECK((one->left() + one->width() <= other->left() ||
+                           other->left() + other->width() <= one->left() ||
+                           one->top() + one->height() <= other->top() ||
+                           other->top() + other->height() <= one->top()));
+        }
+        CHECK(form.labMessage.alignment == forms::Alignment::centre);
+        CHECK(form.labMessage.left() == form.grdIcons.left());
+        CHECK(form.labMessage.width() == form.grdIcons.width());
+        CHECK(form.labMessage.top() > form.grdIcons.top());
+        CHECK(form.labMessage.top() + form.labMessage.height() <
+              form.grdIcons.top() + form.grdIcons.height());
+    });
 }
 
 TEST_CASE("Enter is OK, Esc is Cancel, and the Tab key goes from the file down to the buttons") {
