@@ -38,24 +38,23 @@ int channel(std::uint32_t pixel, unsigned shift) {
     return static_cast<int>(pixel >> shift & 0xFFU);
 }
 
-/// What covers white as well as it covers black. An icon may have its opacity or a mask, so both are only
-/// seen from what shines through. What turns its background round comes out as it looks on black.
-std::uint32_t covering(std::uint32_t onBlack, std::uint32_t onWhite) {
+} // namespace
+
+std::uint32_t pixelSeen(std::uint32_t onBlack, std::uint32_t onWhite) {
     int opacity = 0;
     for (const unsigned shift : {0U, 8U, 16U})
         opacity = std::max(opacity, opaque - (channel(onWhite, shift) - channel(onBlack, shift)));
-    opacity = std::clamp(opacity, 0, opaque);
+    opacity = std::min(opacity, opaque);
     if (opacity == 0)
         return 0;
     auto pixel = static_cast<std::uint32_t>(opacity) << 24U;
+    // No channel is above the opacity.
     for (const unsigned shift : {0U, 8U, 16U}) {
-        const int full = std::min(opaque, (channel(onBlack, shift) * opaque + opacity / 2) / opacity);
+        const int full = (channel(onBlack, shift) * opaque + opacity / 2) / opacity;
         pixel |= static_cast<std::uint32_t>(full) << shift;
     }
     return pixel;
 }
-
-} // namespace
 
 forms::Picture iconPicture(const std::string& file, std::int32_t index) {
     OwnedIcon largeIcon;
@@ -67,7 +66,7 @@ forms::Picture iconPicture(const std::string& file, std::int32_t index) {
     std::vector<std::uint32_t> pixels;
     pixels.reserve(onBlack.pixels().size());
     for (std::size_t place = 0; place < onBlack.pixels().size() && place < onWhite.pixels().size(); ++place)
-        pixels.push_back(covering(onBlack.pixels()[place], onWhite.pixels()[place]));
+        pixels.push_back(pixelSeen(onBlack.pixels()[place], onWhite.pixels()[place]));
     // Without memory for a surface there is no picture.
     if (pixels.size() != std::size_t{side} * side)
         return {};

@@ -1,6 +1,8 @@
 // The pictures of a file's icons in the chooser's grid.
 #include "store/iconChooserScene.h"
 
+#include "store/iconPicture.h"
+
 #include <algorithm>
 #include <vector>
 
@@ -51,4 +53,19 @@ TEST_CASE("an icon keeps its opacity") {
             CHECK(shown.pixel(column, 0) == (drawn >> 24U == 0 ? 0 : drawn));
         }
     });
+}
+
+TEST_CASE("a pixel is what looks as it does on black and on white") {
+    CHECK(store::pixelSeen(0x000000, 0xFFFFFF) == 0);
+    CHECK(store::pixelSeen(0x123456, 0x123456) == 0xFF123456);
+    CHECK(store::pixelSeen(0x000000, 0x000000) == 0xFF000000);
+    CHECK(store::pixelSeen(0xFFFFFF, 0xFFFFFF) == 0xFFFFFFFF);
+    // Half of red, half of black, a trace of white; rounded to the nearest.
+    CHECK(store::pixelSeen(0x800000, 0xFF7F7F) == 0x80FF0000);
+    CHECK(store::pixelSeen(0x000000, 0x7F7F7F) == 0x80000000);
+    CHECK(store::pixelSeen(0x010101, 0xFFFFFF) == 0x01FFFFFF);
+    CHECK(store::pixelSeen(0x020000, 0xFFFCFC) == 0x03AA0000);
+    // White on black and black on white.
+    CHECK(store::pixelSeen(0xFFFFFF, 0x000000) == 0xFFFFFFFF);
+    CHECK(store::pixelSeen(0xFF0000, 0x00FFFF) == 0xFFFF0000);
 }
