@@ -22,7 +22,6 @@ constexpr PerPage<const char*> iconFiles = {"\\brd.ico", "\\sch.ico", "\\lbr.ico
 void frmSetup::btnAddEAGLE_Click(std::int16_t Index) {
     // Kept: the name of another routine.
     store::currentRoutine = "btnAdd_Click";
-    constexpr std::int16_t eagleCommand = 1;
     const auto page = static_cast<std::size_t>(Index);
     noUpdate = -1;
     showEntryFields(Index, eagleCommand);

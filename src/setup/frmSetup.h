@@ -113,6 +113,11 @@ class frmSetup : public forms::Form {
     /// Of the file dialogs: the file has to exist, no box for reading only, the current folder stays.
     static constexpr std::int32_t fileDialogFlags = 2103308;
 
+    // Types of entries.
+    static constexpr std::int16_t externalCommand = 0;
+    static constexpr std::int16_t eagleCommand = 1;
+    static constexpr std::int16_t separator = 2;
+
     // loadResources.cpp
     void loadOptionTexts();
     // frmSetup.cpp

@@ -24,10 +24,6 @@ using store::ToolButton;
 
 namespace {
 
-constexpr std::int16_t separatorType = 2;
-constexpr std::int16_t eagleCommand = 1;
-constexpr std::int16_t externalCommand = 0;
-
 std::size_t at(std::int16_t index) {
     return static_cast<std::size_t>(index);
 }
@@ -117,10 +113,10 @@ void frmSetup::lstApps_Click(std::int16_t Index) {
     txtTooltip[page].setText(entry.tooltip);
     txtPara[page].setText(entry.param);
     // Kept: the first page's option button, whichever list is shown.
-    if (entry.dialog < 0 || at(entry.dialog) >= chkAdd.size())
+    if (at(entry.dialog) >= chkAdd.size()) // one below 0, too
         throw runtime::RuntimeError(runtime::ErrorNumber::subscriptOutOfRange);
     chkAdd[at(entry.dialog)].setValue(true);
-    if (entry.type != separatorType)
+    if (entry.type != separator)
         drawIcon(Index, entry.icon);
     refreshPreview(page);
     picView[page].setPicture(imgIcon[page].image());
@@ -222,11 +218,11 @@ void frmSetup::btnAddSep_Click(std::int16_t Index) {
     store::currentRoutine = "btnAddSep_Click";
     noUpdate = -1;
     const std::size_t page = at(Index);
-    showEntryFields(Index, separatorType);
+    showEntryFields(Index, separator);
     chkAdd[3 * page].setValue(true);
     emptyFields(Index);
     txtTitle[page].setText("----------------------------------");
-    append(Index, separatorType);
+    append(Index, separator);
     picView[page].setPicture({});
     fillList(Index);
     selectLast(Index);

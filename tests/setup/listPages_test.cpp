@@ -155,9 +155,11 @@ TEST_CASE("setup: selecting an entry sets the first page's option button, whiche
 }
 
 TEST_CASE("setup: an entry with a dialog that no option button has ends the program") {
-    Lists dialog(listOf({entry("a", 0, 9)}));
-    CHECK_FALSE(dialog.desk().event([&] { dialog.form().lstApps[0].selected(0); }));
-    CHECK(dialog.desk().messageBoxes.back().text.find("'9'") != std::string::npos);
+    for (const int dialogNumber : {9, -1}) {
+        Lists dialog(listOf({entry("a", 0, dialogNumber)}));
+        CHECK_FALSE(dialog.desk().event([&] { dialog.form().lstApps[0].selected(0); }));
+        CHECK(dialog.desk().messageBoxes.back().text.find("'9'") != std::string::npos);
+    }
 }
 
 TEST_CASE("setup: a stored dialog of 3 to 8 sets an option button of another page, and nothing is written") {
