@@ -30,7 +30,7 @@ CurrentError currentError() {
         try {
             std::rethrow_exception(handled);
         } catch (const runtime::RuntimeError& error) {
-            return {static_cast<std::int32_t>(error.number), error.what()};
+            return {static_cast<std::int32_t>(error.number), error.description};
         } catch (...) { // NOLINT(bugprone-empty-catch): as said above
         }
     }

@@ -84,6 +84,8 @@ void ErrPtnr::designError() {
         lblErrTitel[index].place(framFehler, {960, top, 975, 255});
         forms::Label& label = lblError[index];
         label.border = true;
+        // A description and names are shown as they are.
+        label.mnemonic = false;
         label.setBackColour(white);
         // A description wraps in the room that it has; the others grow to the right with their text.
         label.wordWrap = index == 0;

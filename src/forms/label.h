@@ -16,6 +16,7 @@ class Label : public Control {
     bool autoSize = false;
     bool wordWrap = false;
     bool border = false;
+    bool mnemonic = true; ///< an ampersand in the caption marks one; otherwise it is shown
 
     std::function<void()> onClick;
     /// Called by the peer. A disabled label ignores it.

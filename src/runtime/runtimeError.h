@@ -33,11 +33,12 @@ std::string errorDescription(ErrorNumber number, std::int32_t resource = 0);
 class RuntimeError : public std::runtime_error {
   public:
     explicit RuntimeError(ErrorNumber errorNumber)
-        : std::runtime_error(errorDescription(errorNumber)), number(errorNumber) {}
-    RuntimeError(ErrorNumber errorNumber, const std::string& description)
-        : std::runtime_error(description), number(errorNumber) {}
+        : RuntimeError(errorNumber, errorDescription(errorNumber)) {}
+    RuntimeError(ErrorNumber errorNumber, const std::string& text)
+        : std::runtime_error(text), number(errorNumber), description(text) {}
 
     ErrorNumber number;
+    std::string description; ///< with its NULs, where what() ends at the first
 };
 
 /// The text of the message that an unhandled error ends the program with.

@@ -6,26 +6,16 @@
 #include "platform/kernel32.h"
 #include "platform/printer.h"
 #include "platform/screen.h"
-#include "runtime/runtimeError.h"
+#include "runtime/errorOf.h"
 
 #include <doctest/doctest.h>
 
 #include <cmath>
-#include <functional>
 
 namespace {
 
 using contract::World;
-
-/// Number of the error that the call fails with, 0 for none.
-int errorOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const runtime::RuntimeError& error) {
-        return static_cast<int>(error.number);
-    }
-    return 0;
-}
+using runtime::errorOf;
 
 bool holds(const std::string& text, const char* what) {
     return text.find(what) != std::string::npos;

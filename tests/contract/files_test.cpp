@@ -3,27 +3,17 @@
 #include "platform/system.h"
 #include "platform/textFile.h"
 #include "platform/user32.h"
-#include "runtime/runtimeError.h"
+#include "runtime/errorOf.h"
 #include "runtime/text.h"
 
 #include <doctest/doctest.h>
 
-#include <functional>
 #include <numeric>
 
 namespace {
 
 using contract::World;
-
-/// Number of the error that the call fails with, 0 for none.
-int errorOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const runtime::RuntimeError& error) {
-        return static_cast<int>(error.number);
-    }
-    return 0;
-}
+using runtime::errorOf;
 
 std::string allCharacters() {
     std::string all(256, '\0');

@@ -74,6 +74,7 @@ TEST_CASE("the labels and the list of a report at design time") {
         CHECK(form.lblErrTitel[index].position() == Position{960, top[index], 975, 255});
         CHECK(form.lblError[index].backColour() == white);
         CHECK(form.lblError[index].border);
+        CHECK_FALSE(form.lblError[index].mnemonic);
         CHECK(form.lblError[index].autoSize == (index > 0));
         CHECK(form.lblError[index].position() ==
               (index == 0 ? Position{2040, 240, 5085, 495} : Position{2040, top[index], 840, 255}));

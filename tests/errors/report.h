@@ -3,6 +3,7 @@
 
 #include "desktop/desktop.h"
 #include "errors/ErrPtnr.h"
+#include "runtime/errorOf.h"
 #include "runtime/runtimeError.h"
 
 #include <functional>
@@ -22,6 +23,8 @@ struct ErrPtnrTest {
 } // namespace errors
 
 namespace report {
+
+using runtime::errorOf;
 
 using Inside = errors::ErrPtnrTest;
 
@@ -51,15 +54,6 @@ inline int askAbout(const runtime::RuntimeError& error, errors::ErrPtnr& form, s
 }
 
 /// Number of the error that a call fails with, 0 for none.
-inline int errorOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const runtime::RuntimeError& error) {
-        return static_cast<int>(error.number);
-    }
-    return 0;
-}
-
 /// A date of 8 May 2006, twenty-five past two and 36 seconds in the afternoon: "08.05.2006", "14:25:36".
 inline constexpr double afternoon = 38845 + (14 * 3600 + 25 * 60 + 36) / 86400.0;
 

@@ -1,3 +1,4 @@
+#include "runtime/errorOf.h"
 #include "runtime/numbers.h"
 #include "runtime/runtimeError.h"
 
@@ -10,19 +11,10 @@
 #include <sstream>
 
 using runtime::ErrorNumber;
+using runtime::errorOf;
 using runtime::RuntimeError;
 
 namespace {
-
-template <typename Code>
-int errorOf(Code code) {
-    try {
-        code();
-    } catch (const RuntimeError& error) {
-        return static_cast<int>(error.number);
-    }
-    return 0;
-}
 
 int readError(const std::string& text) {
     return errorOf([&] { runtime::readNumber(text); });

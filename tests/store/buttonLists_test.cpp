@@ -1,12 +1,13 @@
 #include "store/buttonLists.h"
 
 #include "desktop/desktop.h"
-#include "runtime/runtimeError.h"
+#include "runtime/errorOf.h"
 #include "store/settings.h"
 
 #include <doctest/doctest.h>
 
 using desktop::world;
+using runtime::errorOf;
 using store::boardButtons;
 using store::ButtonList;
 using store::EditorKind;
@@ -48,15 +49,6 @@ std::string lines(int number, const std::string& name, const std::string& type =
     return digits + "name=" + name + "\r\n" + digits + "path=" + name + ".exe\r\n" + digits + "tooltip=\r\n" +
            digits + "param=\r\n" + digits + "icon=\r\n" + digits + "dialog=0\r\n" + digits + "type=" + type +
            "\r\n";
-}
-
-int errorOf(void (*code)()) {
-    try {
-        code();
-    } catch (const runtime::RuntimeError& error) {
-        return static_cast<int>(error.number);
-    }
-    return 0;
 }
 
 int loadError(const std::string& settings) {

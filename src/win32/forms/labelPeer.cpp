@@ -56,7 +56,12 @@ class LabelPeer : public WindowPeer {
   private:
     static DWORD styleOf(const forms::Label& label) {
         // Without the notification the window would not hear the mouse.
-        const DWORD common = SS_NOTIFY | (label.border ? WS_BORDER : 0U);
+        DWORD common = SS_NOTIFY | (label.border ? WS_BORDER : 0U);
+        if (!label.mnemonic)
+            common |= SS_NOPREFIX;
+        // In a box that can be seen, the upper edge of a line that does not fit would look like dirt.
+        if (label.border && label.wordWrap && !label.autoSize)
+            common |= SS_EDITCONTROL;
         if (label.alignment == forms::Alignment::right)
             return common | SS_RIGHT;
         if (label.alignment == forms::Alignment::centre)
@@ -85,7 +90,8 @@ class LabelPeer : public WindowPeer {
         const std::string& caption = label_.caption();
         // An empty line is as high as any other.
         DrawTextA(dc, caption.empty() ? " " : caption.c_str(), -1, &text,
-                  DT_CALCRECT | DT_EXPANDTABS | (wraps ? DT_WORDBREAK : 0U));
+                  DT_CALCRECT | DT_EXPANDTABS | (wraps ? DT_WORDBREAK : 0U) |
+                      (label_.mnemonic ? 0U : DT_NOPREFIX));
         SelectObject(dc, former);
         ReleaseDC(handle(), dc);
         // Slanted letters lean out of their cells.

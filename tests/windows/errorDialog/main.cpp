@@ -54,7 +54,7 @@ int report(const Order& order) {
         throw runtime::RuntimeError(runtime::ErrorNumber::subscriptOutOfRange, description);
     } catch (const runtime::RuntimeError&) {
         const int chosen =
-            form.OnError(isLong ? "A module whose name is longer than its field was made for" : "modLists",
+            form.OnError(isLong ? "A module & a name that is longer than its field was made for" : "modLists",
                          "loadLists", static_cast<std::uint8_t>(order.bits));
         if (order.outlet >= 0)
             form.cmdProtocol_Click(static_cast<std::int16_t>(order.outlet));
