@@ -1,5 +1,5 @@
-"""The setup dialog, going on: both checks of OK, another language with unsaved edits, what the keyboard alone can do, and
-what is held while it is up."""
+"""The setup dialog, going on: both checks of OK, another language with unsaved edits, what the keyboard alone can do,
+several lines pasted, and what is held while it is up."""
 
 from play import play
 
@@ -11,6 +11,8 @@ EAGLE = "C:\\eagle\\eagle.exe"
 AUTOSTART = "Start EAGLE while starting Kestrel Bar"
 PATH_WRONG = "The path of EAGLE.EXE is wrong. Please select correct path."
 BOARD, SCHEMATIC = 1, 2  # pages
+LINES = "C:\\lines.txt"
+ODD = 'a "quoted" \xa7 = [board] ; no comment'
 
 
 def boxed(stage, title):
@@ -128,6 +130,35 @@ def tab_order(stage, checks, setup, editor):
     checks.equal(len(settings.rows(stage.settings(), "board")), 3, "Esc takes it back")
 
 
+def paste(stage, checks, setup, editor):
+    """Of several lines in the clipboard a field takes the first one, whatever characters are in it."""
+    stage.prefix.path(LINES).write_bytes(f"{ODD}\r\n[board]\r\n1name=other\r\n".encode("cp1252"))
+    stage.witness.run(f"C:\\windows\\notepad.exe {LINES}")
+    notepad = poll(lambda: stage.look().top("lines.txt"))
+    if not checks.that(notepad and stage.wait_for_focus(notepad[0].handle), "another program has the lines"):
+        return
+    stage.screen.key("ctrl+a", "ctrl+c", "alt+F4")
+    checks.that(poll(lambda: not stage.look().top("lines.txt")), "they are copied and it is closed")
+    setup.open(editor)
+    setup.select(0)
+    setup.shows("Fit")
+    for number in range(3):
+        stage.screen.click(*setup.fields()[number].place.middle)
+        stage.screen.key("ctrl+a", "ctrl+v")
+    checks.that(setup.shows(ODD, ODD, ODD), "three fields take the first line", setup.texts())
+    setup.turn_to(0)
+    stage.screen.click(*setup.fields()[0].place.middle)
+    stage.screen.key("ctrl+a", "ctrl+v")
+    checks.that(setup.shows(ODD), "so does the field of EAGLE's path", setup.texts())
+    stage.screen.key("Return")
+    checks.that(setup.gone(), "Enter closes the setup")
+    after = stage.settings()
+    rows = settings.rows(after, "board")
+    checks.equal([rows[0][key] for key in ("name", "path", "tooltip")], [ODD] * 3, "the line is in the settings as it stands")
+    checks.equal(settings.value(after, "toolbar", "eaglepath"), ODD, "as EAGLE's path too")
+    checks.equal(len(rows), 3, "no line has become a row of its own")
+
+
 def held(stage, checks, setup, editor, other, eagle):
     """The other toolbars are held, the tracker goes on."""
     setup.open(editor)
@@ -162,6 +193,7 @@ def story(stage, checks):
     language(stage, checks, setup, editor)
     checks_of_ok(stage, checks, setup, editor)
     held(stage, checks, setup, editor, other, eagle)
+    paste(stage, checks, setup, editor)
     checks.that(stage.witness.runs(kestrel), "Kestrel goes on")
 
 
