@@ -8,18 +8,6 @@ using setup::listOf;
 using setup::namedList;
 using store::ToolButton;
 
-namespace {
-
-void ok(Dialog& dialog) {
-    dialog.click(dialog.form().btnOk);
-}
-
-bool closed(Dialog& dialog) {
-    return dialog.form().closed() || !dialog.form().loaded();
-}
-
-} // namespace
-
 TEST_CASE(
     "setup: lists that change on disk while the dialog is up are overwritten by OK and read after Cancel") {
     const std::string changed = "[board]\r\n1name=changed\r\n1path=p\r\n1dialog=0\r\n1type=1\r\n";
@@ -27,7 +15,7 @@ TEST_CASE(
     store::boardButtons = namedList({"mine"});
     dialog.open(1);
     dialog.desk().writeSettings(changed);
-    ok(dialog);
+    dialog.ok();
     CHECK(dialog.desk().settings().find("changed") == std::string::npos);
     CHECK(dialog.desk().settings().find("1name=mine") != std::string::npos);
     dialog.open(1);
@@ -46,8 +34,8 @@ TEST_CASE("setup: a settings file that cannot be written loses nothing of the li
         const std::string before = file.content;
         dialog.select(0, 0);
         dialog.enter(dialog.form().txtTitle[0], "edited");
-        ok(dialog);
-        CHECK(closed(dialog));
+        dialog.ok();
+        CHECK(dialog.closed());
         CHECK(dialog.desk().messageBoxes.empty());
         CHECK(store::boardButtons[1].name == "edited");
         CHECK(dialog.desk().file("C:\\kestrel\\kestrel.ini")->content == before);
@@ -65,8 +53,8 @@ TEST_CASE("setup: titles, paths, tips and questions are saved as they stand") {
         for (forms::TextBox* box : {&dialog.form().txtTitle[0], &dialog.form().txtPath[0],
                                     &dialog.form().txtTooltip[0], &dialog.form().txtPara[0]})
             dialog.enter(*box, text);
-        ok(dialog);
-        CHECK(closed(dialog));
+        dialog.ok();
+        CHECK(dialog.closed());
         for (const char* key : {"1name=", "1path=", "1tooltip=", "1param="})
             CHECK(dialog.desk().settings().find(key + text + "\r\n") != std::string::npos);
     }
@@ -78,8 +66,8 @@ TEST_CASE("setup: whatever stands in the field of EAGLE's path is saved, but for
         Dialog dialog;
         dialog.open(0);
         dialog.enter(dialog.form().txtEAGLE, "  " + text + "  ");
-        ok(dialog);
-        CHECK(closed(dialog));
+        dialog.ok();
+        CHECK(dialog.closed());
         CHECK(dialog.desk().messageBoxes.empty());
         CHECK(dialog.desk().settings().find("EAGLEpath=" + text + "\r\n") != std::string::npos);
     }
@@ -91,7 +79,7 @@ TEST_CASE("setup: an entry with an empty title is saved, and the list ends there
     dialog.open(1);
     dialog.select(0, 1);
     dialog.enter(dialog.form().txtTitle[0], "");
-    ok(dialog);
+    dialog.ok();
     CHECK(dialog.desk().settings().find("2name=\r\n2path=b path") != std::string::npos);
     CHECK(dialog.desk().settings().find("3name=c") != std::string::npos);
     store::boardButtons = {};
@@ -108,7 +96,7 @@ TEST_CASE("setup: three lists of 40 buttons are saved and read back the same") {
     }
     const store::ButtonList before = store::boardButtons;
     dialog.open(1);
-    ok(dialog);
+    dialog.ok();
     store::boardButtons = {};
     store::loadButtonLists(0);
     CHECK(store::boardButtons == before);
@@ -128,7 +116,7 @@ TEST_CASE("setup: a list of 2000 buttons is edited and committed") {
     // Written by Windows in a moment, but by the simulated file only slowly.
     dialog.desk().writeSettings("");
     dialog.desk().file("C:\\kestrel\\kestrel.ini")->readOnly = true;
-    ok(dialog);
+    dialog.ok();
     REQUIRE(store::boardButtons.upperBound() == 2000);
     CHECK(store::boardButtons[1998].name == "b2000");
     CHECK(store::boardButtons[1999].name == "b1999");
@@ -144,7 +132,7 @@ TEST_CASE("setup: a name of 300 characters is kept whole in the dialog, and read
     dialog.enter(dialog.form().txtTitle[2], name);
     dialog.click(dialog.form().btnAddSep[2]);
     CHECK(dialog.rows(2)[0] == name);
-    ok(dialog);
+    dialog.ok();
     CHECK(store::librButtons[1].name == name);
     store::loadButtonLists(0);
     CHECK(store::librButtons[1].name == name.substr(0, 254));
@@ -157,7 +145,7 @@ TEST_CASE("setup: what a text with quotes or blanks around it loses, it loses in
     dialog.select(0, 0);
     dialog.enter(dialog.form().txtPath[0], "\"C:\\my tools\\x.exe\"");
     dialog.enter(dialog.form().txtTooltip[0], "  tip  ");
-    ok(dialog);
+    dialog.ok();
     CHECK(store::boardButtons[1].path == "\"C:\\my tools\\x.exe\"");
     CHECK(store::boardButtons[1].tooltip == "  tip  ");
     store::loadButtonLists(0);
@@ -175,7 +163,7 @@ TEST_CASE("setup: an icon reference without a comma is shown, moved, saved and r
     dialog.select(1, 0);
     dialog.click(dialog.form().btnL[1]);
     CHECK(dialog.record(1, 2).icon == "C:\\tool.dll");
-    ok(dialog);
+    dialog.ok();
     CHECK(dialog.desk().settings().find("2icon=C:\\tool.dll\r\n") != std::string::npos);
     dialog.open(2);
     dialog.select(1, 1);
@@ -211,8 +199,8 @@ TEST_CASE("setup: a refused OK may be tried again and again without losing an ed
     for (int round = 0; round < 5; ++round) {
         // By turns the first and the second check.
         dialog.act([&] { dialog.form().chkEAGLE.setValue(round % 2); });
-        ok(dialog);
-        CHECK_FALSE(closed(dialog));
+        dialog.ok();
+        CHECK_FALSE(dialog.closed());
         CHECK(dialog.form().workList == edited);
     }
     CHECK(dialog.desk().messageBoxes.size() == 5);
@@ -222,7 +210,7 @@ TEST_CASE("setup: a settings file that went away is written anew") {
     Dialog dialog("[toolbar]\r\nlastBoard=C:\\x.brd\r\n[board]\r\n1name=a\r\n1dialog=0\r\n1type=1\r\n");
     dialog.open(1);
     dialog.desk().removeFile("C:\\kestrel\\kestrel.ini");
-    ok(dialog);
-    CHECK(closed(dialog));
+    dialog.ok();
+    CHECK(dialog.closed());
     CHECK(dialog.desk().settings().find("1name=a") != std::string::npos);
 }

@@ -66,6 +66,9 @@ struct Dialog : desktop::Program {
     void click(forms::CommandButton& button) {
         act([&] { button.click(); });
     }
+    void ok() { click(form().btnOk); }
+    /// After a closing form() gives a new one, which is not loaded yet.
+    bool closed() { return !form().loaded(); }
     void choose(forms::OptionButton& option) {
         act([&] { option.click(); });
     }

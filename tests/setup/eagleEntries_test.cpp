@@ -184,7 +184,7 @@ TEST_CASE("setup: after a removal an icon can be chosen for no row, with no last
         CHECK(dialog.desk().chooserCalls[0].file.empty());
         CHECK(dialog.record(page, 0).icon == "C:\\tools\\new.dll,4");
         CHECK(dialog.record(page, 1).icon.empty());
-        dialog.click(dialog.form().btnOk);
+        dialog.ok();
         CHECK(dialog.desk().settings().find("new.dll") == std::string::npos);
     }
 }

@@ -25,8 +25,6 @@ store::ButtonList needingEagle() {
 
 struct Saving : Dialog {
     using Dialog::Dialog;
-    void ok() { click(form().btnOk); }
-    bool closed() { return form().closed() || !form().loaded(); }
     bool hourglass() { return form().mousePointer() == forms::MousePointer::hourglass; }
     void eaglePath(const std::string& path) { enter(form().txtEAGLE, path); }
     void autostart(bool on) {

@@ -236,7 +236,7 @@ void Walk::typePath() {
 }
 
 void Walk::ok() {
-    dialog_.click(form().btnOk);
+    dialog_.ok();
     model_.ok(model_.shown.path == eagleFile);
 }
 
@@ -251,7 +251,7 @@ void Walk::cancel() {
 /// What the toolbar that has opened the dialog does.
 void Walk::closed() {
     ++closings;
-    CHECK(form().loaded() == false);
+    CHECK(dialog_.closed());
     compareSaved();
     compareFile();
     const std::size_t at = page();
