@@ -62,7 +62,7 @@ HICON iconOf(const forms::Picture& picture) {
 
 /// A caption that is too wide goes on in a second line if there is room for one; else both would be cut.
 DWORD captionStyle(const forms::CommandButton& button) {
-    constexpr int twoLines = 34; // pixels, with the button's frame
+    constexpr int twoLines = 30; // pixels, with the button's frame
     return forms::toPixels(button.height()) < twoLines ? 0 : BS_MULTILINE;
 }
 
