@@ -17,8 +17,8 @@ TEST_CASE("contract: a button's caption wraps where two lines have room, and sta
     low.place(form, {0, 0, 1335, 435});
     high.place(form, {0, 600, 1335, 450});
     form.show();
-    const auto wraps = [](const forms::CommandButton& button) {
-        return (GetWindowLongA(win32::native(button.window()), GWL_STYLE) & BS_MULTILINE) != 0;
+    const auto wraps = [](forms::CommandButton& button) {
+        return (GetWindowLongA(win32::native(button.hWnd()), GWL_STYLE) & BS_MULTILINE) != 0;
     };
     CHECK_FALSE(wraps(low));
     CHECK(wraps(high));
