@@ -25,8 +25,7 @@ bool endingByError() {
 
 void endByError(const runtime::RuntimeError& error) {
     const Ending untilTheEnd;
-    constexpr int criticalStyle = 16;
-    platform::msgBox(runtime::unhandledErrorText(error), criticalStyle, "Kestrel");
+    platform::msgBox(runtime::unhandledErrorText(error), platform::criticalStyle, "Kestrel");
     if (Hauptform* form = hauptform())
         form->delSystray();
     platform::endProgram();

@@ -14,7 +14,6 @@ namespace core {
 void showHelp() {
     constexpr std::uint32_t helpContext = 15; // HH_HELP_CONTEXT
     constexpr std::uintptr_t startTopic = 6000;
-    constexpr int criticalStyle = 16;
     const std::string file = platform::programFolder() + "\\EAGLE_Kestrel_Bench.chm";
     for (;;) {
         try {
@@ -23,7 +22,7 @@ void showHelp() {
             return;
         } catch (const runtime::RuntimeError&) {
             platform::beep();
-            platform::msgBox(store::LoadResString(3100 + languageOffset), criticalStyle,
+            platform::msgBox(store::LoadResString(3100 + languageOffset), platform::criticalStyle,
                              store::LoadResString(3101 + languageOffset));
         }
     }

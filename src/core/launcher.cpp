@@ -34,10 +34,9 @@ bool eaglePathIsRight() {
 }
 
 void tellWrongPath() {
-    constexpr int criticalStyle = 16;
     platform::msgBox(store::LoadResString(1058 + languageOffset) + "\r\n" +
                          store::LoadResString(1059 + languageOffset),
-                     criticalStyle, store::LoadResString(3930 + languageOffset));
+                     platform::criticalStyle, store::LoadResString(3930 + languageOffset));
 }
 
 /// Activates the application whose title begins as the latest title search was for.

@@ -14,8 +14,11 @@
 
 namespace platform {
 
+/// Style of a message box: OK and the icon of what has gone wrong.
+inline constexpr int criticalStyle = 16;
+
 /// Message box owned by the program's hidden window; the style is the platform's number (0 OK, 4 Yes and No,
-/// 16 critical icon with OK). Gives the platform's answer: 1 OK, 6 Yes, 7 No.
+/// criticalStyle). Gives the platform's answer: 1 OK, 6 Yes, 7 No.
 int msgBox(std::string_view text, int style, std::string_view title);
 
 /// Asks for one line of text. Empty when the user cancels.

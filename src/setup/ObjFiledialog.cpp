@@ -77,7 +77,6 @@ std::string ObjFiledialog::buildFilter() {
 void ObjFiledialog::CheckFlags(std::string_view intention) {
     constexpr std::int32_t openFlags = 0x1801; // read-only ticked, path and file must exist
     constexpr std::int32_t saveFlags = 0x0806; // ask before overwriting, no read-only box, path must exist
-    constexpr int critical = 16;
     if (flags_ != 0)
         return;
     if (intention == "Open")
@@ -85,7 +84,8 @@ void ObjFiledialog::CheckFlags(std::string_view intention) {
     else if (intention == "Save")
         flags_ = saveFlags;
     else
-        platform::msgBox(std::string("Unbekannte Intention: ").append(intention), critical, "CheckFlags");
+        platform::msgBox(std::string("Unbekannte Intention: ").append(intention), platform::criticalStyle,
+                         "CheckFlags");
 }
 
 std::string ObjFiledialog::ShowOpen(platform::HWND hWnd) {

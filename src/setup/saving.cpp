@@ -46,8 +46,7 @@ bool frmSetup::eaglePathValid() const {
 }
 
 void frmSetup::showWrongPath() {
-    constexpr int criticalStyle = 16;
-    platform::msgBox(LoadResString(1057 + languageOffset), criticalStyle,
+    platform::msgBox(LoadResString(1057 + languageOffset), platform::criticalStyle,
                      LoadResString(3930 + languageOffset));
 }
 

@@ -20,6 +20,39 @@ forms::TabStrip* findTabStrip(const forms::Container& container) {
     return nullptr;
 }
 
+/// The tab strip that the window stands in; null if it stands in none.
+HWND stripAround(HWND window) {
+    for (HWND seen = GetAncestor(window, GA_PARENT); seen != nullptr; seen = GetAncestor(seen, GA_PARENT)) {
+        const WindowPeer* peer = WindowPeer::of(seen);
+        if (peer == nullptr)
+            return nullptr;
+        if (peer->control().kind() == forms::ControlKind::tabStrip)
+            return seen;
+    }
+    return nullptr;
+}
+
+bool isTabStrip(HWND window) {
+    const WindowPeer* peer = WindowPeer::of(window);
+    return peer != nullptr && peer->control().kind() == forms::ControlKind::tabStrip;
+}
+
+/// The next or previous stop of the Tab key. A tab strip is a stop in front of the first one on its page, so
+/// that its arrow keys turn the pages; the system would see only what stands in it.
+HWND nextStop(HWND dialog, HWND from, bool back) {
+    if (isTabStrip(from)) {
+        const HWND first = firstStop(from);
+        const bool empty = first == nullptr || IsWindowVisible(first) == FALSE;
+        return empty || back ? GetNextDlgTabItem(dialog, empty ? from : first, back ? TRUE : FALSE) : first;
+    }
+    const HWND next = GetNextDlgTabItem(dialog, from, back ? TRUE : FALSE);
+    const HWND inside = back ? from : next;
+    const HWND strip = stripAround(inside);
+    // A label hands a mnemonic on to the field behind it: that is no way past the strip.
+    const bool walks = (GetWindowLongA(from, GWL_STYLE) & WS_TABSTOP) != 0;
+    return walks && strip != nullptr && inside == firstStop(strip) ? strip : next;
+}
+
 } // namespace
 
 HWND dialogOf(HWND window) {
@@ -32,11 +65,14 @@ HWND dialogOf(HWND window) {
 
 void moveFocus(HWND from, bool back) {
     const HWND dialog = dialogOf(from);
-    const HWND next = dialog == nullptr ? nullptr : GetNextDlgTabItem(dialog, from, back ? TRUE : FALSE);
+    const HWND next = dialog == nullptr ? nullptr : nextStop(dialog, from, back);
     if (next == nullptr)
         return;
     if ((SendMessageA(next, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0)
         SendMessageA(next, EM_SETSEL, 0, -1);
+    // The user is at the keyboard: where the focus is, is marked from now on. Told downwards from the dialog, since
+    // the way up may lead to a host that does not answer.
+    SendMessageA(dialog, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
     SetFocus(next);
 }
 
@@ -54,6 +90,17 @@ void focusFirst(HWND container) {
     const HWND first = firstStop(container);
     // With none to stop at, one that is hidden may be named.
     SetFocus(first == nullptr || IsWindowVisible(first) == FALSE ? container : first);
+}
+
+bool moveByTab(const MSG& message) {
+    if (message.message != WM_KEYDOWN || message.wParam != VK_TAB || GetKeyState(VK_CONTROL) < 0)
+        return false;
+    const LRESULT wanted =
+        SendMessageA(message.hwnd, WM_GETDLGCODE, message.wParam, reinterpret_cast<LPARAM>(&message));
+    if ((wanted & (DLGC_WANTTAB | DLGC_WANTMESSAGE)) != 0)
+        return false;
+    moveFocus(message.hwnd, GetKeyState(VK_SHIFT) < 0);
+    return true;
 }
 
 bool turnPage(HWND dialog, const MSG& message) {

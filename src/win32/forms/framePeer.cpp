@@ -1,8 +1,13 @@
-// Frames: windows of a class of our own that draw an etched box.
+// Frames: windows of a class of our own that draw a box with a caption, as the theme has it.
 #include "win32/forms/containerPeer.h"
 #include "win32/forms/peers.h"
 
 #include "forms/frame.h"
+
+#include <uxtheme.h>
+#include <vssym32.h>
+
+#include <algorithm>
 
 namespace win32 {
 
@@ -51,34 +56,45 @@ class FramePeer : public ContainerPeer {
     }
 
   private:
-    /// An etched box with the caption in its upper edge.
     void paint() {
         PAINTSTRUCT paint;
         const HDC dc = BeginPaint(handle(), &paint);
         if (frame_.border) {
+            const HGDIOBJ former = SelectObject(dc, font_);
             RECT box;
             GetClientRect(handle(), &box);
-            const RECT whole = box;
-            const HGDIOBJ former = SelectObject(dc, font_);
-            TEXTMETRICA metrics{};
-            GetTextMetricsA(dc, &metrics);
-            box.top = frame_.caption().empty() ? 0 : metrics.tmHeight / 2;
-            DrawEdge(dc, &box, EDGE_ETCHED, BF_RECT);
             if (!frame_.caption().empty())
-                drawCaption(dc, whole, metrics.tmHeight);
+                box.top = drawCaption(dc, box);
+            drawBox(dc, box);
             SelectObject(dc, former);
         }
         EndPaint(handle(), &paint);
     }
 
-    void drawCaption(HDC dc, const RECT& whole, LONG height) {
+    /// The caption stands in a gap of the box's upper edge. Gives the place of that edge.
+    LONG drawCaption(HDC dc, const RECT& whole) {
         constexpr LONG indent = 9;
-        RECT text{whole.left + indent, whole.top, whole.right - indent, whole.top + height};
-        SetBkColor(dc, background().value_or(GetSysColor(COLOR_BTNFACE)));
+        constexpr LONG gap = 2;
+        RECT text{whole.left + indent, whole.top, whole.right - indent, whole.bottom};
+        DrawTextA(dc, frame_.caption().c_str(), -1, &text, DT_LEFT | DT_SINGLELINE | DT_CALCRECT);
+        text.right = std::min(text.right, whole.right - indent);
         const COLORREF colour =
             frame_.foreColour() ? nativeColour(*frame_.foreColour()) : GetSysColor(COLOR_BTNTEXT);
         SetTextColor(dc, IsWindowEnabled(handle()) != FALSE ? colour : GetSysColor(COLOR_GRAYTEXT));
+        SetBkMode(dc, TRANSPARENT);
         DrawTextA(dc, frame_.caption().c_str(), -1, &text, DT_LEFT | DT_SINGLELINE);
+        ExcludeClipRect(dc, text.left - gap, text.top, text.right + gap, text.bottom);
+        return (text.bottom - text.top) / 2;
+    }
+
+    void drawBox(HDC dc, RECT box) {
+        if (const HTHEME theme = OpenThemeData(handle(), L"Button")) {
+            const int state = IsWindowEnabled(handle()) != FALSE ? GBS_NORMAL : GBS_DISABLED;
+            DrawThemeBackground(theme, dc, BP_GROUPBOX, state, &box, nullptr);
+            CloseThemeData(theme);
+        } else {
+            DrawEdge(dc, &box, EDGE_ETCHED, BF_RECT);
+        }
     }
 
     forms::Frame& frame_;

@@ -116,7 +116,8 @@ void windowGone(HWND window) {
 void serve(MSG& message) {
     if (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST)
         if (const HWND dialog = dialogOf(message.hwnd);
-            dialog != nullptr && (turnPage(dialog, message) || IsDialogMessageA(dialog, &message)))
+            dialog != nullptr &&
+            (turnPage(dialog, message) || moveByTab(message) || IsDialogMessageA(dialog, &message)))
             return;
     TranslateMessage(&message);
     DispatchMessageA(&message);

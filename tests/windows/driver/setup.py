@@ -75,10 +75,13 @@ class Setup:
         """The drop-down lists: left and right unit, left and right accuracy, language."""
         return sorted(self.seen("ComboBox"), key=lambda window: (round(window.place.top / 10), window.place.left))
 
+    def strip(self):
+        """The row of tabs."""
+        return next(window for window in self.form().inside() if window.class_name == "SysTabControl32")
+
     def page(self):
         """0 to 3: the tab whose frame is in front. The frames stand in the order of the tabs."""
-        strip = next(window for window in self.form().inside() if window.class_name == "SysTabControl32")
-        frames = [child for child in strip.children if child.class_name == "KestrelFrame"]
+        frames = [child for child in self.strip().children if child.class_name == "KestrelFrame"]
         front = [number for number, frame in enumerate(frames) if frame.visible]
         return front[0] if len(front) == 1 else None
 

@@ -108,13 +108,18 @@ def tab_order(stage, checks, setup, editor):
                                                      "Remove Entry")] + setup.arrows()
     beneath = [setup.button(caption) for caption in ("Help", "Cancel", "Ok")]
     # The question's field and the option buttons of this page are disabled for an EAGLE command.
-    stops = [*fields[:3], icon, rows, *actions, *beneath]
+    stops = [*fields[:3], icon, rows, *actions, *beneath, setup.strip()]
     stage.screen.click(*fields[0].place.middle)
     for stop in stops[1:] + stops[:1]:
         stage.screen.key("Tab")
         if not checks.that(poll(lambda stop=stop: stage.look().focus == stop.handle, 3), f"the Tab key leads on to {stop.text!r}",
                            stage.look().focus):
             break
+    stage.screen.key("shift+Tab", "Right")
+    checks.that(poll(lambda: setup.page() == 2), "on the tabs an arrow key turns the page")
+    checks.equal(stage.look().focus, setup.strip().handle, "and the tabs keep the keyboard")
+    stage.screen.key("Left")
+    poll(lambda: setup.page() == 1)
     stage.screen.key("alt+m")
     checks.that(poll(lambda: stage.look().focus == fields[1].handle), "a label's mnemonic leads to its field")
     for names, number in ((("alt+p",), 0), (("alt+t",), 2)):
@@ -135,8 +140,11 @@ def paste(stage, checks, setup, editor):
     stage.prefix.path(LINES).write_bytes(f"{ODD}\r\n[board]\r\n1name=other\r\n".encode("cp1252"))
     stage.witness.run(f"C:\\windows\\notepad.exe {LINES}")
     notepad = poll(lambda: stage.look().top("lines.txt"))
-    if not checks.that(notepad and stage.wait_for_focus(notepad[0].handle), "another program has the lines"):
+    if not checks.that(notepad, "another program has the lines"):
         return
+    # The window manager may leave the keyboard where it is when a new window comes.
+    stage.screen.click(*notepad[0].place.middle)
+    stage.wait_for_focus(notepad[0].handle)
     stage.screen.key("ctrl+a", "ctrl+c", "alt+F4")
     checks.that(poll(lambda: not stage.look().top("lines.txt")), "they are copied and it is closed")
     setup.open(editor)
