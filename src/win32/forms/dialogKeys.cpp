@@ -70,8 +70,8 @@ void moveFocus(HWND from, bool back) {
         return;
     if ((SendMessageA(next, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0)
         SendMessageA(next, EM_SETSEL, 0, -1);
-    // The user is at the keyboard: where the focus is, is marked from now on. Told downwards from the dialog, since
-    // the way up may lead to a host that does not answer.
+    // The user is at the keyboard: where the focus is, is marked from now on. Told downwards from the dialog,
+    // since the way up may lead to a host that does not answer.
     SendMessageA(dialog, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
     SetFocus(next);
 }
