@@ -20,9 +20,8 @@ from driver import settings  # noqa: E402, the way to it stands above
 from driver.checks import Checks  # noqa: E402
 
 TARGET = ROOT / "dist" / "packages"
-ICONS = {f"samples/{path.name}" for path in (ROOT / "resources" / "samples").glob("*.ico")}
 FILES = {"kestrel.exe", "brd.ico", "sch.ico", "lbr.ico", "EAGLE_Kestrel_Bench.chm", "LICENSE.txt", "README.txt",
-         *(f"samples/{folder}/kestrel.ini" for folder in samples.FOLDERS.values()), *ICONS}
+         "samples/icons.dll", *(f"samples/{folder}/kestrel.ini" for folder in samples.FOLDERS.values())}
 LONGEST = 254  # characters of a value that come back whole
 NOTATION = re.compile(r"[+^%~(){}\[\]]")  # has a meaning of its own in a command
 
@@ -96,6 +95,24 @@ def pages(checks):
     checks.equal(newest and newest[1], packages.version(), "CHANGELOG.md begins with it")
 
 
+def there(file, place):
+    """Whether a file of the program folder has an icon at this place."""
+    if file == "samples\\icons.dll":
+        return place < len(samples.ICONS)
+    return file in FILES and place == 0
+
+
+def icons(checks):
+    drawn = {path.stem for path in (ROOT / "resources" / "samples").glob("*.ico")}
+    checks.equal(set(samples.ICONS), drawn, "icons.dll is made of every icon for buttons")
+    checks.equal(len(set(samples.ICONS)), len(samples.ICONS), "each stands in it once")
+    for bits in BITS:
+        listed = subprocess.run(["wrestool", "--list", "--type=group_icon", ROOT / "dist" / bits / "samples" / "icons.dll"],
+                                check=True, capture_output=True, text=True).stdout
+        places = [int(number) for number in re.findall(r"--name=(\d+)", listed)]
+        checks.equal(places, list(range(1, len(samples.ICONS) + 1)), f"{bits}: icons.dll has them in their order")
+
+
 def lists(checks):
     both = {}
     for language, folder in samples.FOLDERS.items():
@@ -110,8 +127,8 @@ def lists(checks):
             checks.equal(len(set(names)), len(names), f"{folder}, {kind}: {len(names)} buttons, each with a name of its own")
             texts = [value for row in rows for value in row.values()]
             checks.that(max(map(len, texts)) <= LONGEST, f"{folder}, {kind}: no value is cut on reading")
-            icons = [re.fullmatch(r"\{kestrelpath\}\\([^,]+),0", row["icon"]) for row in buttons]
-            missing = [row["icon"] for row, icon in zip(buttons, icons) if not icon or icon[1].replace("\\", "/") not in FILES]
+            icons = [re.fullmatch(r"\{kestrelpath\}\\([^,]+),(\d+)", row["icon"]) for row in buttons]
+            missing = [row["icon"] for row, icon in zip(buttons, icons) if not icon or not there(icon[1], int(icon[2]))]
             checks.equal(missing, [], f"{folder}, {kind}: every icon stands in the program folder")
             bad = [row["name"] for row in buttons if not row["path"] or not row["tooltip"]
                    or (int(row["dialog"]) != settings.NONE) != bool(row["param"]) or NOTATION.search(row["path"])]
@@ -130,6 +147,7 @@ def main():
     zips(checks)
     programs(checks)
     pages(checks)
+    icons(checks)
     lists(checks)
     print(checks.summary())
     return 1 if checks.failed else 0

@@ -5,6 +5,7 @@ nothing, an `input` or a `file`, what it types or starts, and its texts in each 
 """
 
 import csv
+import re
 from pathlib import Path
 
 HERE = Path(__file__).resolve().parent
@@ -15,12 +16,15 @@ LISTS = {"board": "board", "schematic": "schem", "library": "libr"}  # the table
 KINDS = {"program": 0, "command": 1}
 DIALOGS = {"nothing": 0, "input": 1, "file": 2}
 GAP = {"name": 34 * "-", "path": "", "tooltip": "", "param": "", "icon": "", "dialog": 0, "type": 2}
-EDITOR_ICONS = ("brd", "sch", "lbr")  # they stand beside the program, all others in its folder samples
+EDITOR_ICONS = ("brd", "sch", "lbr")  # they stand beside the program, all others in one library
+LIBRARY = HERE.parent / "resources" / "samples" / "icons.rc"
+ICONS = re.findall(r'^\d+ ICON "([\w-]+)\.ico"', LIBRARY.read_text(encoding="ascii"), re.M)
 
 
-def icon_file(name):
-    """Below the program folder."""
-    return f"{name}.ico" if name in EDITOR_ICONS else f"samples\\{name}.ico"
+def icon_reference(name):
+    """As a settings file has it."""
+    file, place = (f"{name}.ico", 0) if name in EDITOR_ICONS else ("samples\\icons.dll", ICONS.index(name))
+    return f"{{kestrelpath}}\\{file},{place}"
 
 
 def rows(table, language):
@@ -31,7 +35,7 @@ def rows(table, language):
                 yield GAP
                 continue
             yield {"name": row[f"name:{language}"], "path": row["command"], "tooltip": row[f"tooltip:{language}"],
-                   "param": row[f"question:{language}"], "icon": f"{{kestrelpath}}\\{icon_file(row['icon'])},0",
+                   "param": row[f"question:{language}"], "icon": icon_reference(row["icon"]),
                    "dialog": DIALOGS[row["asks"]], "type": KINDS[row["kind"]]}
 
 

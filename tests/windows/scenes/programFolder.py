@@ -13,7 +13,7 @@ from driver.waiting import poll
 UMLAUTS = "C:\\Gr\xf6\xdfe & Ma\xdf\\Kestrel \xc4\xd6\xdc 5 (alt)"
 ROOT = "C:"
 CLOSED = "C:\\closed"
-ICON = "{kestrelpath}\\samples\\fit.ico,0"
+ICON = "{kestrelpath}\\samples\\icons.dll,0"
 BUTTONS = [button("Fit", "window fit", tooltip="Fit", icon=ICON),
            button("Copy", "{kestrelpath}\\helper.exe", settings.PROGRAM, tooltip="Helper", icon="{kestrelpath}\\brd.ico,0")]
 TEXT = settings.made({"autoToolbar": 0}, board=BUTTONS)
