@@ -22,6 +22,7 @@ from driver.checks import Checks  # noqa: E402
 TARGET = ROOT / "dist" / "packages"
 FILES = {"kestrel.exe", "brd.ico", "sch.ico", "lbr.ico", "EAGLE_Kestrel_Bench.chm", "LICENSE.txt", "README.txt",
          "samples/icons.dll", *(f"samples/{folder}/kestrel.ini" for folder in samples.FOLDERS.values())}
+WINDOWED = 2  # subsystem of a program
 LONGEST = 254  # characters of a value that come back whole
 NOTATION = re.compile(r"[+^%~(){}\[\]]")  # has a meaning of its own in a command
 
@@ -78,12 +79,15 @@ def programs(checks):
     for bits in BITS:
         program = (ROOT / "dist" / bits / "kestrel.exe").read_bytes()
         installer = (TARGET / f"kestrel-{packages.version()}-{bits}-setup.exe").read_bytes()
-        for name, data in (("kestrel.exe", program), ("the installer", installer)):
+        for name, data, texts in (("kestrel.exe", program, ("Kestrel, the button bar for EAGLE", "Kestrel, die Knopfleiste für EAGLE")),
+                                  ("the installer", installer, ("Installs Kestrel", "Installiert Kestrel"))):
+            checks.that(all(utf16(text) in data for text in texts), f"{bits}: {name} describes itself in both languages")
             checks.that(utf16(packages.version()) in data, f"{bits}: {name} bears the project's version")
             checks.that(b'level="asInvoker"' in data, f"{bits}: {name} asks for no administrator")
         checks.that(f'name="Kestrel" version="{packages.version()}.0"'.encode() in program, f"{bits}: so does its manifest")
         header = int.from_bytes(program[0x3C:0x40], "little")
         checks.equal(program[header + 8:header + 12], bytes(4), f"{bits}: kestrel.exe does not hold the time of its making")
+        checks.equal(program[header + 0x5C], WINDOWED, f"{bits}: kestrel.exe opens no console")
         checks.that(not (ROOT / "dist" / bits / "kestrel.ini").exists(), f"{bits}: the program folder has no settings of its own")
 
 
