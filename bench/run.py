@@ -3,7 +3,7 @@
 
 Needs the native-release, i686 and x86_64 builds and the Wine sandbox (./test.sh makes all but the first). CPU time is
 that of the program and of its Wine server together, everything pinned to one core; a figure is a ratio within one run.
---memory adds the ten minutes of ticking with three hosted toolbars.
+--memory adds the ten minutes of ticking with three hosted toolbars; without it that table stays as it is.
 """
 import os
 import resource
@@ -18,6 +18,7 @@ import sizes  # noqa: E402, the way to it stands above
 
 BIN = ROOT / 'build' / 'i686' / 'bin'
 ROUNDS = 3
+RESULT = ROOT / 'docs' / 'performance.md'
 
 
 def tool(name, *arguments):
@@ -167,15 +168,22 @@ def main():
         measure_setup(rows)
     finally:
         server.terminate()
-    memory = []
+    memory = former_memory()
     if '--memory' in sys.argv:
         from bench_memory import measure_memory
-        memory = measure_memory()
+        memory = '\n'.join([*measure_memory(), ''])
     write(rows, title_cost(), memory)
 
 
+def former_memory():
+    """The table as it stands; empty if there is none."""
+    begin, end = 'Private memory under Wine while', 'The program is stripped'
+    text = RESULT.read_text() if RESULT.exists() else ''
+    return text[text.index(begin):text.index(end)] if begin in text else ''
+
+
 def write(rows, titles, memory):
-    (ROOT / 'docs' / 'performance.md').write_text(f'''# Performance
+    RESULT.write_text(f'''# Performance
 
 Made by `bench/run.py` (and `--memory` for the ten minutes of ticking). CPU time under Wine is that of the program and of
 its Wine server together, pinned to one core, start-up left out; only the ratio within one run says something.
@@ -190,8 +198,7 @@ which a test watches):
 ```
 {titles}```
 
-{chr(10).join(memory)}
-The program is stripped and needs no library of its own; `packaging/sizes.py` writes this table alone.
+{memory}The program is stripped and needs no library of its own; `packaging/sizes.py` writes this table alone.
 
 {sizes.table()}''')
 

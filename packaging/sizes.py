@@ -11,7 +11,7 @@ HEAD = "| File | Size |\n| --- | --- |\n"
 
 def table():
     """The table, with what has been built so far."""
-    files = [f"dist/{bits}/{name}" for bits in BITS for name in ("kestrel.exe", "EAGLE_Kestrel_Bench.chm")]
+    files = [f"dist/{bits}/{name}" for bits in BITS for name in ("kestrel.exe", "EAGLE_Kestrel_Bench.chm", "samples/icons.dll")]
     files += [f"dist/packages/{name}" for name in names()]
     rows = [f"| `{file}` | {(ROOT / file).stat().st_size / 1024:.0f} KB |\n" for file in files if (ROOT / file).exists()]
     return HEAD + "".join(rows)
