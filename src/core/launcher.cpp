@@ -29,10 +29,6 @@ std::int32_t filesToReopen() {
     return store::getNumber(store::section::toolbar, key::winEAGLE);
 }
 
-bool eaglePathIsRight() {
-    return runtime::lowerCase(platform::dir(setting(key::eaglePath))) == "eagle.exe";
-}
-
 void tellWrongPath() {
     platform::msgBox(store::LoadResString(1058 + languageOffset) + "\r\n" +
                          store::LoadResString(1059 + languageOffset),
@@ -98,6 +94,10 @@ void start() {
 
 } // namespace
 
+bool isEaglePath(std::string_view path) {
+    return runtime::lowerCase(platform::dir(path)) == "eagle.exe";
+}
+
 std::string commandLineTail(const std::array<std::string, 3>& names) {
     const auto& [board, schematic, library] = names;
     const auto count =
@@ -115,7 +115,7 @@ std::string commandLineTail(const std::array<std::string, 3>& names) {
 }
 
 void startEagle() {
-    if (!eaglePathIsRight()) {
+    if (!isEaglePath(setting(key::eaglePath))) {
         tellWrongPath();
         return;
     }

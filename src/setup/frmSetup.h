@@ -160,7 +160,6 @@ class frmSetup : public forms::Form {
     void saveOptions();
     void saveUnits();
     void commitLists();
-    bool eaglePathValid() const;
     static void showWrongPath();
     void btnOk_Click();
 

@@ -3,6 +3,7 @@
 #include "setup/frmSetup.h"
 
 #include "calculator/frmMil.h"
+#include "core/launcher.h"
 #include "core/state.h"
 #include "platform/system.h"
 #include "runtime/text.h"
@@ -40,11 +41,6 @@ void frmSetup::saveUnits() {
     }
 }
 
-/// Whether the file is there and bears EAGLE's name, in any mix of case.
-bool frmSetup::eaglePathValid() const {
-    return runtime::lowerCase(platform::dir(txtEAGLE.text())) == "eagle.exe";
-}
-
 void frmSetup::showWrongPath() {
     platform::msgBox(LoadResString(1057 + languageOffset), platform::criticalStyle,
                      LoadResString(3930 + languageOffset));
@@ -69,14 +65,14 @@ void frmSetup::btnOk_Click() {
     saveUnits();
     // Kept: the calculators in EAGLE's windows are other instances and keep their units.
     calculator::defaultMil().loadResources();
-    if (chkEAGLE.value() != 0 && !eaglePathValid()) {
+    if (chkEAGLE.value() != 0 && !core::isEaglePath(txtEAGLE.text())) {
         showWrongPath();
         setMousePointer(forms::MousePointer::standard);
         return;
     }
     setini(store::section::toolbarWritten, key::eaglePath, std::string(runtime::trim(txtEAGLE.text())));
     commitLists();
-    if (store::saveButtonLists(0) != 0 && !eaglePathValid()) {
+    if (store::saveButtonLists(0) != 0 && !core::isEaglePath(txtEAGLE.text())) {
         // Kept: all is saved by now, and the hourglass stays.
         showWrongPath();
         return;
