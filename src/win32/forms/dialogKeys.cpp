@@ -20,21 +20,21 @@ forms::TabStrip* findTabStrip(const forms::Container& container) {
     return nullptr;
 }
 
-/// The tab strip that the window stands in; null if it stands in none.
-HWND stripAround(HWND window) {
-    for (HWND seen = GetAncestor(window, GA_PARENT); seen != nullptr; seen = GetAncestor(seen, GA_PARENT)) {
-        const WindowPeer* peer = WindowPeer::of(seen);
-        if (peer == nullptr)
-            return nullptr;
-        if (peer->control().kind() == forms::ControlKind::tabStrip)
-            return seen;
-    }
-    return nullptr;
-}
-
 bool isTabStrip(HWND window) {
     const WindowPeer* peer = WindowPeer::of(window);
     return peer != nullptr && peer->control().kind() == forms::ControlKind::tabStrip;
+}
+
+/// The tab strip that the window stands in; null if it stands in none.
+HWND stripAround(HWND window) {
+    for (HWND seen = window; WindowPeer::of(seen) != nullptr; seen = GetAncestor(seen, GA_PARENT))
+        if (isTabStrip(seen))
+            return seen;
+    return nullptr;
+}
+
+bool isTabKey(const MSG& message) {
+    return message.message == WM_KEYDOWN && message.wParam == VK_TAB;
 }
 
 /// The next or previous stop of the Tab key. A tab strip is a stop in front of the first one on its page, so
@@ -93,7 +93,7 @@ void focusFirst(HWND container) {
 }
 
 bool moveByTab(const MSG& message) {
-    if (message.message != WM_KEYDOWN || message.wParam != VK_TAB || GetKeyState(VK_CONTROL) < 0)
+    if (!isTabKey(message) || GetKeyState(VK_CONTROL) < 0)
         return false;
     const LRESULT wanted =
         SendMessageA(message.hwnd, WM_GETDLGCODE, message.wParam, reinterpret_cast<LPARAM>(&message));
@@ -104,7 +104,7 @@ bool moveByTab(const MSG& message) {
 }
 
 bool turnPage(HWND dialog, const MSG& message) {
-    if (message.message != WM_KEYDOWN || message.wParam != VK_TAB || GetKeyState(VK_CONTROL) >= 0)
+    if (!isTabKey(message) || GetKeyState(VK_CONTROL) >= 0)
         return false;
     const WindowPeer* peer = WindowPeer::of(dialog);
     const auto* container =
