@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Sets up what is missing, builds, and runs every test. The last line says how many passed and failed; the exit code
-# is 0 only when none failed. Takes no arguments and may be run again: what is there already is not made again.
+# Sets up what is missing, builds, and runs the tests: all of them, but for the scenes that only the 32-bit program plays
+# (the last two steps). The last line says how many passed and failed; the exit code is 0 only when none failed. Takes
+# no arguments and may be run again: what is there already is not made again.
 #
 # A step that prints counts of its own (tools/test-counts.awk knows how they look) adds them; any other step counts
 # as one. A step that could not run has failed.
@@ -35,7 +36,7 @@ step() {
 step 'toolchain' tools/setup-toolchain.sh
 step 'native build' tools/build.sh native
 step 'native tests' build/native/bin/kestrel-tests
-step 'style' tools/check-style.sh build/native
+step 'style' tools/check-style.sh
 step 'art' "$PYTHON" resources/check-art.py
 step 'win32 build' tools/build.sh i686
 step 'win64 build' tools/build.sh x86_64
@@ -44,8 +45,8 @@ step 'packages' "$PYTHON" packaging/check-packages.py
 step 'wine' tools/setup-wine.sh
 step 'win32 contract' tools/test-contract.sh i686
 step 'win64 contract' tools/test-contract.sh x86_64
-step 'win32 scenes' "$PYTHON" tests/windows/playAll.py win32
-step 'win64 scenes' "$PYTHON" tests/windows/playAll.py win64 mainJob calculator runRequest tray setupDialog controls dialogs hostLife programStart toolbarWindow sessionEnd installer
+step 'win32 scenes' "$PYTHON" tests/windows/play-all.py win32
+step 'win64 scenes' "$PYTHON" tests/windows/play-all.py win64 mainJob calculator runRequest tray setupDialog controls dialogs hostLife programStart toolbarWindow sessionEnd installer
 
 printf '\n'
 printf '   %s\n' "${summary[@]}" "$(printf '%-43s %4d s' 'all together' "$SECONDS")"

@@ -1,196 +1,125 @@
 #!/usr/bin/env python3
-"""Plays the measurements and writes docs/performance.md. Usage: bench/run.py [--memory]
+"""Plays the measurements and writes docs/performance.md: bench/run.py [--memory] [MEASUREMENT]...
 
-Needs the native-release, i686 and x86_64 builds and the Wine sandbox (./test.sh makes all but the first). CPU time is
-that of the program and of its Wine server together, everything pinned to one core; a figure is a ratio within one run.
---memory adds the ten minutes of ticking with three hosted toolbars; without it that table stays as it is.
+Sets up and builds what these need. --memory adds the ten minutes of ticking with three hosted toolbars; without it that table
+stays as it is. With the names of measurements only these are made and shown, and the document stays as it is.
 """
+
+import argparse
+import contextlib
 import os
-import resource
 import subprocess
 import sys
 import time
 from pathlib import Path
 
-ROOT = Path(__file__).resolve().parent.parent
-sys.path[:0] = [str(ROOT / 'tests' / 'windows'), str(ROOT / 'packaging')]
+PROJECT = Path(__file__).resolve().parent.parent
+sys.path[:0] = [str(PROJECT / "tests" / "windows"), str(PROJECT / "packaging")]
+
 import sizes  # noqa: E402, the way to it stands above
+import work  # noqa: E402
+from driver.display import Display  # noqa: E402
+from memory import ticking_memory  # noqa: E402
 
-BIN = ROOT / 'build' / 'i686' / 'bin'
-ROUNDS = 3
-RESULT = ROOT / 'docs' / 'performance.md'
-
-
-def tool(name, *arguments):
-    return subprocess.run([ROOT / 'tools' / name, *arguments], check=True, text=True, capture_output=True).stdout.strip()
-
-
-class Prefix:
-    """A fresh C: drive with a bench program and its icons in C:\\bench."""
-
-    def __init__(self, program='win-bench'):
-        self.program = program
-        self.name = tool('wine-prefix', 'make')
-        folder = Path(tool('wine-prefix', 'folder', self.name)) / 'bench'
-        folder.mkdir()
-        for file in [BIN / f'{program}.exe', *(ROOT / 'resources').glob('???.ico')]:
-            (folder / file.name).write_bytes(file.read_bytes())
-
-    def command(self, *arguments):
-        return ['taskset', '-c', '0', str(ROOT / 'tools' / 'wine-run'), '--prefix', self.name, f'C:\\bench\\{self.program}.exe',
-                *map(str, arguments)]
-
-    def has_server(self):
-        return self.find_server() is not None
-
-    def server_ticks(self):
-        ticks = self.find_server()
-        if ticks is None:
-            raise SystemExit('the Wine server is not there')
-        return ticks
-
-    def find_server(self):
-        """Ticks of CPU that the prefix's Wine server has taken; None if there is none."""
-        mark = f'WINEPREFIX=/runs/{self.name}'.encode()
-        for process in Path('/proc').glob('[0-9]*'):
-            try:
-                if (process / 'comm').read_text().startswith('wineserver') and mark in (process / 'environ').read_bytes():
-                    fields = (process / 'stat').read_text().rsplit(')', 1)[1].split()
-                    return int(fields[11]) + int(fields[12])
-            except OSError:
-                continue
-        return None
-
-    def cpu(self, *arguments):
-        """Seconds of CPU that a run of the bench program takes, with the server's part."""
-        server = self.server_ticks()
-        before = resource.getrusage(resource.RUSAGE_CHILDREN)
-        subprocess.run(self.command(*arguments), check=True, capture_output=True)
-        after = resource.getrusage(resource.RUSAGE_CHILDREN)
-        own = after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
-        return own + (self.server_ticks() - server) / os.sysconf('SC_CLK_TCK')
-
-    def each(self, work, few, many):
-        """Milliseconds for one round of some work, its start-up left out."""
-        return (self.cpu(work, many) - self.cpu(work, few)) / (many - few) * 1000
-
-    def drop(self):
-        tool('wine-prefix', 'drop', self.name)
+REPORT = PROJECT / "docs" / "performance.md"
+TITLES, MEMORY = "titles", "memory"
+MEASUREMENTS = {"ticks": work.ticks, "load": work.load, "start": work.start, "setup": work.setup, TITLES: None}
+# What is built of each preset for a measurement: the drivers' stage, where one plays on it, and the programs measured.
+STAGE = {"i686": {"dist", "eagle"}, "x86_64": {"witness"}}
+BENCH = {"i686": {"win-bench"}}
+NEEDS = {"ticks": [BENCH], "load": [BENCH], "setup": [BENCH], "start": [STAGE, {"i686": {"start-bench"}}],
+         MEMORY: [STAGE, BENCH], TITLES: [{"native-release": {"title-bench"}}]}
 
 
-def compare(prefix, work, bare, few, many):
-    """Both in turn, so that what else the machine does meets both alike."""
-    pairs = [(prefix.each(work, few, many), prefix.each(bare, few, many)) for _ in range(ROUNDS)]
-    own, least = (sum(values) / ROUNDS for values in zip(*pairs))
-    return own, least, own / least
+@contextlib.contextmanager
+def step(what):
+    """Says what is being done, and at its end how long it took."""
+    print(f"== {what}", flush=True)
+    begin = time.monotonic()
+    yield
+    print(f"== {what}: {time.monotonic() - begin:.0f} s", flush=True)
 
 
-def display():
-    number = next(n for n in range(90, 200) if not Path(f'/tmp/.X11-unix/X{n}').exists())
-    server = subprocess.Popen(['taskset', '-c', '1', 'Xvfb', f':{number}', '-screen', '0', '1280x1024x24'],
-                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-    while not Path(f'/tmp/.X11-unix/X{number}').exists():
-        time.sleep(0.05)
-    os.environ['DISPLAY'] = f':{number}'
-    return server
+def build(chosen):
+    """Sets up and builds what the measurements need."""
+    targets = {}
+    for needed in (needed for name in chosen for needed in NEEDS[name]):
+        for preset, names in needed.items():
+            targets.setdefault(preset, set()).update(names)
+    run_tool("setup-toolchain.sh")
+    for preset, names in targets.items():
+        run_tool("build.sh", preset, *sorted(names))
+    if targets.keys() - {"native-release"}:
+        run_tool("setup-wine.sh")
 
 
-def measure_ticks(rows):
-    for windows, many in ((10, 700), (100, 500), (500, 250)):
-        prefix = Prefix()
-        others = subprocess.Popen(prefix.command('windows', windows), stdout=subprocess.PIPE, text=True)
-        others.stdout.readline()
-        own, bare, ratio = compare(prefix, 'tick', 'tick-bare', 50, many)
-        rows.append(f'| One tick, {windows} further windows | {own:.2f} ms | {bare:.2f} ms | {ratio:.2f} | 1.10 |')
-        print(rows[-1], flush=True)
-        prefix.drop()
-        others.wait()
+def run_tool(script, *arguments):
+    command = " ".join([f"tools/{script}", *arguments])
+    with step(command):
+        if subprocess.run([PROJECT / "tools" / script, *arguments], check=False).returncode != 0:
+            raise RuntimeError(f"{command} has failed")
 
 
-def measure_load(rows):
-    prefix = Prefix()
-    keeper = subprocess.Popen(prefix.command('windows', 1), stdout=subprocess.PIPE, text=True)
-    keeper.stdout.readline()
-    own, bare, ratio = compare(prefix, 'load', 'load-bare', 2, 22)
-    rows.append(f'| `loadVarBar`, 100 buttons with icons | {own:.2f} ms | {bare:.2f} ms | {ratio:.2f} | 1.25 |')
-    print(rows[-1], flush=True)
-    prefix.drop()
-    keeper.wait()
+def on_core(core):
+    """Where this program and all that it starts from here on run."""
+    os.sched_setaffinity(0, {core})
 
 
-def measure_start(rows):
-    from bench_start import row, start_cpu, start_memory
-    prefix = Prefix('start-bench')
-    keeper = subprocess.Popen(prefix.command('tray'))
-    while not prefix.has_server():
-        time.sleep(0.05)
-    rows.append(row('Start to tray icon, without the splash\'s two seconds', *start_cpu(prefix), 'ms', '1.50'))
-    print(rows[-1], flush=True)
-    own, bare, _ = compare(prefix, 'keys', 'keys-bare', 50, 1050)
-    rows.append(row('Key release to the result in the other field', own, bare, 'ms'))
-    print(rows[-1], flush=True)
-    prefix.drop()
-    keeper.wait()
-    rows.append(row('Private memory with the tray icon', *start_memory(), 'KB', '1.50'))
-    print(rows[-1], flush=True)
-
-
-def measure_setup(rows):
-    """An OK closes the dialog, so each has an opening of its own, which is taken off again."""
-    prefix = Prefix()
-    keeper = subprocess.Popen(prefix.command('windows', 1), stdout=subprocess.PIPE, text=True)
-    keeper.stdout.readline()
-    rounds = [[prefix.each(work, 1, many) for work, many in (('setup-open', 11), ('setup-ok', 4), ('setup-ok-bare', 4))]
-              for _ in range(ROUNDS)]
-    opening, both, bare = (sum(values) / ROUNDS for values in zip(*rounds))
-    own = both - opening
-    rows.append(f'| Opening the setup, 3 lists of 200 buttons | {opening:.2f} ms | | | |')
-    rows.append(f'| OK of the setup, 3 lists of 200 buttons | {own:.0f} ms | {bare:.0f} ms | {own / bare:.2f} | 1.15 |')
-    print(*rows[-2:], sep='\n', flush=True)
-    prefix.drop()
-    keeper.wait()
+def under_wine(chosen):
+    """The rows of the table. What is measured has a core to itself, the display the other one if there are two."""
+    cores = sorted(os.sched_getaffinity(0))
+    rows = []
+    if not chosen:
+        return rows
+    try:
+        on_core(cores[-1])
+        with Display() as display:
+            on_core(cores[0])
+            for name in chosen:
+                with step(f"{name}, under Wine"):
+                    for row in MEASUREMENTS[name](display):
+                        print(row, flush=True)
+                        rows.append(row)
+    finally:
+        os.sched_setaffinity(0, cores)
+    return rows
 
 
 def title_cost():
-    text = subprocess.run([ROOT / 'build' / 'native-release' / 'bin' / 'title-bench'], check=True, text=True,
-                          capture_output=True).stdout
-    print(text, flush=True)
+    with step("titles, on the simulated desktop"):
+        text = subprocess.run([PROJECT / "build" / "native-release" / "bin" / "title-bench"], check=True, text=True,
+                              stdout=subprocess.PIPE).stdout
+        print(text, end="", flush=True)
     return text
-
-
-def main():
-    server = display()
-    rows = []
-    try:
-        measure_ticks(rows)
-        measure_load(rows)
-        measure_start(rows)
-        measure_setup(rows)
-    finally:
-        server.terminate()
-    memory = former_memory()
-    if '--memory' in sys.argv:
-        from bench_memory import measure_memory
-        memory = '\n'.join([*measure_memory(), ''])
-    write(rows, title_cost(), memory)
 
 
 def former_memory():
     """The table as it stands; empty if there is none."""
-    begin, end = 'Private memory under Wine while', 'The program is stripped'
-    text = RESULT.read_text() if RESULT.exists() else ''
-    return text[text.index(begin):text.index(end)] if begin in text else ''
+    begin, end = "Private memory under Wine while", "The program is stripped"
+    text = REPORT.read_text(encoding="utf-8") if REPORT.exists() else ""
+    return text[text.index(begin):text.index(end)] if begin in text else ""
+
+
+def new_memory():
+    rows = []
+    with step("memory, under Wine"):
+        for row in ticking_memory():
+            print(row, flush=True)
+            rows.append(row + "\n")
+    return "".join(rows) + "\n"
 
 
 def write(rows, titles, memory):
-    RESULT.write_text(f'''# Performance
+    table = "\n".join(rows)
+    REPORT.write_text(f"""# Performance
 
 Made by `bench/run.py` (and `--memory` for the ten minutes of ticking). CPU time under Wine is that of the program and of
-its Wine server together, pinned to one core, start-up left out; only the ratio within one run says something.
+its Wine server together, pinned to one core; start-up is left out, except where it is what is measured. Only the ratio within
+one run says something; the last column has the most that it should be.
 
 | Work | Kestrel | Bare calls | Ratio | At most |
 | --- | --- | --- | --- | --- |
-{chr(10).join(rows)}
+{table}
 
 The tracker's own logic for one window title, on the simulated desktop (at most 25 ns; no memory is taken from the heap,
 which a test watches):
@@ -200,7 +129,31 @@ which a test watches):
 
 {memory}The program is stripped and needs no library of its own; `packaging/sizes.py` writes this table alone.
 
-{sizes.table()}''')
+{sizes.table()}""", encoding="utf-8")
 
 
-main()
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--memory", action="store_true", help="ten minutes of ticking with three hosted toolbars as well")
+    parser.add_argument("measurements", metavar="MEASUREMENT", nargs="*", help=f"one of {', '.join(MEASUREMENTS)}; by default all")
+    wanted = parser.parse_args()
+    if unknown := set(wanted.measurements) - set(MEASUREMENTS):
+        parser.error(f"there is no measurement {', '.join(sorted(unknown))}")
+    chosen = [name for name in MEASUREMENTS if name in wanted.measurements] or list(MEASUREMENTS)
+    with step("all"):
+        build([*chosen, *([MEMORY] if wanted.memory else [])])
+        rows = under_wine([name for name in chosen if name != TITLES])
+        titles = title_cost() if TITLES in chosen else ""
+        memory = new_memory() if wanted.memory else former_memory()
+        if not wanted.measurements:
+            write(rows, titles, memory)
+            print(f"== written: {REPORT.relative_to(PROJECT)}")
+
+
+if __name__ == "__main__":
+    try:
+        main()
+    except KeyboardInterrupt:
+        sys.exit("!! broken off, nothing is written")
+    except (OSError, RuntimeError, subprocess.CalledProcessError) as error:
+        sys.exit(f"!! {error}; nothing is written")

@@ -1,12 +1,12 @@
 #include "setupBench.h"
 
-#include "core/state.h"
+#include "platform/executable.h"
 #include "platform/kernel32.h"
-#include "platform/system.h"
 #include "setup/frmSetup.h"
 #include "store/buttonLists.h"
 #include "store/settings.h"
-#include "win32/forms/modal.h"
+#include "store/state.h"
+#include "win32/common/messages.h"
 
 #include <string>
 #include <vector>
@@ -18,8 +18,8 @@ namespace {
 constexpr int buttonCount = 200;
 
 void fillLists() {
-    core::unitName = {"mil", "mm"};
-    core::unitAccuracy = {"@", "@"};
+    store::unitName = {"mil", "mm"};
+    store::unitAccuracy = {"@", "@"};
     for (const store::EditorKind kind : store::editorKinds) {
         store::ButtonList& list = *store::listOf(kind).buttons;
         list.redim(buttonCount);

@@ -8,8 +8,8 @@
 //   start-bench keys-bare N  N releases of a key in a field whose owner sets the text of another
 #include "calculator/frmMil.h"
 #include "core/hauptform.h"
-#include "core/state.h"
-#include "win32/forms/modal.h"
+#include "store/state.h"
+#include "win32/common/messages.h"
 
 #include <windows.h>
 
@@ -17,6 +17,7 @@
 #include <objbase.h>
 #include <shellapi.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <string_view>
@@ -41,20 +42,22 @@ void bareTrayIcon() {
 }
 
 [[noreturn]] void start() {
-    auto* const form = new core::Hauptform; // NOLINT(cppcoreguidelines-owning-memory): to the end
+    auto* const form = new core::Hauptform; // to the end
     form->load();
     form->delSystray();
     ExitProcess(0);
 }
 
 void stay() {
+    std::puts("ready");
+    std::fflush(stdout);
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0)
         DispatchMessageA(&message);
 }
 
 void keys(int count) {
-    core::unitAccuracy = {"@", "0.####"};
+    store::unitAccuracy = {"@", "0.####"};
     calculator::frmMil form;
     form.load();
     form.show();
@@ -101,7 +104,7 @@ void keysBare(int count) {
 int main(int count, char** arguments) {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
     const std::string_view what = count > 1 ? arguments[1] : "";
-    const int number = count > 2 ? std::atoi(arguments[2]) : 0; // NOLINT(cert-err34-c): a number of rounds
+    const int number = count > 2 ? std::atoi(arguments[2]) : 0; // a number of rounds
     if (what == "start") {
         start();
     } else if (what == "start-bare") {

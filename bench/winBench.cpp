@@ -13,14 +13,14 @@
 #include "setupBench.h"
 
 #include "core/hauptform.h"
+#include "platform/executable.h"
 #include "platform/kernel32.h"
 #include "platform/shell32.h"
-#include "platform/system.h"
 #include "platform/user32.h"
 #include "store/buttonLists.h"
 #include "store/settings.h"
 #include "toolbars/frmToolbar.h"
-#include "win32/forms/modal.h"
+#include "win32/common/messages.h"
 
 #include <windows.h>
 
@@ -168,7 +168,7 @@ void loadBare(int count) {
 
 int main(int count, char** arguments) {
     const std::string_view what = count > 1 ? arguments[1] : "";
-    const int number = count > 2 ? std::atoi(arguments[2]) : 0; // NOLINT(cert-err34-c): a number of rounds
+    const int number = count > 2 ? std::atoi(arguments[2]) : 0; // a number of rounds
     if (what == "windows")
         openWindows(number);
     else if (what == "tick")

@@ -1,27 +1,27 @@
 # Compiler options that every target of the project shares.
 include_guard(GLOBAL)
-add_library(kestrel_options INTERFACE)
-target_compile_options(kestrel_options INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
+add_library(kestrel-options INTERFACE)
+target_compile_options(kestrel-options INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
 # GCC 12 sees overlapping copies in std::string where there are none, at -O2 and above only.
-target_compile_options(kestrel_options INTERFACE $<$<CONFIG:Release>:-Wno-restrict>)
+target_compile_options(kestrel-options INTERFACE $<$<CONFIG:Release>:-Wno-restrict>)
 
 option(KESTREL_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 if(KESTREL_SANITIZE)
-    target_compile_options(kestrel_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+    target_compile_options(kestrel-options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                      -fno-omit-frame-pointer)
-    target_link_options(kestrel_options INTERFACE -fsanitize=address,undefined)
+    target_link_options(kestrel-options INTERFACE -fsanitize=address,undefined)
 endif()
 
 if(WIN32)
     # One file that needs nothing but the system's own DLLs, and no more of it than is used.
-    target_compile_options(kestrel_options INTERFACE -ffunction-sections -fdata-sections)
+    target_compile_options(kestrel-options INTERFACE -ffunction-sections -fdata-sections)
     # Without the time of linking: the same sources give the same bytes.
-    target_link_options(kestrel_options INTERFACE -static -Wl,--gc-sections -Wl,--no-insert-timestamp -s)
-    target_compile_definitions(kestrel_options INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
+    target_link_options(kestrel-options INTERFACE -static -Wl,--gc-sections -Wl,--no-insert-timestamp -s)
+    target_compile_definitions(kestrel-options INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
 endif()
 
 # The test framework is one header of the host's; a cross compiler does not look there by itself.
 find_path(DOCTEST_DIR doctest/doctest.h PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
 configure_file(${DOCTEST_DIR}/doctest/doctest.h ${CMAKE_BINARY_DIR}/include/doctest/doctest.h COPYONLY)
-add_library(kestrel_doctest INTERFACE)
-target_include_directories(kestrel_doctest SYSTEM INTERFACE ${CMAKE_BINARY_DIR}/include)
+add_library(kestrel-doctest INTERFACE)
+target_include_directories(kestrel-doctest SYSTEM INTERFACE ${CMAKE_BINARY_DIR}/include)

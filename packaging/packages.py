@@ -18,18 +18,14 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 HERE = ROOT / "packaging"
-sys.path.insert(0, str(ROOT / "samples"))
+sys.path[:0] = [str(ROOT / "samples"), str(ROOT / "tools")]
 
 import samples  # noqa: E402, the way to it stands above
+from version import version  # noqa: E402
 
 BITS = {"win32": 32, "win64": 64}
 PICTURES = {"ICON": "kestrel.ico", "SIDE": "installer.bmp"}  # of the installer
 ZIP_BEGINS = 315532800  # 1980: a zip knows no earlier time
-
-
-def version():
-    """The project's version stands in CMakeLists.txt and nowhere else."""
-    return re.search(r"^project\(kestrel VERSION (\d+\.\d+\.\d+)", (ROOT / "CMakeLists.txt").read_text(), re.M).group(1)
 
 
 def names():

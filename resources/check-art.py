@@ -11,8 +11,7 @@ import sys
 HERE = pathlib.Path(__file__).resolve().parent
 MASK = 0xC0C0C0
 PAPER = bytes.fromhex("FFFFC0")
-SAMPLES = ("fit redraw ratsnest ripup drc erc grid-mm grid-inch grid-fine layers layers-all layers-top layers-bottom show "
-           "run-ulp script print notes").split()
+SIZED = re.compile(r"-\d+$")  # end of a drawing's name that is for one size
 SQUARE, SQUARE_AT = (93, 93), (16, 12)  # size and place on the splash form
 WIDE, WIDE_AT = (361, 76), (28, 68)
 
@@ -25,7 +24,13 @@ def expect(condition, text):
 
 
 def icon(path, sizes):
-    data = path.read_bytes()
+    try:
+        images(path, path.read_bytes(), sizes)
+    except (struct.error, IndexError, OSError) as error:
+        expect(False, f"{path.name}: not a whole icon: {error}")
+
+
+def images(path, data, sizes):
     reserved, kind, count = struct.unpack_from("<3H", data)
     expect((reserved, kind) == (0, 1), f"{path.name}: not an icon")
     found = []
@@ -88,6 +93,23 @@ def splash():
             expect(same, f"the splash pictures differ where they overlap, at {x}, {y}")
 
 
+def samples():
+    """What a drawing of an icon for buttons is made into, and what the library of all of them is made of."""
+    drawings = {path.stem for path in (HERE / "art/samples").glob("*.svg")}
+    names = {name for name in drawings if not SIZED.search(name)}
+    for name in sorted(drawings - names):
+        expect(SIZED.sub("", name) in names, f"art/samples/{name}.svg: no drawing for the other sizes")
+    made = {path.stem for path in (HERE / "samples").glob("*.ico")}
+    for name in sorted(names ^ made):
+        expect(False, f"samples/{name}.ico: " + ("not made: run make-art.sh" if name in names else "has no drawing"))
+    listed = re.findall(r'^(\d+) ICON "(.+)\.ico"', (HERE / "samples/icons.rc").read_text("ascii"), re.M)
+    expect([number for number, _ in listed] == [str(place + 1) for place in range(len(listed))],
+           "icons.rc: the places do not follow each other")
+    expect(sorted(name for _, name in listed) == sorted(names), f"icons.rc: not every icon once: {sorted(names)}")
+    for name in sorted(made):
+        icon(HERE / f"samples/{name}.ico", [16, 24, 32])
+
+
 def table():
     path = HERE.parent / "src/toolbars/pictures.inc"
     lists = re.findall(r'\{ /\*key\*/ "(\w+)", \{([^}]*)\} \},', path.read_text("ascii"))
@@ -103,8 +125,7 @@ def table():
 
 for name in ("kestrel", "brd", "sch", "lbr"):
     icon(HERE / f"{name}.ico", [16, 24, 32, 48])
-for name in SAMPLES:
-    icon(HERE / f"samples/{name}.ico", [16, 24, 32])
+samples()
 splash()
 bitmap(HERE / "installer.bmp", (164, 314))  # the size that the installer's pages want
 table()

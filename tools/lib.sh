@@ -1,5 +1,5 @@
-# Shared by the scripts of this folder: where things are, how they report, how packages are installed.
-# Sourced, never run. Expects bash with `set -euo pipefail`.
+# Shared by the shell scripts of the project: where things are, how they report, how packages are installed.
+# Sourced by bash, never run.
 
 PROJECT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 KESTREL_CACHE=${KESTREL_CACHE:-${HOME:-/root}/.cache/kestrel}

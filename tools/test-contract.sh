@@ -10,4 +10,4 @@ program=build/$preset/bin/contract-tests.exe
 [ -f "$program" ] || fail "$program has not been built"
 say "contract tests of $preset under Wine"
 export PYTHONPATH=tests/windows
-timeout -k 10 600 "$PYTHON" -m driver.display tools/wine-run "$program"
+timeout -k 10 600 "$PYTHON" -m driver.display tools/wine-run.sh "$program"

@@ -2,10 +2,11 @@
 
 A page is a file LANGUAGE/TOPIC.html, UTF-8, in the part of HTML that `TAGS` names and as well-formed as XML, so that it can be
 opened in a browser as it stands. Texts of the program that a page quotes carry the number of the text in the catalogue:
-<b data-text="1016">Ok</b>.
+<b data-text="1016">Ok</b>. The program's version is put in for @PROJECT_VERSION@.
 """
 
 import re
+import sys
 import xml.etree.ElementTree as tree
 from dataclasses import dataclass
 from pathlib import Path
@@ -15,6 +16,9 @@ PROJECT = HERE.parents[1]
 PICTURES = HERE / "pictures"
 STYLE = HERE / "help.css"
 DOCS = PROJECT / "docs" / "help"
+
+sys.path.insert(0, str(PROJECT / "tools"))
+from version import PLACEHOLDER, version  # noqa: E402, the way to it stands above
 
 LANGUAGES = ("de", "en")
 START_TOPIC = "index"
@@ -60,7 +64,7 @@ def page(language, topic):
     """Reads one page. Raises ValueError where it is not well formed or lacks a part that every page has."""
     file = HERE / language / f"{topic.name}.html"
     try:
-        root = tree.fromstring(file.read_text(encoding="utf-8"))
+        root = tree.fromstring(file.read_text(encoding="utf-8").replace(PLACEHOLDER, version()))
     except tree.ParseError as error:
         raise ValueError(f"{file}: {error}") from error
     title, body = root.find("head/title"), root.find("body")

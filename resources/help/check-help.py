@@ -21,6 +21,7 @@ SOURCES = book.PROJECT / "src"
 # Titles that hold one of these are taken for windows of EAGLE.
 EDITOR_TITLES = ("board -", "schematic -", "schaltplan -", "library -", "bibliothek -", "control panel")
 NOT_QUOTED = {1051}  # texts of the program that its user sees under no heading: the filter of a file dialog
+VERSION_PICTURES = ("splash",)  # the version of the program is to be seen on them
 COMPILER_FILES = {"#ITBITS", "#IVB", "#STRINGS", "#SYSTEM", "#TOPICS", "#URLSTR", "#URLTBL", "#WINDOWS", "$FIftiMain",
                   "$OBJINST", "_#_README_#_"}
 
@@ -102,6 +103,19 @@ def check_source():
     for topic in book.topics():
         shapes = [[element.tag for element in book.page(language, topic).body] for language in book.LANGUAGES]
         equal(shapes[0], shapes[1], f"{topic.name}: both languages have the same blocks")
+
+
+def check_version():
+    for language in book.LANGUAGES:
+        sources = [file.read_text(encoding="utf-8") for file in sorted((book.HERE / language).glob("*.html"))]
+        expect(any(book.PLACEHOLDER in text for text in sources), f"{language}: the help tells the version")
+        expect(not any(re.search(r"Kestrel \d+\.\d", text) for text in sources), f"{language}: no page has a version of its own")
+        start = book.text_of(book.page(language, book.topics()[0]).body)
+        expect(f"Kestrel {book.version()}" in start, f"{language}: the start page tells the project's version")
+        for picture in VERSION_PICTURES:
+            data = (book.PICTURES / language / f"{picture}.png").read_bytes()
+            expect(f"Kestrel\0{book.version()}".encode() in data,
+                   f"pictures/{language}/{picture}.png shows another version: run tests/windows/pictures.py {picture}")
 
 
 def check_page(page):
@@ -215,6 +229,7 @@ def check_documents():
 
 def check_all(given):
     check_source()
+    check_version()
     with tempfile.TemporaryDirectory() as folder:
         first, second = Path(folder) / "first" / helpFile.FILE_NAME, Path(folder) / "second" / helpFile.FILE_NAME
         for file in (first, second):

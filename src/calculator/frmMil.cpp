@@ -1,11 +1,11 @@
 #include "calculator/frmMil.h"
 
-#include "core/state.h"
 #include "forms/defaultInstance.h"
 #include "runtime/numbers.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
 #include "store/settings.h"
+#include "store/state.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -34,7 +34,7 @@ frmMil::frmMil() {
     borderStyle = forms::BorderStyle::none;
     showInTaskbar = false;
     activates = false;
-    setClientSize(3000, 375);
+    setClientSize(designWidth, 375);
     fraMil.border = false;
     fraMil.setFont({"@Arial Unicode MS", 6.75F, false, false});
     fraMil.place(*this, {0, 0, 2925, 270});
@@ -61,7 +61,7 @@ frmMil::frmMil() {
 
 void frmMil::loadResources() {
     for (std::size_t side = 0; side < labUnit.size(); ++side)
-        labUnit[side].setCaption(core::unitName[side]);
+        labUnit[side].setCaption(store::unitName[side]);
 }
 
 void frmMil::txtSize_KeyPress(std::size_t /*index*/, int& keyAscii) {
@@ -98,7 +98,7 @@ void frmMil::convert(std::int16_t direction) {
         txtSize[side].setText("0");
     else
         txtSize[side].setText(
-            runtime::replaceAll(runtime::formatNumber(result, core::unitAccuracy[side]), ",", "."));
+            runtime::replaceAll(runtime::formatNumber(result, store::unitAccuracy[side]), ",", "."));
 }
 
 frmMil& defaultMil() {

@@ -16,6 +16,8 @@ namespace calculator {
 
 class frmMil : public forms::Form {
   public:
+    static constexpr float designWidth = 3000; ///< twips, of the client area
+
     frmMil();
 
     /// Gives the labels the unit names of the settings. Kept: only the default instance is ever asked, so the

@@ -2,12 +2,13 @@
 
 #include "core/frmSplash.h"
 #include "core/hauptform.h"
-#include "core/help.h"
 #include "core/launcher.h"
-#include "core/state.h"
 #include "forms/defaultInstance.h"
-#include "platform/system.h"
+#include "platform/messages.h"
+#include "platform/programs.h"
 #include "setup/frmSetup.h"
+#include "store/help.h"
+#include "store/state.h"
 #include "store/textCatalogue.h"
 
 #include <cstddef>
@@ -66,7 +67,7 @@ void frmMenu::loadResources() {
     load();
     for (std::size_t row = 0; row < std::size(entries); ++row)
         if (entries[row].text != 0)
-            mnuTaskbarG.items[row].caption = store::LoadResString(entries[row].text + languageOffset);
+            mnuTaskbarG.items[row].caption = store::LoadResString(entries[row].text + store::languageOffset);
 }
 
 void frmMenu::mnuTaskbar_Click(int index) {
@@ -75,7 +76,7 @@ void frmMenu::mnuTaskbar_Click(int index) {
         splashForm().show();
         break;
     case help:
-        showHelp();
+        store::showHelp();
         break;
     case openEagle:
         startEagle();

@@ -1,8 +1,8 @@
 #include "core/frmSplash.h"
 
-#include "core/version.h"
 #include "forms/defaultInstance.h"
-#include "platform/system.h"
+#include "forms/picture.h"
+#include "runtime/version.h"
 
 #include <string>
 
@@ -25,7 +25,7 @@ frmSplash::frmSplash() {
     setBackColour(lightYellow);
     setClientSize(6030, 2865);
     Image2.place(*this, {240, 180, 1395, 1395});
-    Image2.setPicture(platform::loadPicture("splashSquare"));
+    Image2.setPicture(forms::loadPicture("splashSquare"));
     labAuthor.place(*this, {2640, 2160, 3375, 675});
     labAuthor.setFont(italic(9.75F, true));
     labAuthor.setCaption("The Kestrel team");
@@ -36,7 +36,7 @@ frmSplash::frmSplash() {
     labCaption.setFont(italic(18));
     labCaption.setCaption("Kestrel Strip for EAGLE");
     Image1.place(*this, {420, 1020, 5415, 1140});
-    Image1.setPicture(platform::loadPicture("splashWide"));
+    Image1.setPicture(forms::loadPicture("splashWide"));
 
     const auto close = [this] { Timer1_Timer(); };
     Timer1.onTimer = close;
@@ -48,8 +48,7 @@ frmSplash::frmSplash() {
 }
 
 void frmSplash::Form_Load() {
-    labVersion.setCaption("Version " + std::to_string(versionMajor) + "." + std::to_string(versionMinor) +
-                          "." + std::to_string(versionRevision));
+    labVersion.setCaption(std::string("Version ") + runtime::version);
     Timer1.setEnabled(true);
 }
 

@@ -3,32 +3,22 @@
 #include "core/frmMenu.h"
 #include "core/frmSplash.h"
 #include "core/launcher.h"
-#include "core/runRequest.h"
-#include "core/state.h"
-#include "platform/system.h"
+#include "forms/mainForm.h"
+#include "platform/programs.h"
+#include "setup/frmSetup.h"
 #include "store/settings.h"
+#include "store/state.h"
+
+#include <algorithm>
 
 namespace core {
 
-namespace {
-
-Hauptform* theHauptform = nullptr;
-
-template <typename FormOfKind>
-Toolbars startList() {
-    Toolbars list;
-    list.push_back(std::make_unique<FormOfKind>());
-    return list;
-}
-
-} // namespace
-
 Hauptform* hauptform() {
-    return theHauptform;
+    return dynamic_cast<Hauptform*>(forms::mainForm);
 }
 
 Hauptform::Hauptform() {
-    theHauptform = this;
+    forms::mainForm = this;
     setCaption("Kestrel Strip for EAGLE");
     borderStyle = forms::BorderStyle::none;
     showInTaskbar = false;
@@ -37,19 +27,24 @@ Hauptform::Hauptform() {
     txtTooltip.setText("Kestrel Bar for EAGLE");
     txtTooltip.onMouseMove = [this](int, int, float x, float) { txtTooltip_MouseMove(x); };
     tmrSystray.onTimer = [this] { tryAddSystray(); };
-    Timer1.onTimer = [this] { handleRunRequest(*this); };
+    Timer1.onTimer = [this] { Timer1_Timer(); };
     Timer2.onTimer = [this] { Timer2_Timer(); };
+    setup::frmSetup::onNewLanguage = [] { menuForm().loadResources(); };
+    setup::frmSetup::onWindowReset = [this] { resetWindowRecords(); };
 }
 
 Hauptform::~Hauptform() {
-    theHauptform = nullptr;
+    setup::frmSetup::onNewLanguage = nullptr;
+    setup::frmSetup::onWindowReset = nullptr;
+    forms::mainForm = nullptr;
 }
 
 void Hauptform::Form_Load() {
     calculators.resize(1);
-    toolbarsBRD = startList<toolbars::frmToolbarBRD>();
-    toolbarsSCH = startList<toolbars::frmToolbarSCH>();
-    toolbarsLBR = startList<toolbars::frmToolbarLBR>();
+    for (const store::EditorKind kind : store::editorKinds) {
+        toolbarsOf(kind).clear();
+        toolbarsOf(kind).push_back(std::make_unique<toolbars::frmToolbar>(kind));
+    }
     // Before anything that the user or a running instance could notice.
     if (platform::previousInstance()) {
         unload();
@@ -57,7 +52,7 @@ void Hauptform::Form_Load() {
     }
     dropRunRequest();
     splashForm().showModal();
-    languageOffset = store::getNumber(store::section::global, store::key::language);
+    store::languageOffset = store::getNumber(store::section::global, store::key::language);
     addSystray();
     menuForm().loadResources();
     loadSettings();
@@ -72,11 +67,11 @@ void Hauptform::loadSettings() {
     namespace key = store::key;
     constexpr const char* unit = store::section::unit;
     if (store::getFlag(unit, key::visible))
-        unitCalcActive = 1;
-    unitName[0] = getText(unit, key::leftUnit, "mil");
-    unitName[1] = getText(unit, key::rightUnit, "mm");
-    unitAccuracy[0] = getText(unit, key::leftAccuracy, "@");
-    unitAccuracy[1] = getText(unit, key::rightAccuracy, "@");
+        store::unitCalcActive = 1;
+    store::unitName[0] = getText(unit, key::leftUnit, "mil");
+    store::unitName[1] = getText(unit, key::rightUnit, "mm");
+    store::unitAccuracy[0] = getText(unit, key::leftAccuracy, "@");
+    store::unitAccuracy[1] = getText(unit, key::rightAccuracy, "@");
 }
 
 void Hauptform::Form_QueryUnload(bool& /*cancel*/) {
@@ -89,7 +84,14 @@ void Hauptform::Form_Unload() {
 
 void Hauptform::Timer2_Timer() {
     setWindow();
-    lookForRunRequest(*this);
+    lookForRunRequest();
+}
+
+/// Kept: nothing reads what is reset here.
+void Hauptform::resetWindowRecords() {
+    std::fill(windowTable.begin() + 1, windowTable.end(), 0);
+    for (std::size_t record = 1; record <= 3; ++record)
+        positions[record].top = 9999;
 }
 
 Toolbars& Hauptform::toolbarsOf(store::EditorKind kind) {

@@ -1,5 +1,7 @@
 // Hauptform: the hidden main form. It lives as long as the program and owns the timers, the lists of forms
 // that were put into EAGLE's windows, and the tray icon. Its load routine is the start of the program.
+//
+// The tracker, the tray icon and the run requests are routines of the form, each in a source of its own.
 #pragma once
 
 #include "calculator/frmMil.h"
@@ -19,8 +21,8 @@
 
 namespace core {
 
-/// A list of hosted forms: index 0 is made at the start, entries are added behind and never removed, also
-/// when their host has gone.
+/// A list of hosted forms: index 0 is made at the start, entries are added behind. Kept: they are never
+/// removed, also when their host has gone.
 using Toolbars = std::vector<std::unique_ptr<toolbars::frmToolbar>>;
 using Calculators = std::vector<std::unique_ptr<calculator::frmMil>>;
 
@@ -74,9 +76,11 @@ class Hauptform : public forms::Form {
     platform::NOTIFYICONDATA trayRecord_;
     int trayTries_ = 0; ///< how often the icon was added since addSystray; 0 before
 
-    void tryAddSystray();
+    // hauptform.cpp
     void loadSettings();
+    void resetWindowRecords();
     void Timer2_Timer();
+    // tracker.cpp
     void idleTest();
     void trackKind(store::EditorKind kind);
     std::size_t scan(store::EditorKind kind, platform::HWND host, bool& found);
@@ -84,6 +88,16 @@ class Hauptform : public forms::Form {
     std::size_t addToolbar(store::EditorKind kind, platform::HWND host, std::size_t scanned);
     std::size_t addCalculator(toolbars::frmToolbar& toolbar, platform::HWND host);
     void placeCalculator(std::size_t index, platform::HWND host);
+    // systray.cpp
+    void tryAddSystray();
+    // runRequest.cpp
+    /// At the start: a request left over from an earlier run is deleted unread. Errors of platform::kill.
+    static void dropRunRequest();
+    /// On each tick: if the file is there, Timer2 goes off and Timer1 on.
+    void lookForRunRequest();
+    /// Errors of reading and deleting the file, with both timers left off; a request that cannot be opened
+    /// fails silently.
+    void Timer1_Timer();
 };
 
 /// The one instance, null before the start.

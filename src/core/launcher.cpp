@@ -1,11 +1,13 @@
 #include "core/launcher.h"
 
-#include "core/state.h"
 #include "core/windoInf.h"
-#include "platform/system.h"
+#include "platform/dialogs.h"
+#include "platform/programs.h"
 #include "platform/user32.h"
 #include "runtime/text.h"
+#include "store/eaglePath.h"
 #include "store/settings.h"
+#include "store/state.h"
 #include "store/textCatalogue.h"
 
 #include <algorithm>
@@ -30,9 +32,9 @@ std::int32_t filesToReopen() {
 }
 
 void tellWrongPath() {
-    platform::msgBox(store::LoadResString(1058 + languageOffset) + "\r\n" +
-                         store::LoadResString(1059 + languageOffset),
-                     platform::criticalStyle, store::LoadResString(3930 + languageOffset));
+    platform::msgBox(store::LoadResString(1058 + store::languageOffset) + "\r\n" +
+                         store::LoadResString(1059 + store::languageOffset),
+                     platform::criticalStyle, store::LoadResString(3930 + store::languageOffset));
 }
 
 /// Activates the application whose title begins as the latest title search was for.
@@ -45,9 +47,8 @@ void activateFound() {
 void bringFileToFront() {
     const platform::HWND window = findWindowByTitle(setting(key::eagleFile));
     if (window != platform::HWND::none) {
-        constexpr int restore = 9;
         platform::BringWindowToTop(window);
-        platform::ShowWindow(window, restore);
+        platform::ShowWindow(window, platform::restoreWindow);
         activateFound();
         return;
     }
@@ -88,15 +89,10 @@ void start() {
     if (filesToReopen() != 0)
         tail = commandLineTail(
             {lastFile(1, key::lastBoard), lastFile(2, key::lastSCH), lastFile(4, key::lastLBR)});
-    constexpr int normalWithFocus = 1;
-    platform::shell(setting(key::eaglePath) + tail, normalWithFocus);
+    platform::shell(setting(key::eaglePath) + tail, platform::normalWithFocus);
 }
 
 } // namespace
-
-bool isEaglePath(std::string_view path) {
-    return runtime::lowerCase(platform::dir(path)) == "eagle.exe";
-}
 
 std::string commandLineTail(const std::array<std::string, 3>& names) {
     const auto& [board, schematic, library] = names;
@@ -115,7 +111,7 @@ std::string commandLineTail(const std::array<std::string, 3>& names) {
 }
 
 void startEagle() {
-    if (!isEaglePath(setting(key::eaglePath))) {
+    if (!store::isEaglePath(setting(key::eaglePath))) {
         tellWrongPath();
         return;
     }

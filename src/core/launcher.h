@@ -4,7 +4,6 @@
 
 #include <array>
 #include <string>
-#include <string_view>
 
 namespace core {
 
@@ -12,9 +11,6 @@ namespace core {
 /// started. Errors: 53 if the command line cannot be started, 5 if no window begins with the title to be
 /// activated, 6 for a setting beyond its range.
 void startEagle();
-
-/// Whether a path leads to a file that is there and bears EAGLE's name, in any mix of case.
-bool isEaglePath(std::string_view path);
 
 /// What follows EAGLE's path on its command line for the names of the last board, schematic and library;
 /// those that are empty are left out.

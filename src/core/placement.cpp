@@ -1,5 +1,6 @@
 #include "core/placement.h"
 
+#include "calculator/frmMil.h"
 #include "runtime/numbers.h"
 
 namespace core {
@@ -8,7 +9,6 @@ namespace {
 constexpr std::int32_t toolbarGap = 25;         // pixels between toolbar and right end of the host
 constexpr std::int32_t toolbarTop = 21;         // pixels
 constexpr std::int32_t narrowestFollowed = 700; // pixels
-constexpr double calculatorRoom = 3000;         // twips: the calculator's width at design
 } // namespace
 
 ToolbarPlace placeToolbar(std::int32_t hostWidth, float formWidth, float formHeight, double twipsPerPixel) {
@@ -19,7 +19,7 @@ ToolbarPlace placeToolbar(std::int32_t hostWidth, float formWidth, float formHei
 
 float calculatorLeft(std::int32_t hostWidth, bool follows, double twipsPerPixel) {
     const std::int32_t width = follows && hostWidth > narrowestFollowed ? hostWidth : narrowestFollowed;
-    return static_cast<float>(width * twipsPerPixel - calculatorRoom);
+    return static_cast<float>(width * twipsPerPixel - double{calculator::frmMil::designWidth});
 }
 
 } // namespace core

@@ -1,9 +1,15 @@
+// The run-request file: outside programs ask the system to open something by leaving a small text file in its
+// folder. The tick looks for it and goes off; half a second later, when its writer has had time to finish, it
+// is read, deleted and handed to the shell.
 #include "core/runRequest.h"
 
 #include "core/hauptform.h"
 #include "core/windoInf.h"
+#include "platform/executable.h"
+#include "platform/files.h"
+#include "platform/messages.h"
 #include "platform/shell32.h"
-#include "platform/system.h"
+#include "platform/textFile.h"
 #include "runtime/text.h"
 
 #include <cstddef>
@@ -29,31 +35,30 @@ std::int16_t quotePosition(std::string_view line, std::size_t from) {
 
 } // namespace
 
-void dropRunRequest() {
+void Hauptform::dropRunRequest() {
     const std::string file = requestFile();
     if (!platform::dir(file).empty())
         platform::kill(file);
 }
 
-void lookForRunRequest(Hauptform& form) {
+void Hauptform::lookForRunRequest() {
     if (platform::dir(requestFile()).empty())
         return;
-    form.Timer2.setEnabled(false);
-    form.Timer1.setEnabled(true);
+    Timer2.setEnabled(false);
+    Timer1.setEnabled(true);
 }
 
-void handleRunRequest(Hauptform& form) {
-    form.Timer1.setEnabled(false);
+void Hauptform::Timer1_Timer() {
+    Timer1.setEnabled(false);
     const std::string line = platform::readFirstLine(requestFile());
     platform::kill(requestFile());
-    const platform::HWND window = form.window();
-    setWindowOnTop(window, 0);
+    const platform::HWND form = window();
+    setWindowOnTop(form, 0);
     const RunRequest request = splitRunRequest(line);
-    constexpr int showNormal = 1;
-    platform::ShellExecuteA(window, "Open", request.program.c_str(), request.parameters.c_str(), "",
-                            showNormal);
+    platform::ShellExecuteA(form, "Open", request.program.c_str(), request.parameters.c_str(), "",
+                            platform::showNormally);
     platform::doEvents();
-    form.Timer2.setEnabled(true);
+    Timer2.setEnabled(true);
 }
 
 RunRequest splitRunRequest(std::string_view line) {

@@ -1,13 +1,14 @@
 // One tick: which windows of EAGLE's are there, and what each of them still needs.
 #include "core/hauptform.h"
 #include "core/placement.h"
-#include "core/state.h"
 #include "core/windoInf.h"
-#include "platform/system.h"
+#include "platform/programs.h"
+#include "platform/screen.h"
 #include "platform/user32.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
 #include "store/settings.h"
+#include "store/state.h"
 
 namespace core {
 
@@ -33,18 +34,6 @@ const TrackedKind& tracked(EditorKind kind) {
 
 /// Titles with this text belong to EAGLE's windows that are no editors.
 constexpr const char* excluded = "eagle:";
-
-std::unique_ptr<toolbars::frmToolbar> newToolbar(EditorKind kind) {
-    switch (kind) {
-    case EditorKind::board:
-        return std::make_unique<toolbars::frmToolbarBRD>();
-    case EditorKind::schematic:
-        return std::make_unique<toolbars::frmToolbarSCH>();
-    case EditorKind::library:
-        break;
-    }
-    return std::make_unique<toolbars::frmToolbarLBR>();
-}
 
 platform::HWND candidate(EditorKind kind) {
     for (const char* text : tracked(kind).searchTexts)
@@ -118,7 +107,8 @@ void Hauptform::rememberFile(EditorKind kind, platform::HWND host) {
         return;
     if (kind == EditorKind::library)
         if (const std::size_t bracket = name.rfind('('); bracket != std::string::npos) {
-            // The character before the bracket goes too; a name that begins with the bracket has none.
+            // Kept: only a library's name is cut. The character before the bracket goes too, blank or not; a
+            // name that begins with the bracket has none.
             if (bracket == 0)
                 throw runtime::RuntimeError(runtime::ErrorNumber::invalidCall);
             name.resize(bracket - 1);
@@ -131,7 +121,7 @@ void Hauptform::rememberFile(EditorKind kind, platform::HWND host) {
 std::size_t Hauptform::addToolbar(EditorKind kind, platform::HWND host, std::size_t scanned) {
     rememberFile(kind, host);
     Toolbars& list = toolbarsOf(kind);
-    list.push_back(newToolbar(kind));
+    list.push_back(std::make_unique<toolbars::frmToolbar>(kind));
     toolbars::frmToolbar& toolbar = *list.back();
     toolbar.loadVarBar();
     toolbar.eagHND = host;
@@ -141,7 +131,7 @@ std::size_t Hauptform::addToolbar(EditorKind kind, platform::HWND host, std::siz
         placeToolbar(hostWidth(host), toolbar.width(), toolbar.height(), platform::twipsPerPixelX());
     platform::MoveWindow(toolbar.window(), place.x, place.y, place.width, place.height, true);
     toolbar.Form_Resize();
-    return unitCalcActive == 0 ? scanned : addCalculator(toolbar, host);
+    return store::unitCalcActive == 0 ? scanned : addCalculator(toolbar, host);
 }
 
 std::size_t Hauptform::addCalculator(toolbars::frmToolbar& toolbar, platform::HWND host) {

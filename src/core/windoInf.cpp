@@ -21,7 +21,7 @@ platform::HWND findWindowByTitle(std::string_view text) {
 }
 
 int enumTitleCallback(platform::HWND window, std::intptr_t /*extra*/) {
-    std::array<char, 256> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): filled by the call
+    std::array<char, 256> buffer; // filled by the call
     const int copied = platform::GetWindowTextA(window, buffer.data(), static_cast<int>(buffer.size()));
     if (copied < static_cast<int>(searchTitle.size()))
         return 1;

@@ -1,13 +1,13 @@
 #include "errors/ErrPtnr.h"
 
-#include "core/version.h"
 #include "errors/support.h"
 #include "forms/defaultInstance.h"
 #include "forms/units.h"
+#include "platform/dialogs.h"
 #include "platform/executable.h"
 #include "platform/screen.h"
-#include "platform/system.h"
 #include "runtime/runtimeError.h"
+#include "runtime/version.h"
 
 #include <exception>
 
@@ -31,15 +31,14 @@ CurrentError currentError() {
             std::rethrow_exception(handled);
         } catch (const runtime::RuntimeError& error) {
             return {static_cast<std::int32_t>(error.number), error.description};
-        } catch (...) { // NOLINT(bugprone-empty-catch): as said above
+        } catch (...) { // as said above
         }
     }
     return {};
 }
 
 std::string defaultProgInfo() {
-    return platform::executableName() + "  V" + std::to_string(core::versionMajor) + "." +
-           std::to_string(core::versionMinor) + "." + std::to_string(core::versionRevision);
+    return platform::executableName() + "  V" + runtime::version;
 }
 
 } // namespace

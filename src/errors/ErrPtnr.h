@@ -10,7 +10,13 @@
 //         switch (errors::errPtnr().OnError("Module", "routine", continuationBits)) ...
 //     }
 //
-// A failure inside the component is not handled by it.
+// A failure inside the component is not handled by it. What the caller has to see to:
+// - It stops its timers before the call. The dialog serves them, and the routine of one that fails again
+//   reports again, each time in a dialog inside the one before: one of 200 ms makes 25 in five seconds.
+// - Whoever connects it to the guard (runtime/guard.h), for all that nothing else has handled, does so in
+//   `guarded`, by a routine substituted at link time, and before `unhandled` marks the program's end: from
+//   then on no code of the program runs, so that the dialog's buttons would do nothing and it would never
+//   close.
 #pragma once
 
 #include "errors/variant.h"

@@ -5,9 +5,7 @@ namespace errors {
 
 namespace {
 
-constexpr forms::Colour black = 0x000000;
 constexpr forms::Colour red = 0xFF0000;
-constexpr forms::Colour white = 0xFFFFFF;
 
 constexpr float frameWidth = 7215;
 
@@ -28,7 +26,7 @@ ErrPtnr::ErrPtnr() {
     designError();
     designButtons();
     lblComment.wordWrap = true;
-    lblComment.setForeColour(white);
+    lblComment.setForeColour(forms::white);
     lblComment.setFont(bold());
     lblComment.place(framComment, {120, 120, 6975, 735});
     lstCallStack.place(framCallStack, {120, 240, 6975, 1395});
@@ -55,9 +53,9 @@ void ErrPtnr::designFrames() {
         frame.place(*this, {0, top, frameWidth, height});
     }
     framComment.setFont({});
-    framComment.setBackColour(black);
+    framComment.setBackColour(forms::black);
     framComment.setForeColour(red);
-    framFehler.setForeColour(black);
+    framFehler.setForeColour(forms::black);
 }
 
 void ErrPtnr::designError() {
@@ -86,7 +84,7 @@ void ErrPtnr::designError() {
         label.border = true;
         // A description and names are shown as they are.
         label.mnemonic = false;
-        label.setBackColour(white);
+        label.setBackColour(forms::white);
         // A description wraps in the room that it has; the others grow to the right with their text.
         label.wordWrap = index == 0;
         label.autoSize = index != 0;

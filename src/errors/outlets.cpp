@@ -6,6 +6,8 @@
 #include "errors/protocolFile.h"
 #include "errors/support.h"
 #include "platform/clipboard.h"
+#include "platform/dialogs.h"
+#include "platform/files.h"
 #include "platform/printer.h"
 #include "platform/shell32.h"
 #include "platform/textFile.h"
@@ -50,10 +52,9 @@ void save(const std::string& protocol) {
 
 /// With the protocol in the clipboard. A mail program or browser that is missing goes unnoticed.
 void open(const std::string& target, platform::HWND owner, const std::string& protocol) {
-    constexpr int showNormal = 1;
     platform::clearClipboard();
     platform::setClipboardText(protocol);
-    platform::ShellExecuteA(owner, "Open", target.c_str(), "", "", showNormal);
+    platform::ShellExecuteA(owner, "Open", target.c_str(), "", "", platform::showNormally);
 }
 
 } // namespace

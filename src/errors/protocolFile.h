@@ -2,7 +2,6 @@
 #pragma once
 
 #include "platform/executable.h"
-#include "platform/system.h"
 
 #include <string>
 #include <string_view>

@@ -1,5 +1,5 @@
 // Where users turn to with a report. Placeholders: whoever gives the program away puts in addresses of their
-// own.
+// own, and nothing else has to be changed.
 #pragma once
 
 #include "runtime/text.h"
@@ -9,8 +9,9 @@
 
 namespace errors {
 
+/// As a mail is addressed, without "mailto:".
 inline constexpr const char* supportMail = "support@kestrel.example";
-/// Opens by itself in the system's browser.
+/// Opens by itself in the system's browser: with "http://" or "https://" in front.
 inline constexpr const char* supportWeb = "https://kestrel.example/support";
 
 /// What the shell opens to write to an address.

@@ -5,11 +5,6 @@
 
 namespace forms {
 
-void CommandButton::setCaption(std::string_view caption) {
-    caption_ = std::string(caption);
-    tellPeer(Property::text);
-}
-
 void CommandButton::setPicture(const Picture& picture) {
     picture_ = picture;
     tellPeer(Property::picture);
@@ -18,11 +13,6 @@ void CommandButton::setPicture(const Picture& picture) {
 void CommandButton::click() {
     if (acceptsInput())
         raise(onClick);
-}
-
-void CheckBox::setCaption(std::string_view caption) {
-    caption_ = std::string(caption);
-    tellPeer(Property::text);
 }
 
 void CheckBox::setValue(int value) {
@@ -38,11 +28,6 @@ void CheckBox::setValue(int value) {
 void CheckBox::click() {
     if (acceptsInput())
         setValue(1 - value_);
-}
-
-void OptionButton::setCaption(std::string_view caption) {
-    caption_ = std::string(caption);
-    tellPeer(Property::text);
 }
 
 void OptionButton::setValue(bool value) {

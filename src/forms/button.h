@@ -1,16 +1,14 @@
 // Command button, check box and option button.
 #pragma once
 
-#include "forms/control.h"
+#include "forms/captioned.h"
 
 namespace forms {
 
-class CommandButton : public Control {
+class CommandButton : public Captioned<Control> {
   public:
-    CommandButton() : Control(ControlKind::commandButton) {}
+    CommandButton() : Captioned(ControlKind::commandButton) {}
 
-    const std::string& caption() const { return caption_; }
-    void setCaption(std::string_view caption);
     /// A picture instead of the caption.
     const Picture& picture() const { return picture_; }
     void setPicture(const Picture& picture);
@@ -23,16 +21,12 @@ class CommandButton : public Control {
     void click();
 
   private:
-    std::string caption_;
     Picture picture_;
 };
 
-class CheckBox : public Control {
+class CheckBox : public Captioned<Control> {
   public:
-    CheckBox() : Control(ControlKind::checkBox) {}
-
-    const std::string& caption() const { return caption_; }
-    void setCaption(std::string_view caption);
+    CheckBox() : Captioned(ControlKind::checkBox) {}
 
     /// 0 or 1; error 5 for any other value. Raises onClick inside the assignment if the value really changes.
     int value() const { return value_; }
@@ -43,17 +37,13 @@ class CheckBox : public Control {
     void click();
 
   private:
-    std::string caption_;
     int value_ = 0;
 };
 
 /// The option buttons of one container are a group: at most one of them is on.
-class OptionButton : public Control {
+class OptionButton : public Captioned<Control> {
   public:
-    OptionButton() : Control(ControlKind::optionButton) {}
-
-    const std::string& caption() const { return caption_; }
-    void setCaption(std::string_view caption);
+    OptionButton() : Captioned(ControlKind::optionButton) {}
 
     bool value() const { return value_; }
     /// Switching on switches the others of the group off, silently, and raises onClick if the value really
@@ -65,7 +55,6 @@ class OptionButton : public Control {
     void click();
 
   private:
-    std::string caption_;
     bool value_ = false;
 };
 

@@ -79,11 +79,11 @@ class Control {
     /// The form that the control stands on, at whatever depth; null before it is placed.
     Form* form();
 
-    const Position& position() const { return position_; }
+    Position position() const { return {left(), top(), width(), height()}; }
     float left() const { return position_.left; }
     float top() const { return position_.top; }
     float width() const { return position_.width; }
-    float height() const { return position_.height; }
+    virtual float height() const { return position_.height; }
     void setLeft(float twips);
     void setTop(float twips);
     void setWidth(float twips);
@@ -112,7 +112,6 @@ class Control {
     /// Place in the tab order of the form; without one, the order of placing.
     std::optional<int> tabIndex;
     bool tabStop = true;
-    std::string tag;
 
     MouseEvent onMouseDown;
     MouseEvent onMouseUp;
@@ -122,6 +121,10 @@ class Control {
     platform::HWND hWnd();
     Peer* peer() const { return peer_.get(); }
     void setFocus();
+
+    /// The form that the control stands on, not deeper, has taken a client width, in twips: when the control
+    /// is placed and whenever the form is resized, ahead of Form_Resize.
+    virtual void containerResized(float /*clientWidth*/) {}
 
     /// For forms: makes and drops the peer of this control and of what stands in it.
     virtual void makePeers();

@@ -1,7 +1,7 @@
 #include "forms/form.h"
 
-#include "forms/toolbar.h"
 #include "forms/units.h"
+#include "platform/screen.h"
 
 #include <algorithm>
 
@@ -21,6 +21,13 @@ class Raised {
     bool& flag_;
 };
 
+/// Where a window of this length begins along one side of the screen, all in pixels: in the middle, but moved
+/// as far as it has to be to stand between the two ends. One that is too long keeps its beginning inside,
+/// with the title bar.
+int centred(int length, int screen, int begin, int end) {
+    return std::max(begin, std::min((screen - length) / 2, end - length));
+}
+
 } // namespace
 
 Form::~Form() {
@@ -33,21 +40,16 @@ void Form::setClientSize(float width, float height) {
     assignSize(toTwips(toPixels(width) + frame.width), toTwips(toPixels(height) + frame.height));
 }
 
-void Form::setCaption(std::string_view caption) {
-    caption_ = std::string(caption);
-    tellPeer(Property::text);
-}
-
 void Form::load() {
     if (loaded_)
         return;
     loaded_ = true;
     if (centreOnScreen) {
-        const ScreenSize screen = screenSize();
-        Position centred = position();
-        centred.left = toTwips((screen.width - toPixels(width())) / 2);
-        centred.top = toTwips((screen.height - toPixels(height())) / 2);
-        storePosition(centred);
+        const platform::RECT area = platform::workArea();
+        Position place = position();
+        place.left = toTwips(centred(toPixels(width()), platform::screenWidth(), area.left, area.right));
+        place.top = toTwips(centred(toPixels(height()), platform::screenHeight(), area.top, area.bottom));
+        storePosition(place);
     }
     {
         const Raised loading(loading_);
@@ -157,16 +159,11 @@ void Form::adoptSize(int width, int height, int clientWidth, int clientHeight) {
     scaleWidth_ = toTwips(std::max(0, clientWidth));
     scaleHeight_ = toTwips(std::max(0, clientHeight));
     for (Control* child : controls())
-        align(*child);
+        child->containerResized(scaleWidth_);
 }
 
 void Form::childPlaced(Control& child) {
-    align(child);
-}
-
-void Form::align(Control& child) {
-    if (child.kind() == ControlKind::toolbar && static_cast<Toolbar&>(child).alignTop)
-        child.setPosition({0, 0, scaleWidth_, child.height()});
+    child.containerResized(scaleWidth_);
 }
 
 } // namespace forms

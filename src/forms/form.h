@@ -5,9 +5,7 @@
 // its host the object lives on, loaded and without a window.
 #pragma once
 
-#include "forms/control.h"
-
-#include <string>
+#include "forms/captioned.h"
 
 namespace forms {
 
@@ -20,9 +18,9 @@ enum class BorderStyle {
 
 enum class MousePointer { standard = 0, hourglass = 11 };
 
-class Form : public Container {
+class Form : public Captioned<Container> {
   public:
-    Form() : Container(ControlKind::form) { setVisible(false); }
+    Form() : Captioned(ControlKind::form) { setVisible(false); }
     /// Unloads without asking.
     ~Form() override;
 
@@ -30,6 +28,7 @@ class Form : public Container {
     BorderStyle borderStyle = BorderStyle::fixedSingle;
     bool controlBox = true; ///< system menu and close box
     bool showInTaskbar = true;
+    /// Stands in the middle of the screen when it is loaded, moved only as far as the work area needs it.
     bool centreOnScreen = false;
     /// The window that the form stays in front of and goes with; without one the program's own choice.
     platform::HWND ownerWindow = platform::HWND::none;
@@ -38,9 +37,6 @@ class Form : public Container {
     bool activates = true; ///< takes the focus when it is shown or clicked; a hosted form must not
     /// Sets the client size, in twips; the outer size follows from the border style, to be set before.
     void setClientSize(float width, float height);
-
-    const std::string& caption() const { return caption_; }
-    void setCaption(std::string_view caption);
 
     bool loaded() const { return loaded_; }
     /// Makes the window with all that stands on it, then raises Form_Load. Does nothing if that is done.
@@ -89,11 +85,9 @@ class Form : public Container {
     void childPlaced(Control& child) override;
 
   private:
-    void align(Control& child);
     void assignSize(float width, float height);
     void adoptSize(int width, int height, int clientWidth, int clientHeight);
 
-    std::string caption_;
     bool loaded_ = false;
     bool loading_ = false;      ///< the windows are being made
     bool unloading_ = false;    ///< QueryUnload or Unload is running

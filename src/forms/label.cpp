@@ -4,11 +4,6 @@
 
 namespace forms {
 
-void Label::setCaption(std::string_view caption) {
-    caption_ = std::string(caption);
-    tellPeer(Property::text);
-}
-
 void Label::click() {
     if (acceptsInput())
         raise(onClick);

@@ -1,16 +1,13 @@
 // Controls that only show something: a label, a dividing line, an image.
 #pragma once
 
-#include "forms/control.h"
+#include "forms/captioned.h"
 
 namespace forms {
 
-class Label : public Control {
+class Label : public Captioned<Control> {
   public:
-    Label() : Control(ControlKind::label) { tabStop = false; }
-
-    const std::string& caption() const { return caption_; }
-    void setCaption(std::string_view caption);
+    Label() : Captioned(ControlKind::label) { tabStop = false; }
 
     Alignment alignment = Alignment::left;
     bool autoSize = false;
@@ -21,9 +18,6 @@ class Label : public Control {
     std::function<void()> onClick;
     /// Called by the peer. A disabled label ignores it.
     void click();
-
-  private:
-    std::string caption_;
 };
 
 class Line : public Control {

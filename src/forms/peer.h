@@ -1,9 +1,9 @@
 // The seam between a control, which is a plain object with state and events, and the window that shows it.
 //
 // A control tells its peer what has changed, and the peer reads the new state from the control. The way back
-// is the control's own routines named after what the user did (typed, clicked, selected ...). makePeer and
-// the routines below it are defined beside the platform operations: real windows in the program, windows of
-// the simulated desktop in the tests.
+// is the control's own routines named after what the user did (edited, clickButton, selected ...). makePeer
+// and the routines below it are defined beside the platform operations: real windows in the program, windows
+// of the simulated desktop in the tests.
 //
 // What the controls expect of it:
 // - A form's peer reports the size that its window has taken by Form::windowResized before changed()
@@ -11,6 +11,9 @@
 // - A window that takes over a state raises no event for it.
 // - items and buttons are told once for each row: a peer appends, or collects and rebuilds once, later.
 //   The texts of a toolbar button are filled in after it was told of.
+// - A toolbar's peer reports the height of its rows by Toolbar::rowsLaidOut before catchUp() returns, as
+//   long as it has a window. Without one the height is that of the model's own layout, which follows the
+//   same rule.
 #pragma once
 
 #include "platform/types.h"
@@ -36,7 +39,7 @@ enum class Property {
     items,     ///< rows of a list, captions of tabs, icons of a grid
     picture,
     imageList,
-    buttons, ///< buttons of a toolbar, or their layout
+    buttons, ///< buttons of a toolbar
     colours, ///< colours or font
     mousePointer,
 };
@@ -52,6 +55,8 @@ class Peer : public std::enable_shared_from_this<Peer> {
     virtual platform::HWND window() const = 0;
     virtual void changed(Property property) = 0;
     virtual void setFocus() {}
+    /// Does now what it has put off.
+    virtual void catchUp() {}
 
   protected:
     Peer() = default;
@@ -67,13 +72,6 @@ struct FrameExtent {
     int height = 0;
 };
 FrameExtent frameExtent(const Form& form);
-
-/// Size of the screen's work area in pixels.
-struct ScreenSize {
-    int width = 0;
-    int height = 0;
-};
-ScreenSize screenSize();
 
 /// Serves messages until the form is hidden or unloaded, with the program's other forms held.
 void runModal(Form& form);

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <string_view>
 #include <vector>
 
 namespace forms {
@@ -12,7 +13,12 @@ namespace forms {
 /// A colour as 0x00RRGGBB.
 using Colour = std::uint32_t;
 
+inline constexpr Colour black = 0x000000;
+inline constexpr Colour white = 0xFFFFFF;
 inline constexpr Colour maskGrey = 0xC0C0C0;
+
+/// Makes a pixel without opacity, or a colour, one that hides what is below it.
+inline constexpr std::uint32_t opaque = 0xFF000000;
 
 /// Pixels stand row by row from the top, each 0xAARRGGBB. The empty picture has neither width nor height.
 class Picture {
@@ -41,5 +47,9 @@ class Picture {
     int height_ = 0;
     std::shared_ptr<const std::vector<std::uint32_t>> pixels_;
 };
+
+/// A picture that the program carries with it; the empty picture if there is none with this name. Defined
+/// beside the platform operations.
+Picture loadPicture(std::string_view name);
 
 } // namespace forms

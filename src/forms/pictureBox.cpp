@@ -8,8 +8,6 @@ namespace forms {
 
 namespace {
 
-constexpr std::uint32_t opaque = 0xFF000000;
-
 /// Pixels of a box; at least one, since a surface cannot be without.
 int boxPixels(float twips) {
     return std::max(1, toPixels(twips));

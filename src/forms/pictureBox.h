@@ -14,7 +14,6 @@ class PictureBox : public Control {
     }
 
     /// While on, drawing goes to a surface in memory of the box's size; what it holds outlives switching off.
-    bool autoRedraw() const { return autoRedraw_; }
     void setAutoRedraw(bool on);
     /// Fills the surface with the back colour.
     void cls();

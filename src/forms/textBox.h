@@ -40,13 +40,7 @@ class TextBox : public Control {
     /// The selection has been moved in the window.
     void selected(int start, int length);
 
-    /// What a user does who types one character, the backspace among them: the key goes down, the press, the
-    /// edit at the selection, the release. A disabled box ignores it.
-    void typeCharacter(char character);
-
   private:
-    void typed(int keyAscii);
-
     std::string text_;
     int selStart_ = 0;
     int selLength_ = 0;

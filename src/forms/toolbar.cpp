@@ -1,53 +1,22 @@
 #include "forms/toolbar.h"
 
 #include "forms/event.h"
+#include "forms/toolbarLayout.h"
 #include "forms/units.h"
 #include "runtime/runtimeError.h"
 
 namespace forms {
 
-void ToolbarLayout::append(ButtonStyle style, int width) {
-    if (style == ButtonStyle::separator) {
-        const bool hidden = used + toolbarSeparatorWidth > width;
-        cells.push_back({used, rows - 1, hidden, true});
-        if (!hidden)
-            used += toolbarSeparatorWidth;
-        return;
-    }
-    if (used + toolbarButtonWidth > width) {
-        for (auto cell = cells.rbegin(); cell != cells.rend() && cell->separator; ++cell) {
-            if (!cell->hidden)
-                used -= toolbarSeparatorWidth;
-            cell->hidden = true;
-        }
-        // A row of nothing but hidden separators goes on with the button, however narrow it is.
-        if (used > 0) {
-            ++rows;
-            used = 0;
-        }
-    }
-    cells.push_back({used, rows - 1, false, false});
-    used += toolbarButtonWidth;
-}
-
-ToolbarLayout layoutToolbar(const std::deque<ToolbarButton>& buttons, int width) {
-    ToolbarLayout layout;
-    layout.cells.reserve(buttons.size());
-    for (const ToolbarButton& button : buttons)
-        layout.append(button.style, width);
-    return layout;
-}
-
 void Toolbar::setImageList(const ImageList* list) {
     imageList_ = list;
+    rowsHeight_.reset();
     tellPeer(Property::imageList);
 }
 
 void Toolbar::clearButtons() {
     buttons_.clear();
     keys_.clear();
-    layout_ = {};
-    followRows();
+    rowsHeight_.reset();
     tellPeer(Property::buttons);
 }
 
@@ -64,8 +33,7 @@ ToolbarButton& Toolbar::addButton(std::string_view key, std::string_view caption
     button.image = image;
     if (!key.empty())
         keys_.emplace(button.key, &button);
-    layout_.append(style, toPixels(width()));
-    followRows();
+    rowsHeight_.reset();
     tellPeer(Property::buttons);
     return button;
 }
@@ -82,21 +50,25 @@ ToolbarButton* Toolbar::findButton(std::string_view key) {
     return found == keys_.end() ? nullptr : found->second;
 }
 
-void Toolbar::setPosition(const Position& position) {
-    Position kept = position;
-    const bool otherWidth = toPixels(position.width) != toPixels(width());
-    if (otherWidth)
-        layout_ = layoutToolbar(buttons_, toPixels(position.width));
-    kept.height = toTwips(layout_.rows * toolbarButtonHeight);
-    Control::setPosition(kept);
-    if (otherWidth)
-        tellPeer(Property::buttons);
+float Toolbar::height() const {
+    if (!rowsHeight_ && peer() != nullptr)
+        peer()->catchUp();
+    if (!rowsHeight_)
+        rowsHeight_ = layoutToolbar(buttons_, toPixels(width())).height;
+    return toTwips(*rowsHeight_);
 }
 
-void Toolbar::followRows() {
-    Position rows = position();
-    rows.height = toTwips(layout_.rows * toolbarButtonHeight);
-    Control::setPosition(rows);
+void Toolbar::containerResized(float clientWidth) {
+    if (alignTop)
+        setPosition({0, 0, clientWidth, 0});
+}
+
+void Toolbar::setPosition(const Position& position) {
+    if (toPixels(position.width) != toPixels(width()))
+        rowsHeight_.reset();
+    Position heightless = position;
+    heightless.height = 0;
+    Control::setPosition(heightless);
 }
 
 void Toolbar::clickButton(std::size_t index) {

@@ -1,5 +1,8 @@
 // A toolbar: flat buttons with pictures, laid out from left to right and wrapped into as many rows as the
 // width demands. Its height is always that of its rows.
+//
+// Where a window shows it, the system's control wraps the buttons and reports the height; everywhere else
+// they are laid out as that control would (toolbarLayout.h).
 #pragma once
 
 #include "forms/control.h"
@@ -7,6 +10,7 @@
 
 #include <deque>
 #include <map>
+#include <optional>
 
 namespace forms {
 
@@ -22,37 +26,9 @@ struct ToolbarButton {
     std::string tag;
 };
 
-/// Sizes in pixels.
-inline constexpr int toolbarButtonWidth = 23;
-inline constexpr int toolbarButtonHeight = 22;
-inline constexpr int toolbarSeparatorWidth = 8;
-
-/// Place of one button, in pixels from the toolbar's corner.
-struct ButtonCell {
-    int x = 0;
-    int row = 0;
-    bool hidden = false; ///< a separator that falls on the end of a row is not shown and takes no room
-    bool separator = false;
-};
-
-struct ToolbarLayout {
-    std::vector<ButtonCell> cells; ///< one for each button
-    int rows = 1;                  ///< at least one
-    int used = 0;                  ///< pixels of the last row that are taken
-
-    /// Finds the place of a further button on a toolbar of this width in pixels.
-    void append(ButtonStyle style, int width);
-};
-
-/// Rows of buttons that `width` pixels demand. Each holds at least one button, however narrow the toolbar is.
-ToolbarLayout layoutToolbar(const std::deque<ToolbarButton>& buttons, int width);
-
 class Toolbar : public Control {
   public:
-    Toolbar() : Control(ControlKind::toolbar) {
-        tabStop = false;
-        followRows();
-    }
+    Toolbar() : Control(ControlKind::toolbar) { tabStop = false; }
 
     /// The toolbar stands at the top of its form and spans the client width.
     bool alignTop = true;
@@ -73,9 +49,12 @@ class Toolbar : public Control {
     /// Null if there is no button with this key.
     ToolbarButton* findButton(std::string_view key);
 
-    const ToolbarLayout& layout() const { return layout_; }
-    /// The height is that of the rows of buttons, whatever is assigned.
+    /// The rows of the present buttons at the present width, whatever is assigned.
+    float height() const override;
     void setPosition(const Position& position) override;
+    void containerResized(float clientWidth) override;
+    /// Called by the peer: the control has laid out its buttons, and its rows are that many pixels high.
+    void rowsLaidOut(int height) { rowsHeight_ = height; }
 
     /// The handler is given a copy of the button, so that it may rebuild the toolbar.
     std::function<void(ToolbarButton& button)> onButtonClick;
@@ -84,12 +63,10 @@ class Toolbar : public Control {
     void clickButton(std::size_t index);
 
   private:
-    void followRows();
-
     const ImageList* imageList_ = nullptr;
     std::deque<ToolbarButton> buttons_;
     std::map<std::string, ToolbarButton*, std::less<>> keys_;
-    ToolbarLayout layout_;
+    mutable std::optional<int> rowsHeight_; ///< pixels; none when buttons or width have changed since
 };
 
 } // namespace forms

@@ -5,7 +5,9 @@
 
 namespace platform {
 
-/// How long a clipboard that another program holds is waited for, in milliseconds.
+/// How long a clipboard that another program holds is waited for, in milliseconds. It has to be
+/// longer than those hold it that look at whatever is copied (a history of the clipboard, a remote screen),
+/// and short for a user who has clicked a button: nothing of ours is painted meanwhile.
 inline constexpr int clipboardPatience = 500;
 
 /// Empties it. Error 521 if another program goes on holding it.

@@ -4,8 +4,9 @@
 
 #include "platform/types.h"
 
+#include <cstddef>
 #include <cstdint>
-#include <span>
+#include <string>
 
 namespace platform {
 
@@ -18,10 +19,17 @@ std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeI
 /// read.
 int iconCount(const char* file);
 
-/// The system's icon chooser. `file` is a buffer of UTF-16 characters that holds the start file, ended by
-/// NUL, and receives the chosen one; `index` likewise. Gives 1 when the user confirmed and -1 where the
-/// shell has no chooser.
-int PickIconDlg(HWND owner, std::span<char16_t> file, std::int32_t& index);
+/// Characters of a file's name in the icon chooser, its NUL among them.
+inline constexpr std::size_t iconPathSize = 260;
+
+/// What the icon chooser gives when the user has confirmed, and where the shell has none.
+inline constexpr int iconPicked = 1;
+inline constexpr int noIconChooser = -1;
+
+/// The system's icon chooser, beginning with icon `index` (from 0) of `file`, whose name is cut to what goes
+/// into iconPathSize. If it gives iconPicked, both are replaced by the chosen ones; what the code page lacks
+/// of the name becomes question marks. With any other result both are as they were.
+int PickIconDlg(HWND owner, std::string& file, std::int32_t& index);
 
 /// The tray's record, first version, with the platform's field names.
 struct NOTIFYICONDATA {
@@ -37,7 +45,10 @@ struct NOTIFYICONDATA {
 /// `message` 0 adds the icon, 2 deletes it. False if the shell refuses.
 bool Shell_NotifyIconA(std::uint32_t message, const NOTIFYICONDATA& record);
 
-/// Opens or starts `file` with the verb given. `command` 1 shows it normally. A value above 32 on success;
+/// A command that says how what is opened is shown.
+inline constexpr int showNormally = 1;
+
+/// Opens or starts `file` with the verb given, shown as `command` says. A value above 32 on success;
 /// failure shows nothing. Waits three seconds at most; then it counts as failed, and may still come. A
 /// file beyond 1500 characters fails.
 std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, const char* parameters,

@@ -41,7 +41,9 @@ bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint);
 bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int width, int height,
                   std::uint32_t flags);
 bool BringWindowToTop(HWND window);
-/// `command` 9 restores.
+
+/// The command that brings a window back from its icon.
+inline constexpr int restoreWindow = 9;
 bool ShowWindow(HWND window, int command);
 std::intptr_t SendMessageA(HWND window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam);
 
@@ -49,7 +51,9 @@ std::intptr_t SendMessageA(HWND window, std::uint32_t message, std::uintptr_t wP
 /// now).
 bool RedrawWindow(HWND window, const RECT& rect, std::uint32_t flags);
 
-/// Draws an icon; size 0 with flags 3 means the icon's own size and the normal drawing mode.
+/// The flags that draw an icon as it is, with its mask.
+inline constexpr std::uint32_t drawNormally = 3;
+/// Draws an icon; size 0 means the icon's own size.
 bool DrawIconEx(HDC dc, int x, int y, HICON icon, int width, int height, std::uint32_t step,
                 std::uint32_t flags);
 bool DestroyIcon(HICON icon);

@@ -3,10 +3,14 @@
 #include "runtime/keyText.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
 #include <optional>
 
 namespace runtime {
+
+using platform::Key;
+using platform::KeyStroke;
 
 namespace {
 

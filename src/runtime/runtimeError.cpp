@@ -10,8 +10,6 @@ std::string errorDescription(ErrorNumber number, std::int32_t resource) {
         return "Overflow";
     case ErrorNumber::subscriptOutOfRange:
         return "Subscript out of range";
-    case ErrorNumber::divisionByZero:
-        return "Division by zero";
     case ErrorNumber::typeMismatch:
         return "Type mismatch";
     case ErrorNumber::fileNotFound:

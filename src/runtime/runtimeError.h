@@ -13,7 +13,6 @@ enum class ErrorNumber : std::int32_t {
     invalidCall = 5,
     overflow = 6,
     subscriptOutOfRange = 9,
-    divisionByZero = 11,
     typeMismatch = 13,
     fileNotFound = 53,
     fileAlreadyOpen = 55,

@@ -1,6 +1,7 @@
 #include "setup/ObjFiledialog.h"
 
-#include "platform/system.h"
+#include "platform/dialogs.h"
+#include "platform/files.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
 
@@ -94,7 +95,7 @@ std::string ObjFiledialog::ShowOpen(platform::HWND hWnd) {
     if (dialogTitle_.empty())
         dialogTitle_ = "Datei \xF6"
                        "ffnen";
-    dialogTitle_ += nul; // kept: also behind a title that has its NUL, and once more with every call
+    dialogTitle_ += nul; // Kept: also behind a title that has its NUL, and once more with every call
     return show(hWnd, list, "Error_ShowOpen", platform::GetOpenFileNameA);
 }
 

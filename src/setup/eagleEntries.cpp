@@ -1,16 +1,16 @@
 // Entries that type an EAGLE command, and the choice of an entry's icon.
 #include "setup/frmSetup.h"
 
-#include "platform/system.h"
-#include "runtime/numbers.h"
-#include "runtime/text.h"
+#include "platform/executable.h"
 #include "store/iconExtract.h"
+#include "store/iconReference.h"
 #include "store/pathTokens.h"
 #include "store/settings.h"
 
 namespace setup {
 
 using store::ToolButton;
+namespace entryType = store::entryType;
 
 namespace {
 
@@ -24,15 +24,15 @@ void frmSetup::btnAddEAGLE_Click(std::int16_t Index) {
     store::currentRoutine = "btnAdd_Click";
     const auto page = static_cast<std::size_t>(Index);
     noUpdate = -1;
-    showEntryFields(Index, eagleCommand);
+    showEntryFields(Index, entryType::eagleCommand);
     chkAdd[3 * page].setValue(true);
     emptyFields(Index);
     txtTitle[page].setText("EAGLE Command");
-    ToolButton& added = append(Index, eagleCommand);
+    ToolButton& added = append(Index, entryType::eagleCommand);
     // Draws nothing: the icon comes when the row is selected.
     store::extractIconToPicture({}, 0, imgIcon[page]);
     picView[page].setPicture(imgIcon[page].image());
-    added.icon = platform::programFolder() + iconFiles[page] + ",0";
+    added.icon = store::IconReference{platform::programFolder() + iconFiles[page]}.text();
     fillList(Index);
     selectLast(Index);
     refreshPreview(page);
@@ -48,8 +48,8 @@ void frmSetup::btnIcon_Click(std::int16_t Index) {
     const std::string chosen = store::chooseIconFile(start, window());
     if (chosen.empty())
         return;
-    const std::vector<std::string> parts = runtime::split(chosen, ',');
-    store::extractIconToPicture(parts[0], runtime::toInt32(runtime::element(parts, 1)), imgIcon[page]);
+    const auto icon = store::IconReference::parse(chosen);
+    store::extractIconToPicture(icon.file, icon.index, imgIcon[page]);
     picView[page].setPicture(imgIcon[page].image());
     if (buttons.allocated())
         buttons[slot].icon = chosen;

@@ -1,23 +1,18 @@
 // The frame of the dialog: its design, its opening and closing, the working copies, the preview's pause.
 #include "setup/frmSetup.h"
 
-#include "core/hauptform.h"
+#include "forms/defaultInstance.h"
+#include "forms/event.h"
 #include "platform/types.h"
 #include "setup/arrows.h"
 #include "setup/geometry.h"
 #include "store/settings.h"
 
-#include <algorithm>
 #include <memory>
 
 namespace setup {
 
 namespace {
-
-std::unique_ptr<frmSetup>& instance() {
-    static std::unique_ptr<frmSetup> form;
-    return form;
-}
 
 /// What the option buttons of the second and third page keep in both languages.
 constexpr std::array<const char*, 3> optionCaptions = {"None", "Add Input Dialog for Parameters",
@@ -28,7 +23,7 @@ constexpr std::array<const char*, 4> tabCaptions = {"General Options", "Button O
 } // namespace
 
 frmSetup& setupForm() {
-    std::unique_ptr<frmSetup>& form = instance();
+    std::unique_ptr<frmSetup>& form = forms::defaultSlot<frmSetup>();
     if (!form) {
         form = std::make_unique<frmSetup>();
     } else if (form->closed()) {
@@ -39,12 +34,9 @@ frmSetup& setupForm() {
     return *form;
 }
 
-void dropSetupForm() {
-    instance().reset();
-}
-
 void openSetup(std::int16_t page) {
-    if (instance() && instance()->visible())
+    const std::unique_ptr<frmSetup>& form = forms::defaultSlot<frmSetup>();
+    if (form && form->visible())
         return;
     setupForm().loadResources();
     setupForm().setType(page);
@@ -85,9 +77,8 @@ void frmSetup::designListPage(std::size_t page) {
         label->alignment = forms::Alignment::right;
     labIcon[page].setCaption("Icon:");
     // What shows no icon looks like the page that it stands on.
-    constexpr forms::Colour white = 0xFFFFFF;
-    imgIcon[page].setBackColour(white);
-    picView[page].setBackColour(white);
+    imgIcon[page].setBackColour(forms::white);
+    picView[page].setBackColour(forms::white);
     btnH[page].setPicture(upArrow());
     btnL[page].setPicture(downArrow());
     for (std::size_t option = 0; option < optionCaptions.size(); ++option)
@@ -149,7 +140,7 @@ void frmSetup::Timer1_Timer(std::int16_t Index) {
 
 void frmSetup::btnCancel_Click() {
     store::currentRoutine = "btnCancel_Click";
-    resetHauptform();
+    forms::raise(onWindowReset);
     unload();
 }
 
@@ -157,7 +148,7 @@ void frmSetup::btnCancel_Click() {
 /// is under way already.
 void frmSetup::Form_QueryUnload(bool& /*cancel*/) {
     store::currentRoutine = "Form_QueryUnload";
-    resetHauptform();
+    forms::raise(onWindowReset);
     unload();
 }
 
@@ -165,15 +156,6 @@ void frmSetup::Form_Unload() {
     for (forms::Timer& timer : Timer1)
         timer.setEnabled(false);
     closed_ = true;
-}
-
-/// Kept: nothing reads what is reset here.
-void frmSetup::resetHauptform() {
-    if (core::Hauptform* hauptform = core::hauptform()) {
-        std::fill(hauptform->windowTable.begin() + 1, hauptform->windowTable.end(), 0);
-        for (std::size_t record = 1; record <= 3; ++record)
-            hauptform->positions[record].top = 9999;
-    }
 }
 
 } // namespace setup

@@ -19,6 +19,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace setup {
@@ -45,6 +46,13 @@ class frmSetup : public forms::Form {
 
     void Form_QueryUnload(bool& cancel) override;
     void Form_Unload() override;
+
+    // What the program's main form is told; it wires both. They are the dialog's and not an instance's: each
+    // closing ends one.
+    /// The user has chosen a language: the dialog's own texts follow it already.
+    static inline std::function<void()> onNewLanguage;
+    /// The dialog is about to close, and the records of EAGLE's windows are to be put back.
+    static inline std::function<void()> onWindowReset;
 
     /// Whether the form has been closed. It is not opened again: setupForm() makes a new one.
     bool closed() const { return closed_; }
@@ -113,11 +121,6 @@ class frmSetup : public forms::Form {
     /// Of the file dialogs: the file has to exist, no box for reading only, the current folder stays.
     static constexpr std::int32_t fileDialogFlags = 2103308;
 
-    // Types of entries.
-    static constexpr std::int16_t externalCommand = 0;
-    static constexpr std::int16_t eagleCommand = 1;
-    static constexpr std::int16_t separator = 2;
-
     // loadResources.cpp
     void loadOptionTexts();
     // frmSetup.cpp
@@ -127,7 +130,6 @@ class frmSetup : public forms::Form {
     void wireListPage(std::size_t page);
     void refreshPreview(std::size_t page);
     void Timer1_Timer(std::int16_t Index);
-    static void resetHauptform();
     void btnCancel_Click();
     // listPages.cpp
     void showEntryFields(std::int16_t list, const std::int16_t& type);
@@ -169,8 +171,6 @@ class frmSetup : public forms::Form {
 /// The one instance, made at first use and anew after each closing. A new one starts with the controls as
 /// designed and with the working copies of the one before.
 frmSetup& setupForm();
-/// Drops the instance, if there is one.
-void dropSetupForm();
 
 /// Opens the dialog on a tab, 0 to 3, and returns once it has closed. If it is up already it stays as it is,
 /// edits included, and the call returns at once.

@@ -4,23 +4,25 @@
 // keystroke goes straight into the record.
 #include "setup/frmSetup.h"
 
-#include "core/state.h"
 #include "runtime/numbers.h"
 #include "runtime/runtimeError.h"
-#include "runtime/text.h"
 #include "setup/ObjFiledialog.h"
 #include "store/iconExtract.h"
+#include "store/iconReference.h"
 #include "store/settings.h"
+#include "store/state.h"
 #include "store/textCatalogue.h"
 
 #include <utility>
 
 namespace setup {
 
-using core::languageOffset;
 using store::ButtonList;
+using store::languageOffset;
 using store::LoadResString;
 using store::ToolButton;
+namespace entryType = store::entryType;
+namespace dialogKind = store::dialogKind;
 
 namespace {
 
@@ -75,10 +77,10 @@ void frmSetup::fillList(const std::int16_t& list) {
 /// Captions and states of a page's fields for an entry of the type given.
 void frmSetup::showEntryFields(std::int16_t list, const std::int16_t& type) {
     const std::size_t page = at(list);
-    const bool edits = type == externalCommand || type == eagleCommand;
-    if (type == externalCommand)
+    const bool edits = type == entryType::externalProgram || type == entryType::eagleCommand;
+    if (type == entryType::externalProgram)
         labPath[page].setCaption(LoadResString(1002 + languageOffset));
-    else if (type == eagleCommand)
+    else if (type == entryType::eagleCommand)
         labPath[page].setCaption(LoadResString(1052 + languageOffset));
     for (forms::TextBox* box : {&txtTitle[page], &txtPath[page], &txtTooltip[page]})
         box->setEnabled(edits);
@@ -95,11 +97,13 @@ void frmSetup::showEntryFields(std::int16_t list, const std::int16_t& type) {
         chkAdd[option].setEnabled(edits);
 }
 
-/// Draws the icon of a reference on the page's surface. Errors of the index: 13, 6.
+/// Draws the icon of a reference on the page's surface; of one without a comma, none. Errors of the index:
+/// 13, 6.
 void frmSetup::drawIcon(std::int16_t list, const std::string& reference) {
-    const std::vector<std::string> parts = runtime::split(reference, ',');
-    if (parts.size() > 1)
-        store::extractIconToPicture(parts[0], runtime::toInt32(parts[1]), imgIcon[at(list)]);
+    if (reference.find(',') == std::string::npos)
+        return;
+    const auto icon = store::IconReference::parse(reference);
+    store::extractIconToPicture(icon.file, icon.index, imgIcon[at(list)]);
 }
 
 void frmSetup::lstApps_Click(std::int16_t Index) {
@@ -116,7 +120,7 @@ void frmSetup::lstApps_Click(std::int16_t Index) {
     if (at(entry.dialog) >= chkAdd.size()) // one below 0, too
         throw runtime::RuntimeError(runtime::ErrorNumber::subscriptOutOfRange);
     chkAdd[at(entry.dialog)].setValue(true);
-    if (entry.type != separator)
+    if (entry.type != entryType::separator)
         drawIcon(Index, entry.icon);
     refreshPreview(page);
     picView[page].setPicture(imgIcon[page].image());
@@ -153,14 +157,14 @@ void frmSetup::chkAdd_Click(std::int16_t Index) {
     // The last button's page does not exist.
     if (page >= listPages || lstApps[page].listIndex() < 0 || noUpdate != 0)
         return;
-    if (Index > 2)
+    if (Index > dialogKind::fileDialog)
         return;
     ButtonList& written = workList[at(Index)];
     if (written.allocated())
         written[selectedSlot(lstApps[at(Index)])].dialog = Index;
-    const std::size_t follows = Index == 2 ? 1 : 0;
-    labPara[follows].setEnabled(Index != 0);
-    txtPara[follows].setEnabled(Index != 0);
+    const std::size_t follows = Index == dialogKind::fileDialog ? 1 : 0;
+    labPara[follows].setEnabled(Index != dialogKind::none);
+    txtPara[follows].setEnabled(Index != dialogKind::none);
 }
 
 /// Appends a live record without an icon or texts but those that stand in the fields of title and path.
@@ -190,7 +194,7 @@ void frmSetup::btnAdd_Click(std::int16_t Index) {
     store::currentRoutine = "btnAdd_Click";
     noUpdate = -1;
     const std::size_t page = at(Index);
-    showEntryFields(Index, externalCommand);
+    showEntryFields(Index, entryType::externalProgram);
     chkAdd[3 * page].setValue(true);
     emptyFields(Index);
     ObjFiledialog files;
@@ -203,10 +207,10 @@ void frmSetup::btnAdd_Click(std::int16_t Index) {
     if (!file.empty()) {
         txtTitle[page].setText(file.substr(file.rfind('\\') + 1));
         txtPath[page].setText(file);
-        ToolButton& added = append(Index, externalCommand);
+        ToolButton& added = append(Index, entryType::externalProgram);
         store::extractIconToPicture(file, 0, imgIcon[page]);
         picView[page].setPicture(imgIcon[page].image());
-        added.icon = file + ",0";
+        added.icon = store::IconReference{file}.text();
         fillList(Index);
     }
     selectLast(Index);
@@ -218,11 +222,11 @@ void frmSetup::btnAddSep_Click(std::int16_t Index) {
     store::currentRoutine = "btnAddSep_Click";
     noUpdate = -1;
     const std::size_t page = at(Index);
-    showEntryFields(Index, separator);
+    showEntryFields(Index, entryType::separator);
     chkAdd[3 * page].setValue(true);
     emptyFields(Index);
     txtTitle[page].setText("----------------------------------");
-    append(Index, separator);
+    append(Index, entryType::separator);
     picView[page].setPicture({});
     fillList(Index);
     selectLast(Index);

@@ -1,12 +1,12 @@
 // The texts of the dialog. A text is read anew each time; only what stands here follows the language.
 #include "setup/frmSetup.h"
 
-#include "core/state.h"
+#include "store/state.h"
 #include "store/textCatalogue.h"
 
 namespace setup {
 
-using core::languageOffset;
+using store::languageOffset;
 using store::LoadResString;
 
 void frmSetup::loadResources() {

@@ -2,16 +2,16 @@
 // effect at once.
 #include "setup/frmSetup.h"
 
-#include "core/frmMenu.h"
-#include "core/help.h"
-#include "core/state.h"
+#include "forms/event.h"
 #include "setup/ObjFiledialog.h"
+#include "store/help.h"
 #include "store/settings.h"
+#include "store/state.h"
 #include "store/textCatalogue.h"
 
 namespace setup {
 
-using core::languageOffset;
+using store::languageOffset;
 using store::LoadResString;
 namespace key = store::key;
 
@@ -57,11 +57,11 @@ void frmSetup::fillEAGLE() {
     // On the first load this is a change, and loadResources runs once more inside it.
     cboLanguage.setListIndex(languageOffset != 0 ? 0 : 1);
     // Kept: what the program runs with wins over the setting.
-    chkUnitCalc.setValue(core::unitCalcActive != 0 ? 1 : 0);
+    chkUnitCalc.setValue(store::unitCalcActive != 0 ? 1 : 0);
     for (std::size_t side = 0; side < 2; ++side)
-        cboUnit[side].setText(core::unitName[side]);
+        cboUnit[side].setText(store::unitName[side]);
     for (std::size_t side = 0; side < 2; ++side)
-        cboAccur[side].setText(core::unitAccuracy[side]);
+        cboAccur[side].setText(store::unitAccuracy[side]);
 }
 
 void frmSetup::cboLanguage_Click() {
@@ -71,7 +71,7 @@ void frmSetup::cboLanguage_Click() {
     languageOffset = cboLanguage.listIndex() == german ? 0 : store::englishBank;
     store::setini(store::section::global, key::language, std::to_string(languageOffset));
     loadResources();
-    core::menuForm().loadResources();
+    forms::raise(onNewLanguage);
 }
 
 void frmSetup::btnEAGLE_Click() {
@@ -88,7 +88,7 @@ void frmSetup::btnEAGLE_Click() {
 }
 
 void frmSetup::btnHelp_Click() {
-    core::showHelp();
+    store::showHelp();
 }
 
 } // namespace setup

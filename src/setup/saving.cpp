@@ -3,16 +3,16 @@
 #include "setup/frmSetup.h"
 
 #include "calculator/frmMil.h"
-#include "core/launcher.h"
-#include "core/state.h"
-#include "platform/system.h"
+#include "platform/dialogs.h"
 #include "runtime/text.h"
+#include "store/eaglePath.h"
 #include "store/settings.h"
+#include "store/state.h"
 #include "store/textCatalogue.h"
 
 namespace setup {
 
-using core::languageOffset;
+using store::languageOffset;
 using store::LoadResString;
 using store::setini;
 namespace key = store::key;
@@ -25,19 +25,19 @@ void frmSetup::saveOptions() {
     setini(toolbar, key::winEAGLE, std::to_string(windows));
     setini(toolbar, key::oneEAGLE, std::to_string(chkOneInst.value()));
     setini(store::section::unit, key::visible, std::to_string(chkUnitCalc.value()));
-    core::unitCalcActive = static_cast<std::int16_t>(chkUnitCalc.value());
+    store::unitCalcActive = static_cast<std::int16_t>(chkUnitCalc.value());
 }
 
 void frmSetup::saveUnits() {
     constexpr std::array<const char*, 2> unitKeys = {key::leftUnit, key::rightUnit};
     constexpr std::array<const char*, 2> accuracyKeys = {key::leftAccuracy, key::rightAccuracy};
     for (std::size_t side = 0; side < 2; ++side) {
-        core::unitName[side] = cboUnit[side].text();
-        setini(store::section::unit, unitKeys[side], core::unitName[side]);
+        store::unitName[side] = cboUnit[side].text();
+        setini(store::section::unit, unitKeys[side], store::unitName[side]);
     }
     for (std::size_t side = 0; side < 2; ++side) {
-        core::unitAccuracy[side] = cboAccur[side].text();
-        setini(store::section::unit, accuracyKeys[side], core::unitAccuracy[side]);
+        store::unitAccuracy[side] = cboAccur[side].text();
+        setini(store::section::unit, accuracyKeys[side], store::unitAccuracy[side]);
     }
 }
 
@@ -65,14 +65,14 @@ void frmSetup::btnOk_Click() {
     saveUnits();
     // Kept: the calculators in EAGLE's windows are other instances and keep their units.
     calculator::defaultMil().loadResources();
-    if (chkEAGLE.value() != 0 && !core::isEaglePath(txtEAGLE.text())) {
+    if (chkEAGLE.value() != 0 && !store::isEaglePath(txtEAGLE.text())) {
         showWrongPath();
         setMousePointer(forms::MousePointer::standard);
         return;
     }
     setini(store::section::toolbarWritten, key::eaglePath, std::string(runtime::trim(txtEAGLE.text())));
     commitLists();
-    if (store::saveButtonLists(0) != 0 && !core::isEaglePath(txtEAGLE.text())) {
+    if (store::saveButtonLists(0) != 0 && !store::isEaglePath(txtEAGLE.text())) {
         // Kept: all is saved by now, and the hourglass stays.
         showWrongPath();
         return;

@@ -13,6 +13,20 @@ enum class EditorKind { board = 0, schematic = 1, library = 2 };
 inline constexpr std::array<EditorKind, 3> editorKinds = {EditorKind::board, EditorKind::schematic,
                                                           EditorKind::library};
 
+/// What a click on a row's button does: ToolButton::type.
+namespace entryType {
+inline constexpr std::int16_t externalProgram = 0;
+inline constexpr std::int16_t eagleCommand = 1;
+inline constexpr std::int16_t separator = 2;
+} // namespace entryType
+
+/// What asks for an argument before that: ToolButton::dialog.
+namespace dialogKind {
+inline constexpr std::int16_t none = 0;
+inline constexpr std::int16_t inputBox = 1;
+inline constexpr std::int16_t fileDialog = 2;
+} // namespace dialogKind
+
 struct ToolButton {
     std::string name;
     std::string path;
@@ -20,9 +34,9 @@ struct ToolButton {
     std::string param;
     std::string icon;
     std::int16_t rowNumber = 0;
-    std::int16_t dialog = 0; ///< 0 none, 1 input box, 2 file dialog
-    std::int16_t type = 0;   ///< 0 external program, 1 EAGLE command, 2 separator
-    std::int16_t live = 0;   ///< 1 for a row that exists
+    std::int16_t dialog = dialogKind::none;         ///< another number in the settings file stays
+    std::int16_t type = entryType::externalProgram; ///< likewise
+    std::int16_t live = 0;                          ///< 1 for a row that exists
 
     bool operator==(const ToolButton&) const = default;
 };

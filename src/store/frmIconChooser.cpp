@@ -1,10 +1,9 @@
 #include "store/frmIconChooser.h"
 
 #include "platform/comdlg32.h"
+#include "platform/files.h"
 #include "platform/shell32.h"
-#include "platform/system.h"
 #include "runtime/text.h"
-#include "store/iconChooser.h"
 #include "store/iconChooserTexts.h"
 #include "store/iconPicture.h"
 
@@ -12,6 +11,8 @@
 #include <array>
 
 namespace store {
+
+using platform::iconPathSize;
 
 namespace {
 
@@ -39,8 +40,7 @@ std::string filterList(const IconChooserTexts& texts) {
 
 } // namespace
 
-frmIconChooser::frmIconChooser(platform::HWND owner, const std::string& file, std::int32_t index)
-    : startIndex_(index) {
+frmIconChooser::frmIconChooser(platform::HWND owner, const IconReference& start) : startIndex_(start.index) {
     ownerWindow = owner;
     borderStyle = forms::BorderStyle::fixedDialog;
     showInTaskbar = false;
@@ -49,7 +49,7 @@ frmIconChooser::frmIconChooser(platform::HWND owner, const std::string& file, st
     setTexts();
     setClientSize(7350, 6255);
     build();
-    txtFile.setText(file);
+    txtFile.setText(start.file.substr(0, iconPathSize - 1));
     txtFile.maxLength = static_cast<int>(iconPathSize) - 1;
     txtFile.onChange = [this] { txtFile_Change(); };
     btnBrowse.onClick = [this] { btnBrowse_Click(); };
@@ -176,8 +176,14 @@ void frmIconChooser::btnOk_Click() {
         focusIcons();
         return;
     }
-    chosen_ = ChosenIcon{txtFile.text(), grdIcons.selectedIndex()};
+    chosen_ = IconReference{txtFile.text(), grdIcons.selectedIndex()};
     unload();
+}
+
+std::optional<IconReference> pickIcon(platform::HWND owner, const IconReference& start) {
+    frmIconChooser form(owner, start);
+    form.showModal();
+    return form.chosen();
 }
 
 } // namespace store

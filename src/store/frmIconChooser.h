@@ -10,6 +10,7 @@
 #include "forms/iconGrid.h"
 #include "forms/label.h"
 #include "forms/textBox.h"
+#include "store/iconReference.h"
 
 #include <cstdint>
 #include <optional>
@@ -17,23 +18,17 @@
 
 namespace store {
 
-struct ChosenIcon {
-    std::string file;
-    std::int32_t index = 0;
-
-    bool operator==(const ChosenIcon&) const = default;
-};
-
 /// Of a file with more icons only the first ones are shown.
 inline constexpr int mostIcons = 1000;
 
 class frmIconChooser : public forms::Form {
   public:
-    /// Begins with icon `index` of `file`. With another index than one of the file's icons none is selected.
-    frmIconChooser(platform::HWND owner, const std::string& file, std::int32_t index);
+    /// Begins with the icon `start`, a name that is too long for the chooser being cut. With another index
+    /// than one of the file's icons none is selected.
+    frmIconChooser(platform::HWND owner, const IconReference& start);
 
     /// What the user has confirmed; nothing after a cancel.
-    const std::optional<ChosenIcon>& chosen() const { return chosen_; }
+    const std::optional<IconReference>& chosen() const { return chosen_; }
 
     void Form_Load() override;
 
@@ -61,7 +56,10 @@ class frmIconChooser : public forms::Form {
 
     std::int32_t startIndex_;
     bool unread_ = false; ///< the name has been edited, the icons are not shown yet
-    std::optional<ChosenIcon> chosen_;
+    std::optional<IconReference> chosen_;
 };
+
+/// Lets the user pick an icon with this form, beginning with `start`; nothing after a cancel.
+std::optional<IconReference> pickIcon(platform::HWND owner, const IconReference& start);
 
 } // namespace store

@@ -1,6 +1,6 @@
 #include "store/iconChooserTexts.h"
 
-#include "core/state.h"
+#include "store/state.h"
 
 namespace store {
 
@@ -44,7 +44,7 @@ constexpr IconChooserTexts english{
 } // namespace
 
 const IconChooserTexts& iconChooserTexts() {
-    return core::languageOffset == 0 ? german : english;
+    return languageOffset == 0 ? german : english;
 }
 
 } // namespace store

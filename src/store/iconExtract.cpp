@@ -1,16 +1,13 @@
 #include "store/iconExtract.h"
 
 #include "platform/shell32.h"
-#include "platform/system.h"
 #include "platform/user32.h"
-#include "runtime/numbers.h"
 #include "runtime/runtimeError.h"
-#include "runtime/text.h"
-#include "store/iconChooser.h"
+#include "store/frmIconChooser.h"
+#include "store/iconReference.h"
 #include "store/pathTokens.h"
 
-#include <algorithm>
-#include <array>
+#include <optional>
 
 namespace store {
 
@@ -23,34 +20,24 @@ void extractIconToPicture(const std::string& file, std::int32_t index, forms::Pi
             return;
         picture.setAutoRedraw(true);
         picture.cls();
-        platform::DrawIconEx(picture.hDC(), 1, 1, smallIcon, 0, 0, 0, 3);
+        platform::DrawIconEx(picture.hDC(), 1, 1, smallIcon, 0, 0, 0, platform::drawNormally);
         platform::DestroyIcon(smallIcon);
         picture.refresh();
         picture.setAutoRedraw(false);
-    } catch (const runtime::RuntimeError&) { // NOLINT(bugprone-empty-catch): silent by design
+    } catch (const runtime::RuntimeError&) { // silent by design
     }
 }
 
 std::string chooseIconFile(const std::string& reference, platform::HWND owner) {
-    std::string file;
-    std::int32_t index = 0;
-    if (!reference.empty()) {
-        const std::vector<std::string> parts = runtime::split(reference, ',');
-        file = parts.front();
-        index = runtime::toInt32(runtime::element(parts, 1));
+    IconReference icon;
+    if (!reference.empty())
+        icon = IconReference::parse(reference);
+    const int result = platform::PickIconDlg(owner, icon.file, icon.index);
+    if (result == platform::noIconChooser) {
+        const std::optional<IconReference> picked = pickIcon(owner, icon);
+        return picked ? picked->text() : std::string();
     }
-    // A start file that does not fit is cut: the last character stays the terminator.
-    std::array<char16_t, iconPathSize> buffer = {};
-    const std::u16string wide = platform::toUtf16(file);
-    std::copy_n(wide.begin(), std::min(wide.size(), buffer.size() - 1), buffer.begin());
-    int result = platform::PickIconDlg(owner, buffer, index);
-    constexpr int noChooser = -1;
-    if (result == noChooser)
-        result = pickIcon(owner, buffer, index);
-    if (result != 1)
-        return {};
-    const auto end = std::find(buffer.begin(), buffer.end(), u'\0');
-    return platform::toAnsi(std::u16string_view(buffer.begin(), end)) + "," + std::to_string(index);
+    return result == platform::iconPicked ? icon.text() : std::string();
 }
 
 } // namespace store

@@ -12,9 +12,7 @@ namespace store {
 namespace {
 
 constexpr int side = 32;
-constexpr forms::Colour black = 0x000000;
-constexpr forms::Colour white = 0xFFFFFF;
-constexpr int opaque = 0xFF;
+constexpr int fullOpacity = 0xFF;
 
 struct OwnedIcon {
     platform::HICON handle = platform::HICON::none;
@@ -30,7 +28,7 @@ struct OwnedIcon {
 
 forms::Picture drawnOn(forms::Colour colour, platform::HICON icon) {
     const forms::Surface surface(side, side, colour);
-    platform::DrawIconEx(surface.dc(), 0, 0, icon, 0, 0, 0, 3);
+    platform::DrawIconEx(surface.dc(), 0, 0, icon, 0, 0, 0, platform::drawNormally);
     return surface.copy();
 }
 
@@ -43,14 +41,14 @@ int channel(std::uint32_t pixel, unsigned shift) {
 std::uint32_t pixelSeen(std::uint32_t onBlack, std::uint32_t onWhite) {
     int opacity = 0;
     for (const unsigned shift : {0U, 8U, 16U})
-        opacity = std::max(opacity, opaque - (channel(onWhite, shift) - channel(onBlack, shift)));
-    opacity = std::min(opacity, opaque);
+        opacity = std::max(opacity, fullOpacity - (channel(onWhite, shift) - channel(onBlack, shift)));
+    opacity = std::min(opacity, fullOpacity);
     if (opacity == 0)
         return 0;
     auto pixel = static_cast<std::uint32_t>(opacity) << 24U;
     // No channel is above the opacity.
     for (const unsigned shift : {0U, 8U, 16U}) {
-        const int full = (channel(onBlack, shift) * opaque + opacity / 2) / opacity;
+        const int full = (channel(onBlack, shift) * fullOpacity + opacity / 2) / opacity;
         pixel |= static_cast<std::uint32_t>(full) << shift;
     }
     return pixel;
@@ -61,8 +59,8 @@ forms::Picture iconPicture(const std::string& file, std::int32_t index) {
     OwnedIcon smallIcon;
     if (platform::ExtractIconExA(file.c_str(), index, largeIcon.handle, smallIcon.handle) < 1)
         return {};
-    const forms::Picture onBlack = drawnOn(black, largeIcon.handle);
-    const forms::Picture onWhite = drawnOn(white, largeIcon.handle);
+    const forms::Picture onBlack = drawnOn(forms::black, largeIcon.handle);
+    const forms::Picture onWhite = drawnOn(forms::white, largeIcon.handle);
     std::vector<std::uint32_t> pixels;
     pixels.reserve(onBlack.pixels().size());
     for (std::size_t place = 0; place < onBlack.pixels().size() && place < onWhite.pixels().size(); ++place)

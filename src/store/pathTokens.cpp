@@ -1,6 +1,6 @@
 #include "store/pathTokens.h"
 
-#include "platform/system.h"
+#include "platform/executable.h"
 #include "runtime/text.h"
 
 namespace store {

@@ -1,7 +1,7 @@
 #include "store/settings.h"
 
+#include "platform/executable.h"
 #include "platform/kernel32.h"
-#include "platform/system.h"
 #include "runtime/numbers.h"
 #include "runtime/text.h"
 

@@ -12,7 +12,7 @@ namespace section {
 inline constexpr const char* global = "global";
 inline constexpr const char* unit = "Unit";
 inline constexpr const char* toolbar = "toolbar";
-inline constexpr const char* toolbarWritten = "Toolbar"; ///< kept: the same section as its writers spell it
+inline constexpr const char* toolbarWritten = "Toolbar"; ///< Kept: the same section as its writers spell it
 } // namespace section
 
 namespace key {
@@ -31,7 +31,7 @@ inline constexpr const char* eagleFile = "EAGLEfile";
 inline constexpr const char* lastBoard = "lastBoard";
 inline constexpr const char* lastSCH = "lastSCH";
 inline constexpr const char* lastLBR = "lastLBR";
-inline constexpr const char* lastLbrWritten = "lastLbr"; ///< kept: the same key as its writer spells it
+inline constexpr const char* lastLbrWritten = "lastLbr"; ///< Kept: the same key as its writer spells it
 } // namespace key
 
 /// Name of the routine last entered, where a routine records itself; nothing reads it.

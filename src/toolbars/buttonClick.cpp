@@ -1,5 +1,8 @@
 // What a click on a button does.
-#include "platform/system.h"
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/keySender.h"
+#include "platform/programs.h"
 #include "platform/user32.h"
 #include "runtime/keyText.h"
 #include "runtime/numbers.h"
@@ -21,13 +24,11 @@ namespace {
 /// The argument that the user gives in the dialog that the tag asks for, with one blank before it; empty
 /// where there is no dialog, none at all where the user cancels.
 std::optional<std::string> askForArgument(const std::vector<std::string>& parts, platform::HWND owner) {
-    constexpr std::int16_t inputDialog = 1;
-    constexpr std::int16_t fileDialog = 2;
     const std::int16_t dialog = runtime::toInt16(runtime::element(parts, tagField::dialog));
     std::string answer;
-    if (dialog == inputDialog) {
+    if (dialog == store::dialogKind::inputBox) {
         answer = platform::inputBox(runtime::element(parts, tagField::param), "Input Parameter");
-    } else if (dialog == fileDialog) {
+    } else if (dialog == store::dialogKind::fileDialog) {
         setup::ObjFiledialog files;
         files.setFilename("*.*");
         files.setDialogTitle(runtime::element(parts, tagField::param));
@@ -43,18 +44,16 @@ std::optional<std::string> askForArgument(const std::vector<std::string>& parts,
 
 /// Starts a program if its file is there. The user is not told of a failure.
 void startProgram(const std::string& path, const std::string& arguments) {
-    constexpr int normalWithFocus = 1;
     try {
         if (!platform::dir(path).empty())
-            platform::shell(path + arguments, normalWithFocus);
-    } catch (const runtime::RuntimeError&) { // NOLINT(bugprone-empty-catch): silent by design
+            platform::shell(path + arguments, platform::normalWithFocus);
+    } catch (const runtime::RuntimeError&) { // silent by design
     }
 }
 
 void typeCommand(platform::HWND host, const std::string& command) {
-    constexpr int restore = 9;
     platform::BringWindowToTop(host);
-    platform::ShowWindow(host, restore);
+    platform::ShowWindow(host, platform::restoreWindow);
     // Not escaped: the notation's characters in a command or an input act as key codes.
     platform::sendKeys(runtime::parseKeyText(command + "{ENTER}"), true);
 }
@@ -75,12 +74,10 @@ void frmToolbar::Toolbar_ButtonClick(forms::ToolbarButton& button) {
     if (!arguments)
         return;
     const std::string path = store::expandTokens(parts[tagField::path]);
-    constexpr std::int16_t externalProgram = 0;
-    constexpr std::int16_t eagleCommand = 1;
     const std::int16_t type = runtime::toInt16(runtime::element(parts, tagField::type));
-    if (type == externalProgram)
+    if (type == store::entryType::externalProgram)
         startProgram(path, *arguments);
-    else if (type == eagleCommand)
+    else if (type == store::entryType::eagleCommand)
         typeCommand(eagHND, path + *arguments);
 }
 

@@ -12,7 +12,7 @@ namespace toolbars {
 /// The section sign in the Western code page.
 inline constexpr char tagMark = '\xA7';
 
-/// Places of the fields in a tag. A mark inside path or param moves the later ones: nothing escapes it.
+/// Places of the fields in a tag. Kept: a mark inside path or param moves the later ones, nothing escapes it.
 namespace tagField {
 inline constexpr std::size_t path = 0;
 inline constexpr std::size_t dialog = 1;

@@ -8,16 +8,12 @@ frmPullDown::frmPullDown() {
     borderStyle = forms::BorderStyle::fixedDialog;
     showInTaskbar = false;
     setClientSize(1905, 2910);
-    Toolbar1.place(*this, {0, 0, 1905, 330});
+    Toolbar1.place(*this, {0, 0, scaleWidth(), 330});
     Toolbar1.onButtonClick = [](forms::ToolbarButton& /*button*/) {};
 }
 
 frmPullDown& pullDown() {
     return forms::defaultInstance<frmPullDown>();
-}
-
-bool pullDownExists() {
-    return forms::defaultSlot<frmPullDown>() != nullptr;
 }
 
 } // namespace toolbars

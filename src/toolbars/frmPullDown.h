@@ -16,7 +16,5 @@ class frmPullDown : public forms::Form {
 
 /// The one instance, made at the first call.
 frmPullDown& pullDown();
-/// Whether it has been made.
-bool pullDownExists();
 
 } // namespace toolbars

@@ -9,6 +9,8 @@ namespace toolbars {
 
 namespace {
 
+constexpr float designWidth = 1800; // twips, of the client area
+
 constexpr std::uint32_t setRedraw = 11;
 
 void switchDrawingOn(platform::HWND window) {
@@ -26,8 +28,8 @@ frmToolbar::frmToolbar(store::EditorKind kind) : kind_(kind), differences_(diffe
     borderStyle = forms::BorderStyle::sizableToolWindow;
     showInTaskbar = false;
     activates = false;
-    setClientSize(1800, differences_.clientHeight);
-    toolbar.place(*this, {0, 0, 1800, 330});
+    setClientSize(designWidth, differences_.clientHeight);
+    toolbar.place(*this, {0, 0, designWidth, 330});
     toolbar.onButtonClick = [this](forms::ToolbarButton& button) { Toolbar_ButtonClick(button); };
     toolbar.onMouseMove = [this](int, int, float, float) { Toolbar_MouseMove(); };
     for (forms::PictureBox* box : {&Picture1, &Picture2}) {

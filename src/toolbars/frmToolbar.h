@@ -58,16 +58,13 @@ class frmToolbar : public forms::Form {
     const Differences& differences_;
 };
 
-struct frmToolbarBRD final : frmToolbar {
-    frmToolbarBRD() : frmToolbar(store::EditorKind::board) {}
+/// The three forms under their names.
+template <store::EditorKind ofKind>
+struct ToolbarOfKind final : frmToolbar {
+    ToolbarOfKind() : frmToolbar(ofKind) {}
 };
-
-struct frmToolbarSCH final : frmToolbar {
-    frmToolbarSCH() : frmToolbar(store::EditorKind::schematic) {}
-};
-
-struct frmToolbarLBR final : frmToolbar {
-    frmToolbarLBR() : frmToolbar(store::EditorKind::library) {}
-};
+using frmToolbarBRD = ToolbarOfKind<store::EditorKind::board>;
+using frmToolbarSCH = ToolbarOfKind<store::EditorKind::schematic>;
+using frmToolbarLBR = ToolbarOfKind<store::EditorKind::library>;
 
 } // namespace toolbars

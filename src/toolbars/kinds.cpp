@@ -6,9 +6,9 @@ namespace toolbars {
 
 namespace {
 constexpr std::array<Differences, 3> differences = {{
-    {"Toolbar0", "BRD", 1, false, false, false, 300},
-    {"Toolbar1", "SCH", 2, true, true, true, 345},
-    {"Toolbar2", "LBR", 3, true, true, false, 300},
+    {"BRD", 1, false, false, false, 300},
+    {"SCH", 2, true, true, true, 345},
+    {"LBR", 3, true, true, false, 300},
 }};
 } // namespace
 

@@ -1,7 +1,6 @@
 // From the form's button list to visible buttons.
-#include "runtime/numbers.h"
-#include "runtime/text.h"
 #include "store/iconExtract.h"
+#include "store/iconReference.h"
 #include "toolbars/buttonTag.h"
 #include "toolbars/frmPullDown.h"
 #include "toolbars/frmToolbar.h"
@@ -15,8 +14,6 @@ namespace {
 
 constexpr const char* configKey = "Config";
 constexpr const char* overKey = "Over";
-constexpr int pictureSide = 16;
-constexpr std::int16_t separatorType = 2;
 
 } // namespace
 
@@ -57,10 +54,9 @@ void frmToolbar::loadRowPictures(const store::ButtonList& buttons) {
             ImageList1.add(number, "", fixedPictures().picture(differences_.pictureKey));
             continue;
         }
-        const std::vector<std::string> reference = runtime::split(button.icon, ',');
-        const std::int32_t index = runtime::toInt32(runtime::element(reference, 1));
+        const auto icon = store::IconReference::parse(button.icon);
         // An icon that cannot be had leaves the surface as it was: the row gets the last good icon.
-        store::extractIconToPicture(reference.front(), index, Picture1);
+        store::extractIconToPicture(icon.file, icon.index, Picture1);
         Picture2.setPicture(Picture1.image());
         ImageList1.add(number, "", Picture2.picture());
     }
@@ -80,7 +76,7 @@ void frmToolbar::loadRowButtons(const store::ButtonList& buttons) {
         if (button.live != 1)
             continue;
         ++number;
-        if (button.type == separatorType) {
+        if (button.type == store::entryType::separator) {
             toolbar.addButton("", "", forms::ButtonStyle::separator, 0);
             continue;
         }

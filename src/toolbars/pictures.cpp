@@ -7,11 +7,9 @@ namespace toolbars {
 
 namespace {
 
-constexpr int side = 16;
-
 struct FixedPicture {
     const char* key;
-    std::array<std::uint32_t, side * side> pixels;
+    std::array<std::uint32_t, pictureSide * pictureSide> pixels;
 };
 
 constexpr FixedPicture pictures[] = {
@@ -20,7 +18,7 @@ constexpr FixedPicture pictures[] = {
 
 void fill(forms::ImageList& list) {
     for (const FixedPicture& picture : pictures)
-        list.add(0, picture.key, {side, side, {picture.pixels.begin(), picture.pixels.end()}});
+        list.add(0, picture.key, {pictureSide, pictureSide, {picture.pixels.begin(), picture.pixels.end()}});
 }
 
 } // namespace

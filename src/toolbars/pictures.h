@@ -5,7 +5,10 @@
 
 namespace toolbars {
 
-/// Six pictures of 16 by 16 under the keys "Separator", "BRD", "SCH", "LBR", "Config", "Over".
+/// Width and height of a picture on a toolbar, in pixels.
+inline constexpr int pictureSide = 16;
+
+/// Six pictures under the keys "Separator", "BRD", "SCH", "LBR", "Config", "Over".
 const forms::ImageList& fixedPictures();
 
 } // namespace toolbars

@@ -1,7 +1,7 @@
 // The start of the program and its message loop.
-#include "core/guard.h"
 #include "core/hauptform.h"
-#include "win32/forms/modal.h"
+#include "runtime/guard.h"
+#include "win32/common/messages.h"
 
 #include <windows.h>
 
@@ -24,8 +24,8 @@ int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*comma
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&controls);
     // Lives until the process ends, like all that it owns.
-    auto* const form = new core::Hauptform; // NOLINT(cppcoreguidelines-owning-memory)
-    core::guarded([form] { form->load(); });
+    auto* const form = new core::Hauptform;
+    runtime::guarded([form] { form->load(); });
     MSG message;
     while (form->loaded() && GetMessageA(&message, nullptr, 0, 0) > 0)
         win32::serve(message);

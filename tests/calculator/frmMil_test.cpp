@@ -1,9 +1,10 @@
 #include "calculator/frmMil.h"
 
-#include "core/state.h"
+#include "desktop/keyboard.h"
 #include "desktop/program.h"
 #include "runtime/runtimeError.h"
 #include "store/settings.h"
+#include "store/state.h"
 
 #include <doctest/doctest.h>
 
@@ -12,6 +13,7 @@
 #include <vector>
 
 using calculator::frmMil;
+using desktop::typeInto;
 
 namespace {
 
@@ -22,15 +24,14 @@ constexpr int rightArrow = 39;
 /// A calculator with the number formats given, as it stands in an editor window.
 struct Calculator {
     explicit Calculator(const std::string& leftFormat = "@", const std::string& rightFormat = "@") {
-        core::unitAccuracy = {leftFormat, rightFormat};
+        store::unitAccuracy = {leftFormat, rightFormat};
         form.load();
     }
 
     /// Types into a side as a user does who has clicked it before: the old value goes.
     void type(std::size_t side, const std::string& text) {
         form.txtSize[side].onMouseDown(1, 0, 0, 0);
-        for (const char character : text)
-            form.txtSize[side].typeCharacter(character);
+        typeInto(form.txtSize[side], text);
     }
     void release(std::size_t side, int keyCode) { form.txtSize[side].onKeyUp(keyCode, 0); }
     const std::string& text(std::size_t side) { return form.txtSize[side].text(); }
@@ -47,7 +48,9 @@ struct Calculator {
 
 } // namespace
 
-TEST_CASE("calculator: a new one shows mil and mm, and 0 on both sides") {
+TEST_SUITE_BEGIN("calculator/frmMil");
+
+TEST_CASE("a new one shows mil and mm, and 0 on both sides") {
     Calculator calculator;
     CHECK(calculator.form.labUnit[0].caption() == "mil");
     CHECK(calculator.form.labUnit[1].caption() == "mm");
@@ -59,7 +62,7 @@ TEST_CASE("calculator: a new one shows mil and mm, and 0 on both sides") {
     }
 }
 
-TEST_CASE("calculator: the controls stand where they are designed, and Tab goes to the right side first") {
+TEST_CASE("the controls stand where they are designed, and Tab goes to the right side first") {
     Calculator calculator;
     frmMil& form = calculator.form;
     CHECK(form.scaleWidth() == 3000);
@@ -79,7 +82,7 @@ TEST_CASE("calculator: the controls stand where they are designed, and Tab goes 
     CHECK(form.txtSize[0].container() == &form.fraMil);
 }
 
-TEST_CASE("calculator: 100 mil are 2.54 mm, 1 mm is 39.37 mil") {
+TEST_CASE("100 mil are 2.54 mm, 1 mm is 39.37 mil") {
     Calculator calculator("0.##", "0.##");
     calculator.type(0, "100");
     CHECK(calculator.text(1) == "2.54");
@@ -87,7 +90,7 @@ TEST_CASE("calculator: 100 mil are 2.54 mm, 1 mm is 39.37 mil") {
     CHECK(calculator.text(0) == "39.37");
 }
 
-TEST_CASE("calculator: every unit by its exact factor, the ratio first and then the product") {
+TEST_CASE("every unit by its exact factor, the ratio first and then the product") {
     struct Unit {
         const char* caption;
         double micrometres;
@@ -111,7 +114,7 @@ TEST_CASE("calculator: every unit by its exact factor, the ratio first and then 
         }
 }
 
-TEST_CASE("calculator: the order of the operations shows in the last digit") {
+TEST_CASE("the order of the operations shows in the last digit") {
     Calculator calculator;
     struct Case {
         const char* millimetres;
@@ -127,7 +130,7 @@ TEST_CASE("calculator: the order of the operations shows in the last digit") {
     }
 }
 
-TEST_CASE("calculator: each has its own values") {
+TEST_CASE("each has its own values") {
     Calculator calculator;
     frmMil other;
     calculator.type(0, "100");
@@ -136,18 +139,18 @@ TEST_CASE("calculator: each has its own values") {
     CHECK(calculator::defaultMil().txtSize[0].text() == "0");
 }
 
-TEST_CASE("calculator: the format of the side that is written counts") {
+TEST_CASE("the format of the side that is written counts") {
     Calculator calculator("0.###", "0.#");
     calculator.type(0, "100");
     CHECK(calculator.text(1) == "2.5");
     calculator.type(1, "2.54");
     CHECK(calculator.text(0) == "100.");
-    core::unitAccuracy[1] = "0.####";
+    store::unitAccuracy[1] = "0.####";
     calculator.release(0, shiftKey);
     CHECK(calculator.text(1) == "2.54");
 }
 
-TEST_CASE("calculator: an empty field gives 0 on the other side, whatever the format") {
+TEST_CASE("an empty field gives 0 on the other side, whatever the format") {
     for (const char* format : {"@", "0.#", "0.#######"}) {
         Calculator calculator(format, format);
         for (const char* nothing : {"", "0", "0.000", "abc", ".", "-", "  ", "-0"}) {
@@ -158,7 +161,7 @@ TEST_CASE("calculator: an empty field gives 0 on the other side, whatever the fo
     }
 }
 
-TEST_CASE("calculator: a comma that is typed arrives as a dot, in both fields") {
+TEST_CASE("a comma that is typed arrives as a dot, in both fields") {
     Calculator calculator;
     calculator.type(0, "1,5");
     CHECK(calculator.text(0) == "1.5");
@@ -166,7 +169,7 @@ TEST_CASE("calculator: a comma that is typed arrives as a dot, in both fields") 
     CHECK(calculator.text(1) == "2.5");
 }
 
-TEST_CASE("calculator: a comma that is pasted stays and ends the number") {
+TEST_CASE("a comma that is pasted stays and ends the number") {
     Calculator calculator;
     calculator.form.txtSize[0].edited("1000,5");
     calculator.release(0, shiftKey);
@@ -174,19 +177,19 @@ TEST_CASE("calculator: a comma that is pasted stays and ends the number") {
     CHECK(calculator.text(1) == "25.4");
 }
 
-TEST_CASE("calculator: a whole result keeps the mark of its pattern") {
+TEST_CASE("a whole result keeps the mark of its pattern") {
     Calculator calculator("0.##", "0.##");
     calculator.form.labUnit[0].setCaption("mm");
     CHECK(calculator.rightOf("2") == "2.");
 }
 
-TEST_CASE("calculator: a result below the pattern's resolution is an empty fraction, not 0") {
+TEST_CASE("a result below the pattern's resolution is an empty fraction, not 0") {
     Calculator calculator("0.#", "0.#");
     calculator.form.labUnit[0].setCaption("mm");
     CHECK(calculator.rightOf("0.001") == "0.");
 }
 
-TEST_CASE("calculator: any mouse button selects the whole value, and the next key replaces it") {
+TEST_CASE("any mouse button selects the whole value, and the next key replaces it") {
     Calculator calculator;
     for (const int button : {1, 2, 4}) {
         forms::TextBox& box = calculator.form.txtSize[0];
@@ -196,12 +199,12 @@ TEST_CASE("calculator: any mouse button selects the whole value, and the next ke
         CHECK(box.selStart() == 0);
         CHECK(box.selLength() == 5);
         CHECK(store::currentRoutine == "txtSize_MouseDown");
-        box.typeCharacter('7');
+        typeInto(box, "7");
         CHECK(box.text() == "7");
     }
 }
 
-TEST_CASE("calculator: any key that is released computes the other side, Tab, arrows and Shift among them") {
+TEST_CASE("any key that is released computes the other side, Tab, arrows and Shift among them") {
     for (const int keyCode : {tabKey, shiftKey, rightArrow}) {
         Calculator calculator;
         calculator.form.txtSize[0].setText("100");
@@ -214,7 +217,7 @@ TEST_CASE("calculator: any key that is released computes the other side, Tab, ar
     }
 }
 
-TEST_CASE("calculator: the field that is typed into is never rewritten") {
+TEST_CASE("the field that is typed into is never rewritten") {
     Calculator calculator("0.#", "0.#");
     calculator.type(0, "1.23456");
     CHECK(calculator.text(0) == "1.23456");
@@ -222,14 +225,14 @@ TEST_CASE("calculator: the field that is typed into is never rewritten") {
     CHECK(calculator.text(1) == "007");
 }
 
-TEST_CASE("calculator: a result that is written raises no conversion back") {
+TEST_CASE("a result that is written raises no conversion back") {
     Calculator calculator("0.#", "0.#");
     calculator.type(0, "1");
     CHECK(calculator.text(1) == "0.");
     CHECK(calculator.text(0) == "1");
 }
 
-TEST_CASE("calculator: text is read as far as it is a number, whatever it is") {
+TEST_CASE("text is read as far as it is a number, whatever it is") {
     Calculator calculator;
     CHECK(calculator.rightOf("1000abc") == "25.4");
     CHECK(calculator.rightOf("  1000") == "25.4");
@@ -244,7 +247,7 @@ TEST_CASE("calculator: text is read as far as it is a number, whatever it is") {
     CHECK(calculator.rightOf(std::string("1000\0007", 6)) == "25.4");
 }
 
-TEST_CASE("calculator: a number of 400 digits and 1e999 are the runtime's overflow") {
+TEST_CASE("a number of 400 digits and 1e999 are the runtime's overflow") {
     Calculator calculator;
     for (const std::string& huge : {std::string("1e999"), std::string("-1e999"), std::string(400, '9')}) {
         CAPTURE(huge);
@@ -260,7 +263,7 @@ TEST_CASE("calculator: a number of 400 digits and 1e999 are the runtime's overfl
     CHECK(calculator.rightOf("1e-400") == "0");
 }
 
-TEST_CASE("calculator: a result beyond the range shows as infinite and ends nothing") {
+TEST_CASE("a result beyond the range shows as infinite and ends nothing") {
     Calculator calculator;
     calculator.form.labUnit[0].setCaption("Inch");
     calculator.form.labUnit[1].setCaption("um");
@@ -268,7 +271,7 @@ TEST_CASE("calculator: a result beyond the range shows as infinite and ends noth
     CHECK(calculator.rightOf("-1e308") == "-1.#INF");
 }
 
-TEST_CASE("calculator: an unknown unit on the side that is divided by gives the infinite text") {
+TEST_CASE("an unknown unit on the side that is divided by gives the infinite text") {
     Calculator calculator("0.##", "0.##");
     calculator.form.labUnit[1].setCaption("furlong");
     CHECK(calculator.rightOf("1") == "1.#INF");
@@ -276,14 +279,13 @@ TEST_CASE("calculator: an unknown unit on the side that is divided by gives the 
     CHECK(calculator.rightOf("0") == "-1.#IND");
 }
 
-TEST_CASE("calculator: an unknown unit on the other side gives 0") {
+TEST_CASE("an unknown unit on the other side gives 0") {
     Calculator calculator;
     calculator.form.labUnit[0].setCaption("MIL"); // the case counts
     CHECK(calculator.rightOf("100") == "0");
 }
 
-TEST_CASE(
-    "calculator: any direction but 1 computes from the right side; a side that is not there is error 9") {
+TEST_CASE("any direction but 1 computes from the right side; a side that is not there is error 9") {
     Calculator calculator;
     calculator.form.txtSize[1].setText("25.4");
     calculator.form.convert(0);
@@ -292,9 +294,9 @@ TEST_CASE(
         CHECK_THROWS_AS(calculator.form.convert(direction), runtime::RuntimeError);
 }
 
-TEST_CASE("calculator: the setup's units reach only the default instance") {
+TEST_CASE("the setup's units reach only the default instance") {
     Calculator calculator;
-    core::unitName = {"Inch", "um"};
+    store::unitName = {"Inch", "um"};
     calculator::defaultMil().loadResources();
     CHECK(calculator::defaultMil().labUnit[0].caption() == "Inch");
     CHECK(calculator::defaultMil().labUnit[1].caption() == "um");
@@ -302,8 +304,7 @@ TEST_CASE("calculator: the setup's units reach only the default instance") {
     CHECK(calculator.form.labUnit[1].caption() == "mm");
 }
 
-TEST_CASE("calculator: one in an editor window keeps mil and mm whatever the settings say, but follows the "
-          "formats") {
+TEST_CASE("one in an editor window keeps mil and mm whatever the settings say, but follows the formats") {
     desktop::Program program;
     program.desk().writeSettings(
         "[Unit]\r\nVisible=1\r\nLeftUnit=Inch\r\nRightUnit=um\r\nRightAccuracy=0.#\r\n");
@@ -315,13 +316,15 @@ TEST_CASE("calculator: one in an editor window keeps mil and mm whatever the set
     frmMil& form = *program.form().calculators[1];
     CHECK(form.labUnit[0].caption() == "mil");
     CHECK(form.labUnit[1].caption() == "mm");
-    form.txtSize[0].typeCharacter('1');
+    typeInto(form.txtSize[0], "1");
     CHECK(form.txtSize[0].text() == "10");
     CHECK(form.txtSize[1].text() == "0.3");
 }
 
-TEST_CASE("calculator: its routines record themselves") {
+TEST_CASE("its routines record themselves") {
     Calculator calculator;
     calculator.release(0, tabKey);
     CHECK(store::currentRoutine == "convert");
 }
+
+TEST_SUITE_END();

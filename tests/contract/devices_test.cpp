@@ -23,9 +23,9 @@ bool holds(const std::string& text, const char* what) {
 
 } // namespace
 
-TEST_SUITE_BEGIN("contract");
+TEST_SUITE_BEGIN("contract/devices");
 
-TEST_CASE("contract: text goes into the clipboard and a cleared one holds none") {
+TEST_CASE("text goes into the clipboard and a cleared one holds none") {
     World world;
     platform::clearClipboard();
     CHECK_FALSE(world.clipboardText().has_value());
@@ -37,7 +37,7 @@ TEST_CASE("contract: text goes into the clipboard and a cleared one holds none")
     CHECK_FALSE(world.clipboardText().has_value());
 }
 
-TEST_CASE("contract: an empty and a long text are held by the clipboard") {
+TEST_CASE("an empty and a long text are held by the clipboard") {
     World world;
     platform::clearClipboard();
     platform::setClipboardText("");
@@ -48,14 +48,14 @@ TEST_CASE("contract: an empty and a long text are held by the clipboard") {
     CHECK(world.clipboardText() == longText);
 }
 
-TEST_CASE("contract: plain text in the clipboard ends at its first NUL") {
+TEST_CASE("plain text in the clipboard ends at its first NUL") {
     World world;
     platform::clearClipboard();
     platform::setClipboardText(std::string_view("before\0after", 12));
     CHECK(world.clipboardText() == "before");
 }
 
-TEST_CASE("contract: a clipboard that another program holds for a moment is waited for") {
+TEST_CASE("a clipboard that another program holds for a moment is waited for") {
     World world;
     world.holdClipboard(platform::clipboardPatience / 4);
     platform::clearClipboard();
@@ -64,7 +64,7 @@ TEST_CASE("contract: a clipboard that another program holds for a moment is wait
     CHECK(world.clipboardText() == "came through");
 }
 
-TEST_CASE("contract: a clipboard that another program keeps fails with the runtime's error") {
+TEST_CASE("a clipboard that another program keeps fails with the runtime's error") {
     World world;
     platform::clearClipboard();
     platform::setClipboardText("stays");
@@ -74,7 +74,7 @@ TEST_CASE("contract: a clipboard that another program keeps fails with the runti
     world.killOtherProgram();
 }
 
-TEST_CASE("contract: without a printer a line fails with the runtime's error, and an end of no job is none") {
+TEST_CASE("without a printer a line fails with the runtime's error, and an end of no job is none") {
     const World world;
     if (!World::withoutPrinter()) {
         MESSAGE("there is a printer: not tried");
@@ -85,7 +85,7 @@ TEST_CASE("contract: without a printer a line fails with the runtime's error, an
     CHECK(errorOf([] { platform::endPrintJob(); }) == 0);
 }
 
-TEST_CASE("contract: the system tells its version for a record of the stated size") {
+TEST_CASE("the system tells its version for a record of the stated size") {
     const World world;
     platform::OSVERSIONINFOA record;
     record.dwOSVersionInfoSize = platform::versionRecordSize;
@@ -97,7 +97,7 @@ TEST_CASE("contract: the system tells its version for a record of the stated siz
     CHECK(record.dwBuildNumber > 0);
 }
 
-TEST_CASE("contract: a version record of another size is left as it is") {
+TEST_CASE("a version record of another size is left as it is") {
     const World world;
     platform::OSVERSIONINFOA record;
     for (const std::uint32_t size : {0U, 147U, 149U}) {
@@ -108,7 +108,7 @@ TEST_CASE("contract: a version record of another size is left as it is") {
     }
 }
 
-TEST_CASE("contract: a date's text has its day, a time's text its hours, minutes and seconds") {
+TEST_CASE("a date's text has its day, a time's text its hours, minutes and seconds") {
     const World world;
     constexpr double date = 38845 + 14 / 24.0 + 25 / 1440.0 + 36 / 86400.0; // 8 May 2006
     CHECK(holds(platform::dateText(date), "06"));
@@ -127,7 +127,7 @@ TEST_CASE("contract: a date's text has its day, a time's text its hours, minutes
     CHECK(errorOf([] { platform::timeText(1e300); }) == 5);
 }
 
-TEST_CASE("contract: the clock goes on from this year") {
+TEST_CASE("the clock goes on from this year") {
     const World world;
     const double begin = platform::now();
     CHECK(begin > 38000);
@@ -138,16 +138,23 @@ TEST_CASE("contract: the clock goes on from this year") {
     CHECK(seconds == doctest::Approx(std::round(seconds)).epsilon(1e-12));
 }
 
-TEST_CASE("contract: the executable's name has neither folder nor extension") {
+TEST_CASE("the executable's name has neither folder nor extension") {
     const World world;
     const bool simulated = contract::worldKind() == contract::WorldKind::simulated;
     CHECK(platform::executableName() == (simulated ? "kestrel" : "contract-tests"));
 }
 
-TEST_CASE("contract: the screen has a size, and the pointer can be set back") {
+TEST_CASE("the screen has a size and a work area inside it, and the pointer can be set back") {
     const World world;
     CHECK(platform::screenWidth() >= 640);
     CHECK(platform::screenHeight() >= 480);
+    const platform::RECT area = platform::workArea();
+    CHECK(area.left >= 0);
+    CHECK(area.top >= 0);
+    CHECK(area.right <= platform::screenWidth());
+    CHECK(area.bottom <= platform::screenHeight());
+    CHECK(area.right - area.left >= 320);
+    CHECK(area.bottom - area.top >= 240);
     platform::resetMousePointer();
 }
 

@@ -1,31 +1,22 @@
-// Directory lookup, files and texts of the runtime, on files of the world.
+// Directory lookup, and files read, written and deleted, on files of the world.
 #include "contract/world.h"
-#include "platform/system.h"
+#include "platform/executable.h"
+#include "platform/files.h"
 #include "platform/textFile.h"
-#include "platform/user32.h"
 #include "runtime/errorOf.h"
-#include "runtime/text.h"
 
 #include <doctest/doctest.h>
-
-#include <numeric>
 
 namespace {
 
 using contract::World;
 using runtime::errorOf;
 
-std::string allCharacters() {
-    std::string all(256, '\0');
-    std::iota(all.begin(), all.end(), '\0');
-    return all;
-}
-
 } // namespace
 
-TEST_SUITE_BEGIN("contract");
+TEST_SUITE_BEGIN("contract/files");
 
-TEST_CASE("contract: a directory lookup gives the bare name in its stored case") {
+TEST_CASE("a directory lookup gives the bare name in its stored case") {
     World world;
     world.writeFile(world.path("Board.BRD"), "x");
     CHECK(platform::dir(world.path("Board.BRD")) == "Board.BRD");
@@ -36,13 +27,13 @@ TEST_CASE("contract: a directory lookup gives the bare name in its stored case")
     CHECK(platform::dir(world.path("Board.BRD")).empty());
 }
 
-TEST_CASE("contract: umlauts in a name fold too") {
+TEST_CASE("umlauts in a name fold too") {
     World world;
     world.writeFile(world.path("Pl\xE4ne.brd"), "x");
     CHECK(platform::dir(world.path("PL\xC4NE.BRD")) == "Pl\xE4ne.brd");
 }
 
-TEST_CASE("contract: a directory lookup takes wildcards") {
+TEST_CASE("a directory lookup takes wildcards") {
     World world;
     world.writeFile(world.path("execute.txt"), "x");
     world.writeFile(world.path("other.dat"), "x");
@@ -54,7 +45,7 @@ TEST_CASE("contract: a directory lookup takes wildcards") {
     CHECK(platform::dir(world.path("?.txt")).empty());
 }
 
-TEST_CASE("contract: directories, hidden and system files are not found") {
+TEST_CASE("directories, hidden and system files are not found") {
     World world;
     world.makeFolder(world.path("folder.txt"));
     world.writeFile(world.path("hidden.txt"), "x", {.hidden = true});
@@ -67,7 +58,7 @@ TEST_CASE("contract: directories, hidden and system files are not found") {
     CHECK(platform::dir(world.path("*.txt")) == "readonly.txt");
 }
 
-TEST_CASE("contract: a path that is empty or cannot exist finds nothing") {
+TEST_CASE("a path that is empty or cannot exist finds nothing") {
     World world;
     world.writeFile(world.path("here.txt"), "x");
     CHECK(platform::dir("").empty());
@@ -78,7 +69,7 @@ TEST_CASE("contract: a path that is empty or cannot exist finds nothing") {
     CHECK(platform::dir(std::string(5000, 'x')).empty());
 }
 
-TEST_CASE("contract: a folder with blanks in its name is looked into") {
+TEST_CASE("a folder with blanks in its name is looked into") {
     World world;
     world.makeFolder(world.path("My Tools"));
     world.writeFile(world.path("My Tools\\x y.exe"), "x");
@@ -86,7 +77,7 @@ TEST_CASE("contract: a folder with blanks in its name is looked into") {
     CHECK(platform::dir(world.path("My Tools\\x y.exe /a")).empty());
 }
 
-TEST_CASE("contract: a deleted file is gone") {
+TEST_CASE("a deleted file is gone") {
     World world;
     world.writeFile(world.path("execute.txt"), "x");
     platform::kill(world.path("EXECUTE.txt"));
@@ -94,7 +85,7 @@ TEST_CASE("contract: a deleted file is gone") {
     CHECK(errorOf([&] { platform::kill(world.path("execute.txt")); }) == 53);
 }
 
-TEST_CASE("contract: a file that cannot be deleted stays") {
+TEST_CASE("a file that cannot be deleted stays") {
     World world;
     const std::string path = world.path("file.txt");
     world.writeFile(path, "x", {.readOnly = true});
@@ -107,7 +98,7 @@ TEST_CASE("contract: a file that cannot be deleted stays") {
     CHECK(errorOf([&] { platform::kill(world.path("folder")); }) == 75);
 }
 
-TEST_CASE("contract: the first line of a file is read, whatever it ends in") {
+TEST_CASE("the first line of a file is read, whatever it ends in") {
     World world;
     const struct {
         std::string content;
@@ -128,7 +119,7 @@ TEST_CASE("contract: the first line of a file is read, whatever it ends in") {
     }
 }
 
-TEST_CASE("contract: a line of 100,000 characters is read whole, and nothing of what follows") {
+TEST_CASE("a line of 100,000 characters is read whole, and nothing of what follows") {
     World world;
     const std::string line(100'000, 'x');
     world.writeFile(world.path("execute.txt"), line + "\nsecond");
@@ -137,19 +128,19 @@ TEST_CASE("contract: a line of 100,000 characters is read whole, and nothing of 
     CHECK(platform::readFirstLine(world.path("execute.txt")) == std::string("a\0b", 3));
 }
 
-TEST_CASE("contract: of a file without line ends no more than a megabyte is read") {
+TEST_CASE("of a file without line ends no more than a megabyte is read") {
     World world;
     const std::string huge(3U << 20U, 'x');
     world.writeFile(world.path("execute.txt"), huge);
     CHECK(platform::readFirstLine(world.path("execute.txt")).size() == 1U << 20U);
 }
 
-TEST_CASE("contract: a file on a network that is not there is no file") {
+TEST_CASE("a file on a network that is not there is no file") {
     CHECK(platform::dir("\\\\nowhere.invalid\\share\\eagle.exe").empty());
     CHECK(platform::dir("//nowhere.invalid/share/eagle.exe").empty());
 }
 
-TEST_CASE("contract: a file that cannot be read fails with the runtime's error") {
+TEST_CASE("a file that cannot be read fails with the runtime's error") {
     World world;
     CHECK(errorOf([&] { platform::readFirstLine(world.path("nosuch.txt")); }) == 53);
     CHECK(errorOf([&] { platform::readFirstLine(world.path("nosuch\\file.txt")); }) == 76);
@@ -160,7 +151,7 @@ TEST_CASE("contract: a file that cannot be read fails with the runtime's error")
     CHECK(errorOf([&] { platform::readFirstLine(world.path("held.txt")); }) == 70);
 }
 
-TEST_CASE("contract: text is appended to a file that grows by each call") {
+TEST_CASE("text is appended to a file that grows by each call") {
     World world;
     const std::string path = world.path("report.EPT");
     platform::appendToFile(path, "one\r\n");
@@ -172,7 +163,7 @@ TEST_CASE("contract: text is appended to a file that grows by each call") {
     CHECK(platform::dir(path) == "report.EPT");
 }
 
-TEST_CASE("contract: a written file holds the new text and nothing else") {
+TEST_CASE("a written file holds the new text and nothing else") {
     World world;
     const std::string path = world.path("report.ERR");
     platform::writeFile(path, "a long first text");
@@ -181,7 +172,7 @@ TEST_CASE("contract: a written file holds the new text and nothing else") {
     CHECK(world.readFile(path) == "short");
 }
 
-TEST_CASE("contract: a file that cannot be written fails with the runtime's error") {
+TEST_CASE("a file that cannot be written fails with the runtime's error") {
     for (const auto write : {&platform::appendToFile, &platform::writeFile}) {
         World world;
         CHECK(errorOf([&] { write(world.path("nosuch\\file.txt"), "x"); }) == 76);
@@ -199,37 +190,13 @@ TEST_CASE("contract: a file that cannot be written fails with the runtime's erro
     }
 }
 
-TEST_CASE("contract: the program's folder has no separator at its end and holds the settings file") {
+TEST_CASE("the program's folder has no separator at its end and holds the settings file") {
     World world;
     const std::string& folder = platform::programFolder();
     REQUIRE_FALSE(folder.empty());
     CHECK(folder.back() != '\\');
     CHECK(contract::World::settingsPath() == folder + "\\kestrel.ini");
     CHECK_FALSE(platform::currentDirectory().empty());
-}
-
-TEST_CASE("contract: a lower-case text folds the letters of the code page and leaves the rest") {
-    const std::string all = allCharacters();
-    std::string expected = all;
-    const std::string capitals =
-        "ABCDEFGHIJKLMNOPQRSTUVWXYZ\x8A\x8C\x8E\x9F\xC0\xC1\xC2\xC3\xC4\xC5\xC6\xC7\xC8\xC9"
-        "\xCA\xCB\xCC\xCD\xCE\xCF\xD0\xD1\xD2\xD3\xD4\xD5\xD6\xD8\xD9\xDA\xDB\xDC\xDD\xDE";
-    const std::string small =
-        "abcdefghijklmnopqrstuvwxyz\x9A\x9C\x9E\xFF\xE0\xE1\xE2\xE3\xE4\xE5\xE6\xE7\xE8\xE9"
-        "\xEA\xEB\xEC\xED\xEE\xEF\xF0\xF1\xF2\xF3\xF4\xF5\xF6\xF8\xF9\xFA\xFB\xFC\xFD\xFE";
-    REQUIRE(capitals.size() == small.size());
-    for (std::size_t at = 0; at < capitals.size(); ++at)
-        expected[static_cast<unsigned char>(capitals[at])] = small[at];
-    CHECK(runtime::lowerCase(all) == expected);
-}
-
-TEST_CASE("contract: every character of the code page comes back from UTF-16, others become question marks") {
-    const std::string all = allCharacters();
-    CHECK(platform::toAnsi(platform::toUtf16(all)) == all);
-    CHECK(platform::toUtf16("a\xE4\x80") == u"a\u00E4\u20AC");
-    CHECK(platform::toAnsi(u"x\u4E2Dy") == "x?y");
-    CHECK(platform::toUtf16("").empty());
-    CHECK(platform::toAnsi(u"").empty());
 }
 
 TEST_SUITE_END();

@@ -2,9 +2,12 @@
 #include "contract/world.h"
 #include "forms/form.h"
 #include "forms/units.h"
+#include "platform/screen.h"
 #include "platform/user32.h"
 
 #include <doctest/doctest.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -50,9 +53,9 @@ constexpr forms::BorderStyle borders[] = {forms::BorderStyle::none, forms::Borde
 
 } // namespace
 
-TEST_SUITE_BEGIN("contract");
+TEST_SUITE_BEGIN("contract/formSize");
 
-TEST_CASE("contract: a form has the client size of its design, whatever its border") {
+TEST_CASE("a form has the client size of its design, whatever its border") {
     for (const forms::BorderStyle border : borders) {
         World world;
         SizedForm form(border);
@@ -65,7 +68,7 @@ TEST_CASE("contract: a form has the client size of its design, whatever its bord
     }
 }
 
-TEST_CASE("contract: an assigned height is the window's at once and raises one resize event") {
+TEST_CASE("an assigned height is the window's at once and raises one resize event") {
     for (const forms::BorderStyle border : borders) {
         World world;
         SizedForm form(border);
@@ -79,7 +82,7 @@ TEST_CASE("contract: an assigned height is the window's at once and raises one r
     }
 }
 
-TEST_CASE("contract: assigning the size that a form has raises nothing") {
+TEST_CASE("assigning the size that a form has raises nothing") {
     World world;
     SizedForm form(forms::BorderStyle::sizableToolWindow);
     form.show();
@@ -92,7 +95,7 @@ TEST_CASE("contract: assigning the size that a form has raises nothing") {
     checkInStep(form);
 }
 
-TEST_CASE("contract: a form that others resize hears of it once") {
+TEST_CASE("a form that others resize hears of it once") {
     World world;
     SizedForm form(forms::BorderStyle::sizableToolWindow);
     form.show();
@@ -103,7 +106,7 @@ TEST_CASE("contract: a form that others resize hears of it once") {
     CHECK(form.width() == 4500);
 }
 
-TEST_CASE("contract: a form that is only moved, raised or shown hears of no resize") {
+TEST_CASE("a form that is only moved, raised or shown hears of no resize") {
     World world;
     SizedForm form(forms::BorderStyle::sizableToolWindow);
     form.show();
@@ -116,7 +119,7 @@ TEST_CASE("contract: a form that is only moved, raised or shown hears of no resi
     checkInStep(form);
 }
 
-TEST_CASE("contract: a form stays where others have put it when its size is assigned") {
+TEST_CASE("a form stays where others have put it when its size is assigned") {
     World world;
     SizedForm form(forms::BorderStyle::sizableToolWindow);
     form.show();
@@ -130,12 +133,27 @@ TEST_CASE("contract: a form stays where others have put it when its size is assi
     checkInStep(form);
 }
 
-TEST_CASE("contract: sizes assigned before the window is made are those of the window") {
+TEST_CASE("sizes assigned before the window is made are those of the window") {
     World world;
     SizedForm form(forms::BorderStyle::sizableToolWindow);
     form.setPosition({450, 600, 4500, 3000});
     form.show();
     CHECK(outer(form) == RECT{30, 40, 330, 240});
+    checkInStep(form);
+}
+
+TEST_CASE("a centred form stands in the middle of the screen, as far as the work area has it") {
+    World world;
+    SizedForm form(forms::BorderStyle::fixedSingle);
+    form.centreOnScreen = true;
+    form.show();
+    const RECT at = outer(form);
+    const RECT area = platform::workArea();
+    const auto begin = [](int length, int screen, int first, int last) {
+        return std::clamp((screen - length) / 2, first, last - length);
+    };
+    CHECK(at.left == begin(at.right - at.left, platform::screenWidth(), area.left, area.right));
+    CHECK(at.top == begin(at.bottom - at.top, platform::screenHeight(), area.top, area.bottom));
     checkInStep(form);
 }
 

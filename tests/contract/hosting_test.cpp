@@ -3,7 +3,9 @@
 #include "forms/form.h"
 #include "forms/frame.h"
 #include "forms/units.h"
-#include "platform/system.h"
+#include "platform/keySender.h"
+#include "platform/messages.h"
+#include "platform/programs.h"
 #include "platform/user32.h"
 #include "runtime/keyText.h"
 
@@ -62,9 +64,9 @@ HWND host(forms::Form& form, HWND window) {
 
 } // namespace
 
-TEST_SUITE_BEGIN("contract");
+TEST_SUITE_BEGIN("contract/hosting");
 
-TEST_CASE("contract: a child's coordinates are those of its parent's client area") {
+TEST_CASE("a child's coordinates are those of its parent's client area") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
     ToolForm form;
@@ -84,7 +86,7 @@ TEST_CASE("contract: a child's coordinates are those of its parent's client area
     CHECK(rectOf(hosted) == moved(corner, -5, 2000));
 }
 
-TEST_CASE("contract: a child goes along with its host") {
+TEST_CASE("a child goes along with its host") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
     ToolForm form;
@@ -94,7 +96,7 @@ TEST_CASE("contract: a child goes along with its host") {
     CHECK(World::until([&] { return rectOf(hosted) == moved(before, 50, 60); }));
 }
 
-TEST_CASE("contract: taking a form into a host and out again keeps its position in numbers") {
+TEST_CASE("taking a form into a host and out again keeps its position in numbers") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
     ToolForm form;
@@ -111,7 +113,7 @@ TEST_CASE("contract: taking a form into a host and out again keeps its position 
     CHECK(form.hWnd() == hosted);
 }
 
-TEST_CASE("contract: a height that is assigned outside the host lasts inside") {
+TEST_CASE("a height that is assigned outside the host lasts inside") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
     ToolForm form;
@@ -131,7 +133,7 @@ TEST_CASE("contract: a height that is assigned outside the host lasts inside") {
     CHECK(form.scaleHeight() == 300 + 44 * 15);
 }
 
-TEST_CASE("contract: a hosted form is not among the top-level windows and is found there again outside") {
+TEST_CASE("a hosted form is not among the top-level windows and is found there again outside") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
     ToolForm form;
@@ -156,7 +158,7 @@ TEST_CASE("contract: a hosted form is not among the top-level windows and is fou
     CHECK(isTopLevel());
 }
 
-TEST_CASE("contract: a frame can be hosted without the form that it stands on") {
+TEST_CASE("a frame can be hosted without the form that it stands on") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
     ToolForm form;
@@ -179,7 +181,7 @@ TEST_CASE("contract: a frame can be hosted without the form that it stands on") 
     CHECK(platform::IsWindow(form.hWnd()));
 }
 
-TEST_CASE("contract: a form outlives the closing of its host, without a window") {
+TEST_CASE("a form outlives the closing of its host, without a window") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
     const HWND other = world.openWindow("other host", hostRect);
@@ -199,7 +201,7 @@ TEST_CASE("contract: a form outlives the closing of its host, without a window")
     CHECK_FALSE(platform::MoveWindow(hosted, 0, 0, 10, 10, true));
 }
 
-TEST_CASE("contract: a form outlives the end of its host's process, without a window") {
+TEST_CASE("a form outlives the end of its host's process, without a window") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
     ToolForm form;
@@ -216,7 +218,7 @@ TEST_CASE("contract: a form outlives the end of its host's process, without a wi
     CHECK_FALSE(platform::SetWindowPos(window, 0, 0, 0, 0, 0, 3));
 }
 
-TEST_CASE("contract: nothing waits for a host that hangs") {
+TEST_CASE("nothing waits for a host that hangs") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
     ToolForm form;

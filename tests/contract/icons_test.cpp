@@ -18,7 +18,7 @@ using contract::World;
 using platform::HICON;
 
 constexpr IconSource sources[] = {IconSource::ico, IconSource::exe, IconSource::dll};
-constexpr std::uint32_t background = 0xFF000000U | forms::maskGrey;
+constexpr std::uint32_t background = forms::opaque | forms::maskGrey;
 
 /// A box of 18 by 18 pixels, as the toolbars have it.
 struct Box : forms::PictureBox {
@@ -71,9 +71,9 @@ void checkDrawn(const forms::Picture& picture, const std::optional<forms::Pictur
 
 } // namespace
 
-TEST_SUITE_BEGIN("contract");
+TEST_SUITE_BEGIN("contract/icons");
 
-TEST_CASE("contract: one icon is extracted at both sizes from a file that has it, none beyond") {
+TEST_CASE("one icon is extracted at both sizes from a file that has it, none beyond") {
     for (const IconSource source : sources) {
         World world;
         const IconFile file = world.iconFile(source);
@@ -94,7 +94,7 @@ TEST_CASE("contract: one icon is extracted at both sizes from a file that has it
     }
 }
 
-TEST_CASE("contract: files without icons and files that are not there give none") {
+TEST_CASE("files without icons and files that are not there give none") {
     World world;
     world.writeFile(world.path("text.txt"), "no icon in here");
     world.writeFile(world.path("broken.ico"), std::string("\0\0\1\0\0\0 garbage", 14));
@@ -104,7 +104,7 @@ TEST_CASE("contract: files without icons and files that are not there give none"
         CHECK_MESSAGE(platform::ExtractIconExA(world.path(name).c_str(), 0, large, small) == 0, name);
 }
 
-TEST_CASE("contract: the icons of a file are counted, of one without them there are none") {
+TEST_CASE("the icons of a file are counted, of one without them there are none") {
     for (const IconSource source : sources) {
         World world;
         const IconFile file = world.iconFile(source);
@@ -118,8 +118,7 @@ TEST_CASE("contract: the icons of a file are counted, of one without them there 
     CHECK(platform::iconCount("") == 0);
 }
 
-TEST_CASE(
-    "contract: an icon's picture shows what is behind it where the icon does, and leaves no icon open") {
+TEST_CASE("an icon's picture shows what is behind it where the icon does, and leaves no icon open") {
     for (const IconSource source : sources) {
         World world;
         const IconFile file = world.iconFile(source);
@@ -137,7 +136,7 @@ TEST_CASE(
     }
 }
 
-TEST_CASE("contract: an icon is drawn in its small size with a margin of one pixel") {
+TEST_CASE("an icon is drawn in its small size with a margin of one pixel") {
     for (const IconSource source : sources) {
         World world;
         const IconFile file = world.iconFile(source);
@@ -149,7 +148,7 @@ TEST_CASE("contract: an icon is drawn in its small size with a margin of one pix
     }
 }
 
-TEST_CASE("contract: a second icon replaces the first") {
+TEST_CASE("a second icon replaces the first") {
     World world;
     const IconFile file = world.iconFile(IconSource::exe);
     REQUIRE(file.count >= 2);
@@ -161,7 +160,7 @@ TEST_CASE("contract: a second icon replaces the first") {
     checkDrawn(box.image(), file.picture(1));
 }
 
-TEST_CASE("contract: a missing file and an index beyond the last leave the picture as it was") {
+TEST_CASE("a missing file and an index beyond the last leave the picture as it was") {
     World world;
     const IconFile file = world.iconFile(IconSource::ico);
     Box box;
@@ -175,7 +174,7 @@ TEST_CASE("contract: a missing file and an index beyond the last leave the pictu
     checkDrawn(box.image(), file.picture(0));
 }
 
-TEST_CASE("contract: an icon is gone once it has been given back, and gone only once") {
+TEST_CASE("an icon is gone once it has been given back, and gone only once") {
     World world;
     const IconFile file = world.iconFile(IconSource::ico);
     const int before = World::openIcons();
@@ -189,7 +188,7 @@ TEST_CASE("contract: an icon is gone once it has been given back, and gone only 
     CHECK(World::openIcons() == before);
 }
 
-TEST_CASE("contract: drawing an icon into a box leaves its large size open and nothing else") {
+TEST_CASE("drawing an icon into a box leaves its large size open and nothing else") {
     World world;
     const IconFile file = world.iconFile(IconSource::exe);
     Box box;

@@ -1,6 +1,6 @@
 // Key text, from the notation to what an edit field of another program then holds.
 #include "contract/world.h"
-#include "platform/system.h"
+#include "platform/keySender.h"
 #include "runtime/keyText.h"
 
 #include <doctest/doctest.h>
@@ -45,16 +45,16 @@ void checkArrive(std::span<const Case> cases) {
 
 } // namespace
 
-TEST_SUITE_BEGIN("contract");
+TEST_SUITE_BEGIN("contract/keyText");
 
-TEST_CASE("contract: every character arrives that is typed by the notation") {
+TEST_CASE("every character arrives that is typed by the notation") {
     const std::string text =
         "aZ0 +^%~(){}[] \xE4\xF6\xFC\xC4\xD6\xDC\xDF\x80 @\\|<>\"';:.*,-_=?!#$&/`\xA7\xB5";
     const Case cases[] = {{escaped(text), text}};
     checkArrive(cases);
 }
 
-TEST_CASE("contract: a command of 500 characters arrives whole and in order") {
+TEST_CASE("a command of 500 characters arrives whole and in order") {
     std::string text;
     for (int number = 0; text.size() < 500; ++number)
         text += "grid mm " + std::to_string(number) + "; ";
@@ -62,7 +62,7 @@ TEST_CASE("contract: a command of 500 characters arrives whole and in order") {
     checkArrive(cases);
 }
 
-TEST_CASE("contract: Enter, repeats and the keys that move and delete do what they are named for") {
+TEST_CASE("Enter, repeats and the keys that move and delete do what they are named for") {
     const Case cases[] = {
         {"window fit{ENTER}", "window fit\r\n"},
         {"a~b{enter}c", "a\r\nb\r\nc"},
@@ -78,7 +78,7 @@ TEST_CASE("contract: Enter, repeats and the keys that move and delete do what th
     checkArrive(cases);
 }
 
-TEST_CASE("contract: modifiers hold for the next key or group and no longer") {
+TEST_CASE("modifiers hold for the next key or group and no longer") {
     const Case cases[] = {
         {"+ab", "Ab"},
         {"+(ab)c", "ABc"},
@@ -89,7 +89,7 @@ TEST_CASE("contract: modifiers hold for the next key or group and no longer") {
     checkArrive(cases);
 }
 
-TEST_CASE("contract: what is no notation is typed as it stands") {
+TEST_CASE("what is no notation is typed as it stands") {
     const Case cases[] = {
         {"{nosuchkey} x", "{nosuchkey} x"},
         {"a(b", "a(b"},

@@ -38,9 +38,9 @@ int countOf(const std::string& exe) {
 
 } // namespace
 
-TEST_SUITE_BEGIN("contract");
+TEST_SUITE_BEGIN("contract/processes");
 
-TEST_CASE("contract: a program is in the walk under its bare file name as long as it runs") {
+TEST_CASE("a program is in the walk under its bare file name as long as it runs") {
     World world;
     const int before = countOf(World::otherProgramName());
     world.openWindow("window");
@@ -49,7 +49,7 @@ TEST_CASE("contract: a program is in the walk under its bare file name as long a
     CHECK(World::until([&] { return countOf(World::otherProgramName()) == before; }));
 }
 
-TEST_CASE("contract: a walk can be begun anew and sees the same") {
+TEST_CASE("a walk can be begun anew and sees the same") {
     World world;
     world.openWindow("window");
     const platform::HANDLE snapshot = platform::CreateToolhelp32Snapshot(processes, 0);
@@ -64,7 +64,7 @@ TEST_CASE("contract: a walk can be begun anew and sees the same") {
     CHECK(again.dwSize == platform::processRecordSize);
 }
 
-TEST_CASE("contract: a record without its size is refused") {
+TEST_CASE("a record without its size is refused") {
     World world;
     world.openWindow("window");
     const platform::HANDLE snapshot = platform::CreateToolhelp32Snapshot(processes, 0);

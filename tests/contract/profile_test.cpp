@@ -38,9 +38,9 @@ contract::ProfileOutcome play(contract::World& world, const contract::ProfileCas
 
 } // namespace
 
-TEST_SUITE_BEGIN("contract");
+TEST_SUITE_BEGIN("contract/profile");
 
-TEST_CASE("contract: the settings-file operations do what the table says") {
+TEST_CASE("the settings-file operations do what the table says") {
     contract::World world;
     const auto rows = contract::readProfileTable(world.dataFile("profile.tsv"));
     CHECK(rows.size() == 97);
@@ -55,7 +55,7 @@ TEST_CASE("contract: the settings-file operations do what the table says") {
     }
 }
 
-TEST_CASE("contract: a setting that is written is read back, without regard to case") {
+TEST_CASE("a setting that is written is read back, without regard to case") {
     contract::World world;
     CHECK(store::setini("Toolbar", "autoToolbar", "1") != 0);
     CHECK(store::getini("toolbar", "AUTOTOOLBAR") == "1");
@@ -64,7 +64,7 @@ TEST_CASE("contract: a setting that is written is read back, without regard to c
     CHECK(world.readFile(contract::World::settingsPath()) == "[Toolbar]\r\nautoToolbar=1\r\n");
 }
 
-TEST_CASE("contract: a second write of a key replaces its value, a new key goes behind the last") {
+TEST_CASE("a second write of a key replaces its value, a new key goes behind the last") {
     contract::World world;
     store::setini("board", "1name", "Fit");
     store::setini("libr", "1name", "Open");
@@ -74,7 +74,7 @@ TEST_CASE("contract: a second write of a key replaces its value, a new key goes 
           "[board]\r\n1name=Gr\xFC\xDF\x65\r\n1path=window fit\r\n[libr]\r\n1name=Open\r\n");
 }
 
-TEST_CASE("contract: a removed section is gone, the others stay") {
+TEST_CASE("a removed section is gone, the others stay") {
     contract::World world;
     store::setini("board", "1name", "Fit");
     store::setini("schem", "1name", "Net");
@@ -84,7 +84,7 @@ TEST_CASE("contract: a removed section is gone, the others stay") {
     CHECK(world.readFile(contract::World::settingsPath()) == "[schem]\r\n1name=Net\r\n");
 }
 
-TEST_CASE("contract: a value of 300 characters comes back as 254") {
+TEST_CASE("a value of 300 characters comes back as 254") {
     contract::World world;
     const std::string value(300, 'v');
     store::setini("board", "1path", value);
@@ -93,7 +93,7 @@ TEST_CASE("contract: a value of 300 characters comes back as 254") {
     CHECK(store::getini("board", "1path") == value.substr(0, 254));
 }
 
-TEST_CASE("contract: a value in quotes loses them on reading, and blanks at its ends do not last") {
+TEST_CASE("a value in quotes loses them on reading, and blanks at its ends do not last") {
     contract::World world;
     store::setini("board", "1name", "\"quoted\"");
     CHECK(store::getini("board", "1name") == "quoted");
@@ -103,7 +103,7 @@ TEST_CASE("contract: a value in quotes loses them on reading, and blanks at its 
     CHECK(store::getini("board", "1name").empty());
 }
 
-TEST_CASE("contract: a settings file that another program holds takes no write") {
+TEST_CASE("a settings file that another program holds takes no write") {
     contract::World world;
     world.writeFile(contract::World::settingsPath(), "[board]\r\n1name=Fit\r\n");
     world.lockFile(contract::World::settingsPath());

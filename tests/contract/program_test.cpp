@@ -1,7 +1,7 @@
 // Starting programs by one command line.
 #include "contract/world.h"
+#include "platform/programs.h"
 #include "platform/shell32.h"
-#include "platform/system.h"
 #include "runtime/runtimeError.h"
 
 #include <doctest/doctest.h>
@@ -36,9 +36,9 @@ std::string seenBy(const std::string& program, const std::string& rest) {
 
 } // namespace
 
-TEST_SUITE_BEGIN("contract");
+TEST_SUITE_BEGIN("contract/program");
 
-TEST_CASE("contract: a program is started with its command line as it stands") {
+TEST_CASE("a program is started with its command line as it stands") {
     World world;
     const std::string program = world.path("tool.exe");
     world.placeProgram(program);
@@ -47,7 +47,7 @@ TEST_CASE("contract: a program is started with its command line as it stands") {
     CHECK(awaitStart(world, program) == commandLine);
 }
 
-TEST_CASE("contract: a path with blanks starts without quotes") {
+TEST_CASE("a path with blanks starts without quotes") {
     World world;
     world.makeFolder(world.path("My Tools"));
     const std::string program = world.path("My Tools\\x y.exe");
@@ -56,7 +56,7 @@ TEST_CASE("contract: a path with blanks starts without quotes") {
     CHECK(awaitStart(world, program) == seenBy(program, " C:\\My Files\\a.brd"));
 }
 
-TEST_CASE("contract: of several beginnings that are programs the shortest is started") {
+TEST_CASE("of several beginnings that are programs the shortest is started") {
     World world;
     const std::string shorter = world.path("My.exe");
     const std::string longer = world.path("My Tool.exe");
@@ -68,7 +68,7 @@ TEST_CASE("contract: of several beginnings that are programs the shortest is sta
     CHECK(awaitStart(world, shorter) == longer);
 }
 
-TEST_CASE("contract: a program that is not there fails with error 53") {
+TEST_CASE("a program that is not there fails with error 53") {
     World world;
     CHECK(startFails(world.path("nosuch.exe")));
     CHECK(startFails(world.path("nosuch folder\\x.exe") + " /a"));
@@ -78,7 +78,7 @@ TEST_CASE("contract: a program that is not there fails with error 53") {
     CHECK(startFails(world.path("folder")));
 }
 
-TEST_CASE("contract: the shell opens a program with its parameters") {
+TEST_CASE("the shell opens a program with its parameters") {
     World world;
     world.makeFolder(world.path("My Tools"));
     const std::string program = world.path("My Tools\\x y.exe");
@@ -88,7 +88,7 @@ TEST_CASE("contract: the shell opens a program with its parameters") {
     CHECK(awaitStart(world, program).ends_with(" a \"b"));
 }
 
-TEST_CASE("contract: what the shell cannot open fails with a small number and no message") {
+TEST_CASE("what the shell cannot open fails with a small number and no message") {
     World world;
     for (const std::string& file : {std::string(), world.path("nosuch.exe"), std::string(100'000, 'x')})
         CHECK(platform::ShellExecuteA(platform::HWND::none, "Open", file.c_str(), "", "", normalWithFocus) <=

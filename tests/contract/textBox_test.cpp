@@ -28,9 +28,9 @@ class EntryForm : public forms::Form {
 
 } // namespace
 
-TEST_SUITE_BEGIN("contract");
+TEST_SUITE_BEGIN("contract/textBox");
 
-TEST_CASE("contract: a text that is assigned shows at once, with one change event") {
+TEST_CASE("a text that is assigned shows at once, with one change event") {
     World world;
     EntryForm form;
     form.box.setText("before");
@@ -47,7 +47,7 @@ TEST_CASE("contract: a text that is assigned shows at once, with one change even
     CHECK(form.changes.size() == 2);
 }
 
-TEST_CASE("contract: what is typed arrives in the text, one change event for each character") {
+TEST_CASE("what is typed arrives in the text, one change event for each character") {
     World world;
     EntryForm form;
     form.show();
@@ -58,7 +58,7 @@ TEST_CASE("contract: what is typed arrives in the text, one change event for eac
     CHECK(form.other.text().empty());
 }
 
-TEST_CASE("contract: typing goes on where the selection stands") {
+TEST_CASE("typing goes on where the selection stands") {
     World world;
     EntryForm form;
     form.box.setText("acd");
@@ -70,7 +70,7 @@ TEST_CASE("contract: typing goes on where the selection stands") {
     CHECK(World::shownText(form.box) == "abxd");
 }
 
-TEST_CASE("contract: a comma can be replaced by a dot while it is typed") {
+TEST_CASE("a comma can be replaced by a dot while it is typed") {
     World world;
     EntryForm form;
     form.box.onKeyPress = [](int& keyAscii) {
@@ -84,7 +84,7 @@ TEST_CASE("contract: a comma can be replaced by a dot while it is typed") {
     CHECK(form.changes == std::vector<std::string>{"2", "2.", "2.5", "2.54"});
 }
 
-TEST_CASE("contract: a character that the key press event drops does not arrive") {
+TEST_CASE("a character that the key press event drops does not arrive") {
     World world;
     EntryForm form;
     form.box.onKeyPress = [](int& keyAscii) {
@@ -97,7 +97,7 @@ TEST_CASE("contract: a character that the key press event drops does not arrive"
     CHECK(World::shownText(form.box) == "12");
 }
 
-TEST_CASE("contract: no more is taken than the greatest length") {
+TEST_CASE("no more is taken than the greatest length") {
     World world;
     EntryForm form;
     form.box.maxLength = 3;
@@ -107,7 +107,7 @@ TEST_CASE("contract: no more is taken than the greatest length") {
     CHECK(World::shownText(form.box) == "123");
 }
 
-TEST_CASE("contract: a text that a change event assigns is the one that stays") {
+TEST_CASE("a text that a change event assigns is the one that stays") {
     World world;
     EntryForm form;
     form.box.onChange = [&form] {

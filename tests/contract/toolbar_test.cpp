@@ -1,70 +1,48 @@
 // The toolbar on its form: rows by width, height by rows.
+#include "contract/barForm.h"
 #include "contract/world.h"
-#include "forms/form.h"
-#include "forms/toolbar.h"
-#include "forms/units.h"
 #include "platform/user32.h"
 
 #include <doctest/doctest.h>
 
-#include <string_view>
+#include <string>
 
 namespace {
 
 using contract::World;
 using platform::RECT;
 
-class BarForm : public forms::Form {
+/// Writes its resizes down.
+class BarForm : public contract::BarForm {
   public:
-    BarForm() {
-        borderStyle = forms::BorderStyle::sizableToolWindow;
-        showInTaskbar = false;
-        activates = false;
-        setClientSize(1800, 300);
-        bar.place(*this, {});
-    }
-    forms::Toolbar bar;
     int resizes = 0;
-    int rowsAtResize = 0;
+    float heightAtResize = 0;
     void Form_Resize() override {
         ++resizes;
-        rowsAtResize = bar.layout().rows;
-    }
-
-    /// A button for each 'b', a separator for each '|'.
-    void fill(std::string_view pattern) {
-        bar.clearButtons();
-        for (const char sign : pattern)
-            bar.addButton("", "", sign == '|' ? forms::ButtonStyle::separator : forms::ButtonStyle::standard,
-                          0);
-    }
-
-    void setClientWidth(int pixels) {
-        const float frame = width() - scaleWidth();
-        setWidth(forms::toTwips(pixels) + frame);
+        heightAtResize = bar.height();
     }
 };
 
-int rowsOf(const forms::Toolbar& bar) {
-    CHECK(bar.height() == forms::toTwips(bar.layout().rows * 22));
-    return bar.layout().rows;
+/// Rows that end on buttons.
+float rows(int count) {
+    return forms::toTwips(count * 22);
 }
 
 } // namespace
 
-TEST_SUITE_BEGIN("contract");
+TEST_SUITE_BEGIN("contract/toolbar");
 
-TEST_CASE("contract: a toolbar is as wide as its form's client area, and one row high at least") {
+TEST_CASE("a toolbar is as wide as its form's client area, and one row high at least") {
     World world;
     BarForm form;
     form.show();
     CHECK(form.bar.left() == 0);
     CHECK(form.bar.top() == 0);
     CHECK(form.bar.width() == 1800);
-    CHECK(rowsOf(form.bar) == 1);
+    CHECK(form.bar.height() == rows(1));
 }
 
-TEST_CASE("contract: a sixth button of 23 pixels does not fit into 120") {
+TEST_CASE("a sixth button of 23 pixels does not fit into 120") {
     World world;
     BarForm form;
     form.show();
@@ -72,68 +50,72 @@ TEST_CASE("contract: a sixth button of 23 pixels does not fit into 120") {
         std::size_t buttons;
         int rows;
     } cases[] = {{1, 1}, {5, 1}, {6, 2}, {10, 2}, {11, 3}, {15, 3}, {16, 4}, {100, 20}};
-    for (const auto& [buttons, rows] : cases) {
+    for (const auto& [buttons, count] : cases) {
         form.fill(std::string(buttons, 'b'));
-        CHECK_MESSAGE(rowsOf(form.bar) == rows, buttons);
+        CHECK_MESSAGE(form.bar.height() == rows(count), buttons);
     }
 }
 
-TEST_CASE("contract: separators take 8 pixels, and none at the end of a row") {
+TEST_CASE("a row ends at its rightmost separator, which becomes a gap of 5 pixels") {
     World world;
     BarForm form;
     form.show();
     const struct {
         const char* pattern;
-        int rows;
+        int height; ///< pixels
     } cases[] = {
-        {"bbbb|b", 2},                          // 92 + 8 + 23 is more than 120
-        {"bbb|bb", 2},                          // 69 + 8 + 46 is
-        {"bbb|b", 1},                           // 69 + 8 + 23 is not
-        {"bbbb|bbbbb", 2},                      // the separator goes, the second row is full
-        {"bbbb|bbbbbb", 3}, {"bbbbb|bbbbb", 2}, // full rows need none
-        {"bbb|||b", 1},                         // 69 + 24 + 23 is 116
-        {"bbb||||b", 2},                        // 69 + 32 + 23 is not
+        {"bbb|b", 22},       // 69 + 8 + 23 pixels, of 120
+        {"bbbb|b", 22},      // 92 + 8 + 23 is 123: only the edge of the last button hangs over
+        {"|bbbb|b", 49},     // 8 more do not go: the separator in the middle is the end
+        {"bbbb|bb", 49},     // nor does a button more
+        {"bbbbb|b", 49},     // the separator is the end and hangs over itself
+        {"bbbbb||b", 49},    // a second one stands beyond the edge
+        {"bbbb|bbbbb", 49},  //
+        {"bbbb|bbbbbb", 71}, // the second row has no separator
+        {"bbb|||b", 22},     // 69 + 24 + 23 is 116
+        {"bbb||||b", 49},    // 69 + 32 + 23 is 124
+        {"bbbbbbbb||b", 71}, // behind a row that ends on a button, adjacent separators are torn apart
     };
-    for (const auto& [pattern, rows] : cases) {
+    for (const auto& [pattern, height] : cases) {
         form.fill(pattern);
-        CHECK_MESSAGE(rowsOf(form.bar) == rows, pattern);
+        CHECK_MESSAGE(form.bar.height() == forms::toTwips(height), pattern);
     }
 }
 
-TEST_CASE("contract: the buttons wrap anew when the form's width changes, before its resize event") {
+TEST_CASE("the buttons wrap anew when the form's width changes, before its resize event") {
     World world;
     BarForm form;
     form.show();
     form.fill(std::string(18, 'b'));
     const struct {
         int width;
-        int rows;
-    } cases[] = {{137, 4}, {138, 3}, {139, 3}, {413, 2}, {414, 1}, {600, 1}, {120, 4}};
+        int count;
+    } cases[] = {{134, 4}, {135, 3}, {139, 3}, {410, 2}, {411, 1}, {600, 1}, {120, 4}};
     int resizes = form.resizes;
-    for (const auto& [width, rows] : cases) {
+    for (const auto& [width, count] : cases) {
         form.setClientWidth(width);
-        CHECK_MESSAGE(rowsOf(form.bar) == rows, width);
+        CHECK_MESSAGE(form.bar.height() == rows(count), width);
         CHECK(form.bar.width() == forms::toTwips(width));
-        CHECK(form.rowsAtResize == rows);
+        CHECK(form.heightAtResize == rows(count));
         CHECK(form.resizes == ++resizes);
     }
 }
 
-TEST_CASE("contract: the buttons wrap anew when others resize the form's window") {
+TEST_CASE("the buttons wrap anew when others resize the form's window") {
     World world;
     BarForm form;
     form.show();
     form.fill(std::string(12, 'b'));
-    CHECK(rowsOf(form.bar) == 3);
+    CHECK(form.bar.height() == rows(3));
     RECT rect;
     REQUIRE(platform::GetWindowRect(form.hWnd(), rect));
     platform::MoveWindow(form.hWnd(), rect.left, rect.top, rect.right - rect.left + 40,
                          rect.bottom - rect.top, true);
-    CHECK(rowsOf(form.bar) == 2);
-    CHECK(form.rowsAtResize == 2);
+    CHECK(form.bar.height() == rows(2));
+    CHECK(form.heightAtResize == rows(2));
 }
 
-TEST_CASE("contract: a form made as high as its toolbar's rows shows just them") {
+TEST_CASE("a form made as high as its toolbar's rows shows just them") {
     World world;
     BarForm form;
     form.show();
@@ -143,7 +125,7 @@ TEST_CASE("contract: a form made as high as its toolbar's rows shows just them")
         CHECK(form.scaleHeight() == form.bar.height());
         RECT client;
         REQUIRE(platform::GetClientRect(form.hWnd(), client));
-        CHECK(client.bottom == form.bar.layout().rows * 22);
+        CHECK(client.bottom == forms::toPixels(form.bar.height()));
         CHECK(client.right == 120);
     }
 }

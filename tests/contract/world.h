@@ -10,6 +10,8 @@
 #include "forms/textBox.h"
 #include "platform/types.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -35,6 +37,19 @@ struct IconFile {
     int count = 0; ///< it has at least these; exactly these unless it is a library of the system
     /// The icon's picture of 16 by 16 pixels, where it is known.
     std::function<std::optional<forms::Picture>(int index)> picture;
+};
+
+/// What the shell's icon chooser is called with, and what it does then: gives a result and leaves these
+/// characters at the beginning of its buffer.
+struct ChooserCall {
+    std::u16string file; ///< up to its NUL
+    std::size_t size;    ///< of the buffer, in characters
+    std::int32_t index;
+};
+struct ChooserAnswer {
+    int result;
+    std::u16string file;
+    std::int32_t index;
 };
 
 /// A fresh start, and the end of all that a test has made. One at a time.
@@ -94,6 +109,9 @@ class World {
     IconFile iconFile(IconSource source);
     /// Icons of this process that have not been given back.
     static int openIcons();
+    /// platform::PickIconDlg in a shell whose icon chooser answers so; `call` gets what that was called with.
+    static int pickIcon(const ChooserAnswer& answer, std::string& file, std::int32_t& index,
+                        ChooserCall& call);
 
     // --- clipboard and printer ---
     /// What another program reads from the clipboard as plain text; none if there is no text.

@@ -29,6 +29,8 @@ void onFree(const volatile void* /*block*/) {}
 
 } // namespace
 
+TEST_SUITE_BEGIN("core/allocation");
+
 TEST_CASE("the title test takes no memory from the heap") {
     desktop::Session session;
     for (int count = 0; count < 50; ++count)
@@ -48,5 +50,7 @@ TEST_CASE("the title test takes no memory from the heap") {
     CHECK(seen == 1);
     CHECK(allocations == seen);
 }
+
+TEST_SUITE_END();
 
 #endif

@@ -6,6 +6,8 @@
 using desktop::Program;
 using store::EditorKind;
 
+TEST_SUITE_BEGIN("core/idle");
+
 TEST_CASE("the 26th tick in a row without EAGLE ends the program, the 25th does not") {
     Program program;
     program.desk().writeSettings("[toolbar]\r\nautoToolbar=1\r\n");
@@ -70,3 +72,5 @@ TEST_CASE("while EAGLE runs the settings file is not read by the idle test") {
     program.ticks(5);
     CHECK(program.desk().settingsReads == 0);
 }
+
+TEST_SUITE_END();

@@ -1,9 +1,9 @@
 // The launcher: EAGLE is started, or a running one comes to the front.
 #include "core/launcher.h"
 
-#include "core/state.h"
 #include "core/windoInf.h"
 #include "desktop/program.h"
+#include "store/state.h"
 #include "store/textCatalogue.h"
 
 #include <doctest/doctest.h>
@@ -41,7 +41,9 @@ struct Launcher {
 
 } // namespace
 
-TEST_CASE("launcher: the tail for each set of names") {
+TEST_SUITE_BEGIN("core/launcher");
+
+TEST_CASE("the tail for each set of names") {
     CHECK(commandLineTail({"", "", ""}).empty());
     CHECK(commandLineTail({"b.brd", "", ""}) == " -C \"window fit;\"b.brd");
     CHECK(commandLineTail({"", "s.sch", ""}) == " -C \"window fit;\"s.sch");
@@ -52,12 +54,12 @@ TEST_CASE("launcher: the tail for each set of names") {
     CHECK(commandLineTail({"b.brd", "s.sch", "l.lbr"}) == " -C \"open l.lbr; edit s.sch;\" b.brd");
 }
 
-TEST_CASE("launcher: names go in as they stand, blanks and quotes among them") {
+TEST_CASE("names go in as they stand, blanks and quotes among them") {
     CHECK(commandLineTail({"C:\\my work\\a b.brd", "x\"y.sch", ""}) ==
           " -C \"edit x\"y.sch;\" C:\\my work\\a b.brd");
 }
 
-TEST_CASE("launcher: the path is followed by the tail, window style 1") {
+TEST_CASE("the path is followed by the tail, window style 1") {
     Launcher launcher(
         "winEAGLE=7\r\nlastBoard=C:\\w\\b.brd\r\nlastSCH=C:\\w\\s.sch\r\nlastLBR=C:\\w\\l.lbr\r\n");
     REQUIRE(launcher.run());
@@ -66,14 +68,13 @@ TEST_CASE("launcher: the path is followed by the tail, window style 1") {
     CHECK(launcher.desk().messageBoxes.empty());
 }
 
-TEST_CASE("launcher: EAGLE.EXE in capitals is accepted, and starts as the setting has it") {
+TEST_CASE("EAGLE.EXE in capitals is accepted, and starts as the setting has it") {
     Launcher launcher("", "C:\\EAGLE\\EAGLE.EXE");
     REQUIRE(launcher.run());
     CHECK(launcher.started() == "C:\\EAGLE\\EAGLE.EXE");
 }
 
-TEST_CASE(
-    "launcher: an empty path, a missing file and another file name give the message, and nothing starts") {
+TEST_CASE("an empty path, a missing file and another file name give the message, and nothing starts") {
     for (const std::int32_t language : {0, 10000})
         for (const char* wrong : {"", "C:\\EAGLE\\nothing.exe", "C:\\EAGLE\\bin\\other.exe", "C:\\EAGLE\\bin",
                                   "\"C:\\EAGLE\\bin\\eagle.exe\"x", "C:\\EAGLE\\bin\\eagle.exe -x",
@@ -83,7 +84,7 @@ TEST_CASE(
             launcher.desk().writeFile("C:\\EAGLE\\bin\\other.exe", "MZ");
             launcher.desk().writeSettings("[toolbar]\r\noneEAGLE=1\r\nEAGLEpath=" + std::string(wrong) +
                                           "\r\n");
-            core::languageOffset = language;
+            store::languageOffset = language;
             const std::string before = launcher.desk().settings();
             REQUIRE(launcher.run());
             CHECK(launcher.started() == "none");
@@ -100,14 +101,14 @@ TEST_CASE(
         }
 }
 
-TEST_CASE("launcher: a path with quotes around it is read without them, as the settings file has it") {
+TEST_CASE("a path with quotes around it is read without them, as the settings file has it") {
     Launcher launcher("");
     launcher.desk().writeSettings("[toolbar]\r\nEAGLEpath=\"" + path + "\"\r\n");
     REQUIRE(launcher.run());
     CHECK(launcher.started() == path);
 }
 
-TEST_CASE("launcher: a hidden file and a folder named eagle.exe are refused") {
+TEST_CASE("a hidden file and a folder named eagle.exe are refused") {
     Launcher launcher("");
     launcher.desk().file(path)->hidden = true;
     REQUIRE(launcher.run());
@@ -118,14 +119,14 @@ TEST_CASE("launcher: a hidden file and a folder named eagle.exe are refused") {
     CHECK(launcher.desk().messageBoxes.size() == 2);
 }
 
-TEST_CASE("launcher: oneEAGLE on and no control panel: EAGLE is started") {
+TEST_CASE("oneEAGLE on and no control panel: EAGLE is started") {
     Launcher launcher("oneEAGLE=1\r\n");
     launcher.desk().openWindow("Board - a.brd - EAGLE");
     REQUIRE(launcher.run());
     CHECK(launcher.started() == path);
 }
 
-TEST_CASE("launcher: oneEAGLE off and EAGLE running: a further EAGLE is started") {
+TEST_CASE("oneEAGLE off and EAGLE running: a further EAGLE is started") {
     Launcher launcher("oneEAGLE=0\r\n");
     launcher.desk().openWindow("EAGLE Control Panel");
     REQUIRE(launcher.run());
@@ -133,7 +134,7 @@ TEST_CASE("launcher: oneEAGLE off and EAGLE running: a further EAGLE is started"
     CHECK(launcher.desk().activations.empty());
 }
 
-TEST_CASE("launcher: oneEAGLE is on with any number but 0, a fraction or one beyond 32 bits among them") {
+TEST_CASE("oneEAGLE is on with any number but 0, a fraction or one beyond 32 bits among them") {
     struct Case {
         const char* value;
         bool on;
@@ -148,7 +149,7 @@ TEST_CASE("launcher: oneEAGLE is on with any number but 0, a fraction or one bey
     }
 }
 
-TEST_CASE("launcher: winEAGLE beyond 32 bits is the runtime's overflow") {
+TEST_CASE("winEAGLE beyond 32 bits is the runtime's overflow") {
     Launcher launcher("winEAGLE=99999999999\r\n");
     CHECK_FALSE(launcher.run());
     CHECK(launcher.started() == "none");
@@ -156,7 +157,7 @@ TEST_CASE("launcher: winEAGLE beyond 32 bits is the runtime's overflow") {
     CHECK(launcher.desk().messageBoxes[0].text == "Run-time error '6':\r\n\r\nOverflow");
 }
 
-TEST_CASE("launcher: last-file names with blanks and quotes in the settings get no quotes and keep theirs") {
+TEST_CASE("last-file names with blanks and quotes in the settings get no quotes and keep theirs") {
     Launcher launcher(
         "winEAGLE=3\r\nlastBoard=\"C:\\my work\\a b.brd\"\r\nlastSCH=C:\\w\\the \"new\" one.sch\r\n");
     REQUIRE(launcher.run());
@@ -164,25 +165,25 @@ TEST_CASE("launcher: last-file names with blanks and quotes in the settings get 
     CHECK(launcher.started() == path + " -C \"edit C:\\w\\the \"new\" one.sch;\" C:\\my work\\a b.brd");
 }
 
-TEST_CASE("launcher: winEAGLE 7 with one name gives the form for one file") {
+TEST_CASE("winEAGLE 7 with one name gives the form for one file") {
     Launcher launcher("winEAGLE=7\r\nlastSCH=  C:\\w\\s.sch  \r\n");
     REQUIRE(launcher.run());
     CHECK(launcher.started() == path + " -C \"window fit;\"C:\\w\\s.sch");
 }
 
-TEST_CASE("launcher: winEAGLE 1 and no last board: EAGLE starts without arguments") {
+TEST_CASE("winEAGLE 1 and no last board: EAGLE starts without arguments") {
     Launcher launcher("winEAGLE=1\r\nlastBoard=   \r\nlastSCH=s.sch\r\n");
     REQUIRE(launcher.run());
     CHECK(launcher.started() == path);
 }
 
-TEST_CASE("launcher: blanks at the ends of a last file, which quotes keep in the settings, do not count") {
+TEST_CASE("blanks at the ends of a last file, which quotes keep in the settings, do not count") {
     Launcher launcher("winEAGLE=3\r\nlastBoard=\"   \"\r\nlastSCH=\"  C:\\w\\s.sch  \"\r\n");
     REQUIRE(launcher.run());
     CHECK(launcher.started() == path + " -C \"window fit;\"C:\\w\\s.sch");
 }
 
-TEST_CASE("launcher: each bit of winEAGLE reads its own key only") {
+TEST_CASE("each bit of winEAGLE reads its own key only") {
     const std::string names = "lastBoard=b.brd\r\nlastSCH=s.sch\r\nlastLBR=l.lbr\r\n";
     const char* const tails[] = {"",
                                  " -C \"window fit;\"b.brd",
@@ -203,8 +204,8 @@ TEST_CASE("launcher: each bit of winEAGLE reads its own key only") {
     CHECK(high.started() == path);
 }
 
-TEST_CASE("launcher: the front sequence raises the control panel; without winEAGLE the editors follow, the "
-          "board last") {
+TEST_CASE(
+    "the front sequence raises the control panel; without winEAGLE the editors follow, the board last") {
     Launcher launcher("oneEAGLE=1\r\n");
     const auto panel = launcher.desk().openWindow("Control Panel - EAGLE");
     const auto board = launcher.desk().openWindow("Board - a.brd - EAGLE");
@@ -221,7 +222,7 @@ TEST_CASE("launcher: the front sequence raises the control panel; without winEAG
           3);
 }
 
-TEST_CASE("launcher: a kind without a window is left out of the front sequence") {
+TEST_CASE("a kind without a window is left out of the front sequence") {
     Launcher launcher("oneEAGLE=1\r\n");
     launcher.desk().openWindow("Control Panel - EAGLE");
     launcher.desk().openWindow("Schematic - a.sch - EAGLE");
@@ -229,8 +230,7 @@ TEST_CASE("launcher: a kind without a window is left out of the front sequence")
     CHECK(launcher.desk().activations == std::vector<std::string>{"schematic"});
 }
 
-TEST_CASE("launcher: a window that only holds the word is no application by that title: the runtime's error "
-          "ends all") {
+TEST_CASE("a window that only holds the word is no application by that title: the runtime's error ends all") {
     Launcher launcher("oneEAGLE=1\r\n");
     launcher.desk().openWindow("Control Panel - EAGLE");
     launcher.desk().openWindow("1 Board - a.brd - EAGLE");
@@ -240,7 +240,7 @@ TEST_CASE("launcher: a window that only holds the word is no application by that
           "Run-time error '5':\r\n\r\nInvalid procedure call or argument");
 }
 
-TEST_CASE("launcher: winEAGLE on and no EAGLEfile: only the control panel is raised") {
+TEST_CASE("winEAGLE on and no EAGLEfile: only the control panel is raised") {
     Launcher launcher("oneEAGLE=1\r\nwinEAGLE=7\r\n");
     const auto panel = launcher.desk().openWindow("Control Panel - EAGLE");
     launcher.desk().openWindow("Board - a.brd - EAGLE");
@@ -250,7 +250,7 @@ TEST_CASE("launcher: winEAGLE on and no EAGLEfile: only the control panel is rai
     CHECK(launcher.started() == "none");
 }
 
-TEST_CASE("launcher: winEAGLE on: the window of EAGLEfile is raised, restored and activated") {
+TEST_CASE("winEAGLE on: the window of EAGLEfile is raised, restored and activated") {
     Launcher launcher("oneEAGLE=1\r\nwinEAGLE=1\r\nEAGLEfile=BOARD - A\r\n");
     launcher.desk().openWindow("Control Panel - EAGLE");
     const auto board = launcher.desk().openWindow("Board - a.brd - EAGLE");
@@ -267,8 +267,7 @@ TEST_CASE("launcher: winEAGLE on: the window of EAGLEfile is raised, restored an
     CHECK(launcher.desk().activations == std::vector<std::string>{"board - a"});
 }
 
-TEST_CASE(
-    "launcher: no window of EAGLEfile: the kind word in it leads to a window, which is only activated") {
+TEST_CASE("no window of EAGLEfile: the kind word in it leads to a window, which is only activated") {
     struct Case {
         const char* file;
         const char* activated;
@@ -288,7 +287,7 @@ TEST_CASE(
     }
 }
 
-TEST_CASE("launcher: the kind word is looked for in its exact case, and the title search did the only work") {
+TEST_CASE("the kind word is looked for in its exact case, and the title search did the only work") {
     Launcher launcher("oneEAGLE=1\r\nwinEAGLE=1\r\nEAGLEfile=Board x\r\n");
     launcher.desk().openWindow("Control Panel - EAGLE");
     launcher.desk().openWindow("Board - a.brd - EAGLE");
@@ -297,7 +296,7 @@ TEST_CASE("launcher: the kind word is looked for in its exact case, and the titl
     CHECK(core::searchTitle == "board x");
 }
 
-TEST_CASE("launcher: a kind word without a window ends the sequence") {
+TEST_CASE("a kind word without a window ends the sequence") {
     Launcher launcher("oneEAGLE=1\r\nwinEAGLE=1\r\nEAGLEfile=library\r\n");
     launcher.desk().openWindow("Control Panel - EAGLE");
     launcher.desk().openWindow("Board - a.brd - EAGLE");
@@ -305,7 +304,7 @@ TEST_CASE("launcher: a kind word without a window ends the sequence") {
     CHECK(launcher.desk().activations.empty());
 }
 
-TEST_CASE("launcher: a command line that cannot be started is the runtime's error and the end") {
+TEST_CASE("a command line that cannot be started is the runtime's error and the end") {
     Launcher launcher("");
     launcher.desk().shellFailures.emplace_back(runtime::ErrorNumber::fileNotFound);
     CHECK_FALSE(launcher.run());
@@ -314,7 +313,7 @@ TEST_CASE("launcher: a command line that cannot be started is the runtime's erro
     CHECK_FALSE(launcher.desk().trayIcon.has_value());
 }
 
-TEST_CASE("launcher: autoEAGLE runs it at the start, before the tracker") {
+TEST_CASE("autoEAGLE runs it at the start, before the tracker") {
     Program program;
     program.desk().writeFile(path, "MZ");
     program.desk().writeSettings("[toolbar]\r\nautoEAGLE=1\r\nEAGLEpath=" + path +
@@ -325,8 +324,8 @@ TEST_CASE("launcher: autoEAGLE runs it at the start, before the tracker") {
     CHECK(program.form().Timer2.enabled());
 }
 
-TEST_CASE("launcher: autoEAGLE with a wrong path shows the message, without a tick under it, and then tracks "
-          "normally") {
+TEST_CASE(
+    "autoEAGLE with a wrong path shows the message, without a tick under it, and then tracks normally") {
     Program program;
     program.desk().writeSettings(
         "[toolbar]\r\nautoEAGLE=1\r\nEAGLEpath=C:\\x.exe\r\n[global]\r\nlanguage=10000\r\n");
@@ -340,3 +339,5 @@ TEST_CASE("launcher: autoEAGLE with a wrong path shows the message, without a ti
     program.ticks(1);
     CHECK(program.hosted(store::EditorKind::board) == 1);
 }
+
+TEST_SUITE_END();

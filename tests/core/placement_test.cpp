@@ -5,6 +5,8 @@
 using core::calculatorLeft;
 using core::placeToolbar;
 
+TEST_SUITE_BEGIN("core/placement");
+
 TEST_CASE("a toolbar of 200 pixels stands at x 799 in a host of 1024") {
     CHECK(placeToolbar(1024, 3000, 630, 15) == core::ToolbarPlace{799, 21, 200, 630});
 }
@@ -40,3 +42,5 @@ TEST_CASE("at or below 700 pixels, or without an index, the calculator keeps the
 TEST_CASE("the calculator's place is computed in floating point") {
     CHECK(calculatorLeft(1001, true, 14.4) == doctest::Approx(11414.4));
 }
+
+TEST_SUITE_END();

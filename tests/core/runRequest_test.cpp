@@ -41,47 +41,49 @@ struct Requests {
 
 } // namespace
 
-TEST_CASE("run request: no quote: the whole line, untrimmed, is the program") {
+TEST_SUITE_BEGIN("core/runRequest");
+
+TEST_CASE("no quote: the whole line, untrimmed, is the program") {
     const core::RunRequest request = splitRunRequest("  C:\\my tools\\a.exe  ");
     CHECK(request.program == "  C:\\my tools\\a.exe  ");
     CHECK(request.parameters.empty());
 }
 
-TEST_CASE("run request: one quote: the text before it, trimmed, is the program") {
+TEST_CASE("one quote: the text before it, trimmed, is the program") {
     const core::RunRequest request = splitRunRequest("  a.exe \"b c");
     CHECK(request.program == "a.exe");
     CHECK(request.parameters.empty());
 }
 
-TEST_CASE("run request: two quotes: the parameters come without them, as they stand") {
+TEST_CASE("two quotes: the parameters come without them, as they stand") {
     const core::RunRequest request = splitRunRequest(" a.exe  \" b c \"");
     CHECK(request.program == "a.exe");
     CHECK(request.parameters == " b c ");
 }
 
-TEST_CASE("run request: two quotes side by side give empty parameters") {
+TEST_CASE("two quotes side by side give empty parameters") {
     const core::RunRequest request = splitRunRequest("a.exe \"\" b");
     CHECK(request.program == "a.exe");
     CHECK(request.parameters.empty());
 }
 
-TEST_CASE("run request: a quoted program at the start lands in the parameters") {
+TEST_CASE("a quoted program at the start lands in the parameters") {
     const core::RunRequest request = splitRunRequest("\"C:\\my tools\\a.exe\" b");
     CHECK(request.program.empty());
     CHECK(request.parameters == "C:\\my tools\\a.exe");
 }
 
-TEST_CASE("run request: what follows the second quote has no effect") {
+TEST_CASE("what follows the second quote has no effect") {
     const core::RunRequest request = splitRunRequest("a.exe \"b\" c \"d\"");
     CHECK(request.program == "a.exe");
     CHECK(request.parameters == "b");
 }
 
-TEST_CASE("run request: only blanks are trimmed from the program") {
+TEST_CASE("only blanks are trimmed from the program") {
     CHECK(splitRunRequest("\t a.exe \t\"b\"").program == "\t a.exe \t");
 }
 
-TEST_CASE("run request: positions are 16-bit numbers, a quote beyond counts as none") {
+TEST_CASE("positions are 16-bit numbers, a quote beyond counts as none") {
     const std::string reach(32766, 'x');
     CHECK(splitRunRequest(reach + "\"b\"").program == reach);
     CHECK(splitRunRequest(reach + "\"b\"").parameters.empty());
@@ -93,7 +95,7 @@ TEST_CASE("run request: positions are 16-bit numbers, a quote beyond counts as n
     CHECK(splitRunRequest("a \"" + parameters + parameters + "\"").parameters.empty());
 }
 
-TEST_CASE("run request: the shell opens the first line's program with its parameters") {
+TEST_CASE("the shell opens the first line's program with its parameters") {
     Requests requests;
     requests.request("notepad.exe \"C:\\my file.txt\"\r\nsecond.exe\r\n");
     REQUIRE(requests.desk().executed.size() == 1);
@@ -109,7 +111,7 @@ TEST_CASE("run request: the shell opens the first line's program with its parame
     CHECK(requests.watching());
 }
 
-TEST_CASE("run request: seen by the tick, handled 500 ms later, and only then the tick goes on") {
+TEST_CASE("seen by the tick, handled 500 ms later, and only then the tick goes on") {
     Requests requests;
     requests.desk().writeFile(file, "a.exe");
     CHECK(requests.watching());
@@ -124,7 +126,7 @@ TEST_CASE("run request: seen by the tick, handled 500 ms later, and only then th
     CHECK(requests.watching());
 }
 
-TEST_CASE("run request: a new editor window gets its toolbar only after the request has been handled") {
+TEST_CASE("a new editor window gets its toolbar only after the request has been handled") {
     Requests requests;
     requests.desk().writeFile(file, "a.exe");
     requests.desk().run(tick);
@@ -135,7 +137,7 @@ TEST_CASE("run request: a new editor window gets its toolbar only after the requ
     CHECK(requests.program.hosted(store::EditorKind::board) == 1);
 }
 
-TEST_CASE("run request: the tick tracks first and then looks for the file") {
+TEST_CASE("the tick tracks first and then looks for the file") {
     Requests requests;
     requests.desk().openWindow("Board - a.brd - EAGLE");
     requests.desk().writeFile(file, "a.exe");
@@ -144,7 +146,7 @@ TEST_CASE("run request: the tick tracks first and then looks for the file") {
     CHECK(requests.waiting());
 }
 
-TEST_CASE("run request: a second file over a waiting one replaces it, one behind is handled next") {
+TEST_CASE("a second file over a waiting one replaces it, one behind is handled next") {
     Requests requests;
     requests.desk().writeFile(file, "first.exe");
     requests.desk().run(tick + 100);
@@ -156,8 +158,8 @@ TEST_CASE("run request: a second file over a waiting one replaces it, one behind
     CHECK(requests.desk().executed[1].file == "third.exe");
 }
 
-TEST_CASE("run request: an empty file, and a line that begins with a quote, ask for nothing; the file goes, "
-          "the tick returns") {
+TEST_CASE(
+    "an empty file, and a line that begins with a quote, ask for nothing; the file goes, the tick returns") {
     for (const char* content : {"", "\r\n", "\"", "\"\"", "\nsecond"}) {
         CAPTURE(content);
         Requests requests;
@@ -172,7 +174,7 @@ TEST_CASE("run request: an empty file, and a line that begins with a quote, ask 
     }
 }
 
-TEST_CASE("run request: what the shell cannot open fails silently") {
+TEST_CASE("what the shell cannot open fails silently") {
     Requests requests;
     requests.request("nowhere.exe");
     CHECK(requests.desk().started.empty());
@@ -180,14 +182,14 @@ TEST_CASE("run request: what the shell cannot open fails silently") {
     CHECK(requests.watching());
 }
 
-TEST_CASE("run request: a file being written is read as far as it has come") {
+TEST_CASE("a file being written is read as far as it has come") {
     Requests requests;
     requests.request("C:\\to");
     REQUIRE(requests.desk().executed.size() == 1);
     CHECK(requests.desk().executed[0].file == "C:\\to");
 }
 
-TEST_CASE("run request: a locked, a read-only and a vanished file are the runtime's error and the end") {
+TEST_CASE("a locked, a read-only and a vanished file are the runtime's error and the end") {
     const auto fails = [](const char* text, auto change) {
         Requests requests;
         requests.desk().writeFile(file, "a.exe");
@@ -207,7 +209,7 @@ TEST_CASE("run request: a locked, a read-only and a vanished file are the runtim
     fails("Run-time error '53':\r\n\r\nFile not found", [](desktop::World& desk) { desk.removeFile(file); });
 }
 
-TEST_CASE("run request: hidden and system files and a folder of that name are not seen") {
+TEST_CASE("hidden and system files and a folder of that name are not seen") {
     Requests requests;
     requests.desk().writeFile(file, "a.exe");
     requests.desk().file(file)->hidden = true;
@@ -226,7 +228,7 @@ TEST_CASE("run request: hidden and system files and a folder of that name are no
     CHECK(requests.waiting());
 }
 
-TEST_CASE("run request: 100,000 characters, NULs and other encodings reach the shell as they stand") {
+TEST_CASE("100,000 characters, NULs and other encodings reach the shell as they stand") {
     Requests requests;
     const std::string longLine(100000, 'x');
     requests.request(longLine);
@@ -245,7 +247,7 @@ TEST_CASE("run request: 100,000 characters, NULs and other encodings reach the s
     CHECK(requests.watching());
 }
 
-TEST_CASE("run request: Exit in the tray's menu while one is being handled drops it") {
+TEST_CASE("Exit in the tray's menu while one is being handled drops it") {
     Requests requests;
     requests.desk().onPump = [&] {
         requests.desk().onPump = nullptr;
@@ -258,7 +260,7 @@ TEST_CASE("run request: Exit in the tray's menu while one is being handled drops
     CHECK(requests.desk().messageBoxes.empty());
 }
 
-TEST_CASE("run request: Exit while one is waiting: it is neither read nor run") {
+TEST_CASE("Exit while one is waiting: it is neither read nor run") {
     Requests requests;
     requests.desk().writeFile(file, "a.exe");
     requests.desk().run(tick);
@@ -269,7 +271,7 @@ TEST_CASE("run request: Exit while one is waiting: it is neither read nor run") 
     CHECK(requests.desk().fileText(file) == "a.exe");
 }
 
-TEST_CASE("run request: the main form is raised once, to the top of the order and where it stands") {
+TEST_CASE("the main form is raised once, to the top of the order and where it stands") {
     Requests requests;
     const std::string form = std::to_string(static_cast<std::uintptr_t>(requests.program.form().hWnd()));
     requests.desk().calls.clear();
@@ -280,7 +282,7 @@ TEST_CASE("run request: the main form is raised once, to the top of the order an
     CHECK(raised == std::vector<std::string>{"SetWindowPos " + form + " 0 0 0 0 0 3"});
 }
 
-TEST_CASE("run request: while one is being handled both timers are off, and the file has gone") {
+TEST_CASE("while one is being handled both timers are off, and the file has gone") {
     Requests requests;
     bool seen = false;
     requests.desk().onPump = [&] {
@@ -294,7 +296,7 @@ TEST_CASE("run request: while one is being handled both timers are off, and the 
     CHECK(seen);
 }
 
-TEST_CASE("run request: of a huge file only the first line counts") {
+TEST_CASE("of a huge file only the first line counts") {
     Requests requests;
     std::string content = "a.exe \"b\"\r\n";
     for (int line = 0; line < 100'000; ++line)
@@ -305,3 +307,5 @@ TEST_CASE("run request: of a huge file only the first line counts") {
     CHECK(requests.desk().executed[0].parameters == "b");
     CHECK(requests.watching());
 }
+
+TEST_SUITE_END();

@@ -1,6 +1,6 @@
 // The start of the program and its ends.
-#include "core/state.h"
 #include "desktop/program.h"
+#include "store/state.h"
 
 #include <doctest/doctest.h>
 
@@ -20,15 +20,17 @@ std::ptrdiff_t trayCalls(desktop::World& desk, const char* call) {
 
 } // namespace
 
+TEST_SUITE_BEGIN("core/start");
+
 TEST_CASE("without a settings file everything has its default") {
     Program program;
     REQUIRE(program.start());
-    CHECK(core::languageOffset == 0);
-    CHECK(core::unitCalcActive == 0);
-    CHECK(core::unitName[0] == "mil");
-    CHECK(core::unitName[1] == "mm");
-    CHECK(core::unitAccuracy[0] == "@");
-    CHECK(core::unitAccuracy[1] == "@");
+    CHECK(store::languageOffset == 0);
+    CHECK(store::unitCalcActive == 0);
+    CHECK(store::unitName[0] == "mil");
+    CHECK(store::unitName[1] == "mm");
+    CHECK(store::unitAccuracy[0] == "@");
+    CHECK(store::unitAccuracy[1] == "@");
     CHECK_FALSE(store::boardButtons.allocated());
     CHECK_FALSE(store::schemButtons.allocated());
     CHECK_FALSE(store::librButtons.allocated());
@@ -41,12 +43,12 @@ TEST_CASE("the start reads language, units and button lists") {
                                              "LeftUnit=Inch\r\nRightUnit=\r\nRightAccuracy=0.##\r\n") +
                                  twoBoardButtons);
     REQUIRE(program.start());
-    CHECK(core::languageOffset == 10000);
-    CHECK(core::unitCalcActive == 1);
-    CHECK(core::unitName[0] == "Inch");
-    CHECK(core::unitName[1] == "mm");
-    CHECK(core::unitAccuracy[0] == "@");
-    CHECK(core::unitAccuracy[1] == "0.##");
+    CHECK(store::languageOffset == 10000);
+    CHECK(store::unitCalcActive == 1);
+    CHECK(store::unitName[0] == "Inch");
+    CHECK(store::unitName[1] == "mm");
+    CHECK(store::unitAccuracy[0] == "@");
+    CHECK(store::unitAccuracy[1] == "0.##");
     CHECK(store::boardButtons.upperBound() == 2);
 }
 
@@ -154,7 +156,7 @@ TEST_CASE("a program folder that is a drive root finds its settings") {
     program.desk().programFolder = "C:\\";
     program.desk().writeFile("C:\\kestrel.ini", "[global]\r\nlanguage=10000\r\n");
     REQUIRE(program.start());
-    CHECK(core::languageOffset == 10000);
+    CHECK(store::languageOffset == 10000);
 }
 
 TEST_CASE("while a runtime error is being shown no timer's code runs any more") {
@@ -176,3 +178,5 @@ TEST_CASE("while a runtime error is being shown no timer's code runs any more") 
     CHECK(program.hosted(EditorKind::board) == 0);
     CHECK(program.desk().ended);
 }
+
+TEST_SUITE_END();

@@ -1,9 +1,9 @@
 // The tray icon and its menu.
 #include "core/frmMenu.h"
 #include "core/frmSplash.h"
-#include "core/state.h"
 #include "desktop/program.h"
 #include "setup/frmSetup.h"
+#include "store/state.h"
 #include "store/textCatalogue.h"
 
 #include <doctest/doctest.h>
@@ -61,8 +61,9 @@ struct Tray {
 
 } // namespace
 
-TEST_CASE(
-    "tray: the icon is the program's, its messages go to the hidden text box, and blanks fill its tip") {
+TEST_SUITE_BEGIN("core/systray");
+
+TEST_CASE("the icon is the program's, its messages go to the hidden text box, and blanks fill its tip") {
     Tray tray;
     const platform::NOTIFYICONDATA& icon = tray.desk().trayIcon.value();
     CHECK(icon.hWnd == tray.program.form().txtTooltip.hWnd());
@@ -72,14 +73,14 @@ TEST_CASE(
           tip + std::string(64 - tip.size(), ' '));
 }
 
-TEST_CASE("tray: of a longer tip the first 63 characters are taken") {
+TEST_CASE("of a longer tip the first 63 characters are taken") {
     Program program;
     program.form().txtTooltip.setText(std::string(70, 'x'));
     REQUIRE(program.start());
     CHECK(std::string(program.desk().trayIcon.value().szTip) == std::string(63, 'x'));
 }
 
-TEST_CASE("tray: the menu opens on the release of either button") {
+TEST_CASE("the menu opens on the release of either button") {
     Tray tray;
     tray.mouse(leftReleased);
     CHECK(tray.desk().menusOpened == 1);
@@ -87,7 +88,7 @@ TEST_CASE("tray: the menu opens on the release of either button") {
     CHECK(tray.desk().menusOpened == 2);
 }
 
-TEST_CASE("tray: moves, presses and double clicks do not open the menu") {
+TEST_CASE("moves, presses and double clicks do not open the menu") {
     Tray tray;
     for (const int message :
          {mouseMove, leftPressed, leftDoubleClick, rightPressed, rightDoubleClick, 0x207, 0x208, 0})
@@ -95,7 +96,7 @@ TEST_CASE("tray: moves, presses and double clicks do not open the menu") {
     CHECK(tray.desk().menusOpened == 0);
 }
 
-TEST_CASE("tray: a right click opens the menu on the release and not on the press") {
+TEST_CASE("a right click opens the menu on the release and not on the press") {
     Tray tray;
     tray.mouse(rightPressed);
     CHECK(tray.desk().menusOpened == 0);
@@ -103,7 +104,7 @@ TEST_CASE("tray: a right click opens the menu on the release and not on the pres
     CHECK(tray.desk().menusOpened == 1);
 }
 
-TEST_CASE("tray: a double click opens the menu with its first release; its own message is ignored") {
+TEST_CASE("a double click opens the menu with its first release; its own message is ignored") {
     Tray tray;
     tray.mouse(leftPressed);
     tray.mouse(leftReleased);
@@ -112,7 +113,7 @@ TEST_CASE("tray: a double click opens the menu with its first release; its own m
     CHECK(tray.desk().menusOpened == 1);
 }
 
-TEST_CASE("tray: the tracker goes on ticking under the menu") {
+TEST_CASE("the tracker goes on ticking under the menu") {
     Tray tray;
     tray.desk().startProcess("eagle.exe");
     tray.desk().openWindow("Board - a.brd - EAGLE");
@@ -125,7 +126,7 @@ TEST_CASE("tray: the tracker goes on ticking under the menu") {
     CHECK(hosted == 1);
 }
 
-TEST_CASE("tray: the menu has five entries and two separators in the language of the settings") {
+TEST_CASE("the menu has five entries and two separators in the language of the settings") {
     Tray german;
     CHECK(german.captions() == std::vector<std::string>{"&Info", "&Hilfe", "-",
                                                         "&EAGLE \xF6"
@@ -143,7 +144,7 @@ TEST_CASE("tray: the menu has five entries and two separators in the language of
           std::vector<std::string>{"&Info", "&Help", "-", "&Open EAGLE", "&Configuration", "-", "&Exit"});
 }
 
-TEST_CASE("tray: before its texts are loaded the menu has those of its design, on a form without a border") {
+TEST_CASE("before its texts are loaded the menu has those of its design, on a form without a border") {
     Program program;
     CHECK(core::menuForm().borderStyle == forms::BorderStyle::none);
     std::vector<std::string> texts;
@@ -152,14 +153,14 @@ TEST_CASE("tray: before its texts are loaded the menu has those of its design, o
     CHECK(texts == std::vector<std::string>{"&Info", "&Hilfe", "-", "&EAGLE ", "&Config", "-", "&Exit"});
 }
 
-TEST_CASE("tray: a language that is missing, empty or no number is German") {
+TEST_CASE("a language that is missing, empty or no number is German") {
     for (const char* settings : {"", "[global]\r\nlanguage=\r\n", "[global]\r\nlanguage=x\r\n"}) {
         Tray tray(settings);
         CHECK(tray.captions().back() == "&Beenden");
     }
 }
 
-TEST_CASE("tray: language 1 fails at the start, at the first id without a text, and the icon goes") {
+TEST_CASE("language 1 fails at the start, at the first id without a text, and the icon goes") {
     Program program;
     program.desk().writeSettings("[global]\r\nlanguage=1\r\n");
     CHECK_FALSE(program.start());
@@ -169,16 +170,16 @@ TEST_CASE("tray: language 1 fails at the start, at the first id without a text, 
     CHECK_FALSE(program.desk().trayIcon.has_value());
 }
 
-TEST_CASE("tray: a language changed meanwhile is that of the next menu, and the icon's tip stays") {
+TEST_CASE("a language changed meanwhile is that of the next menu, and the icon's tip stays") {
     Tray tray;
-    core::languageOffset = 10000;
+    store::languageOffset = 10000;
     core::menuForm().loadResources();
     CHECK(tray.captions().back() == "&Exit");
     CHECK(std::string(tray.desk().trayIcon->szTip) == "Kestrel Bar for EAGLE");
     CHECK(tray.adds() == 1);
 }
 
-TEST_CASE("tray: Info shows the splash without holding the program") {
+TEST_CASE("Info shows the splash without holding the program") {
     Tray tray("[Unit]\r\n");
     tray.desk().startProcess("eagle.exe");
     REQUIRE(tray.choose(0));
@@ -191,7 +192,7 @@ TEST_CASE("tray: Info shows the splash without holding the program") {
     CHECK_FALSE(core::splashForm().loaded());
 }
 
-TEST_CASE("tray: Info while the splash is up shows it once and does not start its time anew") {
+TEST_CASE("Info while the splash is up shows it once and does not start its time anew") {
     Tray tray;
     REQUIRE(tray.choose(0));
     const platform::HWND window = core::splashForm().hWnd();
@@ -202,7 +203,7 @@ TEST_CASE("tray: Info while the splash is up shows it once and does not start it
     CHECK_FALSE(core::splashForm().loaded());
 }
 
-TEST_CASE("tray: Help opens the help file at the start topic of the language") {
+TEST_CASE("Help opens the help file at the start topic of the language") {
     Tray german;
     REQUIRE(german.choose(1));
     REQUIRE(german.desk().helpCalls.size() == 1);
@@ -217,7 +218,7 @@ TEST_CASE("tray: Help opens the help file at the start topic of the language") {
     CHECK(english.desk().helpCalls.at(0).data == 16000);
 }
 
-TEST_CASE("tray: while there is no help viewer Help beeps, says so and tries again") {
+TEST_CASE("while there is no help viewer Help beeps, says so and tries again") {
     Tray tray("[global]\r\nlanguage=10000\r\n");
     tray.desk().helpFailures = 2;
     REQUIRE(tray.choose(1));
@@ -229,7 +230,7 @@ TEST_CASE("tray: while there is no help viewer Help beeps, says so and tries aga
     CHECK(tray.desk().messageBoxes[0].style == 16);
 }
 
-TEST_CASE("tray: Open EAGLE runs the launcher, with the tracker ticking under its message") {
+TEST_CASE("Open EAGLE runs the launcher, with the tracker ticking under its message") {
     Tray tray("[toolbar]\r\nEAGLEpath=C:\\nowhere.exe\r\n");
     bool ticking = false;
     tray.desk().onMessage = [&] { ticking = tray.program.form().Timer2.enabled(); };
@@ -238,7 +239,7 @@ TEST_CASE("tray: Open EAGLE runs the launcher, with the tracker ticking under it
     CHECK(ticking);
 }
 
-TEST_CASE("tray: Open EAGLE starts the command line that the program's start would") {
+TEST_CASE("Open EAGLE starts the command line that the program's start would") {
     Tray tray("[toolbar]\r\nEAGLEpath=C:\\EAGLE\\eagle.exe\r\nwinEAGLE=1\r\nlastBoard=b.brd\r\n");
     tray.desk().writeFile("C:\\EAGLE\\eagle.exe", "MZ");
     REQUIRE(tray.choose(3));
@@ -247,8 +248,7 @@ TEST_CASE("tray: Open EAGLE starts the command line that the program's start wou
     CHECK(tray.desk().messageBoxes.empty());
 }
 
-TEST_CASE(
-    "tray: Configuration opens the setup on its first page, with the tracker off, and then tracks at once") {
+TEST_CASE("Configuration opens the setup on its first page, with the tracker off, and then tracks at once") {
     Tray tray;
     tray.desk().startProcess("eagle.exe");
     bool seen = false;
@@ -267,7 +267,7 @@ TEST_CASE(
     CHECK(tray.program.hosted(store::EditorKind::board) == 1);
 }
 
-TEST_CASE("tray: Configuration while the setup is up opens no second one and leaves the tracker off") {
+TEST_CASE("Configuration while the setup is up opens no second one and leaves the tracker off") {
     Tray tray;
     tray.desk().modalScripts.emplace_back([&](forms::Form&) {
         REQUIRE(tray.choose(4));
@@ -279,7 +279,7 @@ TEST_CASE("tray: Configuration while the setup is up opens no second one and lea
     CHECK(tray.program.form().Timer2.enabled());
 }
 
-TEST_CASE("tray: Exit removes the icon, lets pending events run once and ends the program") {
+TEST_CASE("Exit removes the icon, lets pending events run once and ends the program") {
     Tray tray;
     bool iconGoneBefore = false;
     tray.desk().onPump = [&] { iconGoneBefore = !tray.desk().trayIcon.has_value(); };
@@ -292,7 +292,7 @@ TEST_CASE("tray: Exit removes the icon, lets pending events run once and ends th
     CHECK(tray.program.form().loaded()); // no form is asked
 }
 
-TEST_CASE("tray: any other index unloads the menu's form; separators cannot be chosen") {
+TEST_CASE("any other index unloads the menu's form; separators cannot be chosen") {
     Tray tray;
     REQUIRE(core::menuForm().loaded()); // from the start on
     CHECK_FALSE(core::menuForm().visible());
@@ -306,7 +306,7 @@ TEST_CASE("tray: any other index unloads the menu's form; separators cannot be c
     CHECK_FALSE(core::menuForm().loaded());
 }
 
-TEST_CASE("tray: the icon comes back after the shell has restarted") {
+TEST_CASE("the icon comes back after the shell has restarted") {
     Tray tray;
     tray.desk().trayIcon.reset();
     tray.program.form().Form_TaskbarCreated();
@@ -315,13 +315,13 @@ TEST_CASE("tray: the icon comes back after the shell has restarted") {
     CHECK(tray.adds() == 2);
 }
 
-TEST_CASE("tray: a shell that starts before the program has an icon to add gets none") {
+TEST_CASE("a shell that starts before the program has an icon to add gets none") {
     Program program;
     program.form().Form_TaskbarCreated();
     CHECK_FALSE(program.desk().trayIcon.has_value());
 }
 
-TEST_CASE("tray: an icon that the shell refuses is offered again once a second, silently") {
+TEST_CASE("an icon that the shell refuses is offered again once a second, silently") {
     Program program;
     program.desk().trayRefuses = true;
     REQUIRE(program.start());
@@ -335,7 +335,7 @@ TEST_CASE("tray: an icon that the shell refuses is offered again once a second, 
     CHECK(std::count(program.desk().calls.begin(), program.desk().calls.end(), "Shell_NotifyIcon 0") == 5);
 }
 
-TEST_CASE("tray: after two minutes of refusal the program runs on without an icon") {
+TEST_CASE("after two minutes of refusal the program runs on without an icon") {
     Program program;
     program.desk().trayRefuses = true;
     REQUIRE(program.start());
@@ -347,7 +347,7 @@ TEST_CASE("tray: after two minutes of refusal the program runs on without an ico
     CHECK(program.desk().trayIcon.has_value());
 }
 
-TEST_CASE("tray: a shell that has restarted is asked for two minutes again") {
+TEST_CASE("a shell that has restarted is asked for two minutes again") {
     Program program;
     program.desk().trayRefuses = true;
     REQUIRE(program.start());
@@ -358,7 +358,7 @@ TEST_CASE("tray: a shell that has restarted is asked for two minutes again") {
     CHECK(std::count(program.desk().calls.begin(), program.desk().calls.end(), "Shell_NotifyIcon 0") == 120);
 }
 
-TEST_CASE("tray: an icon that has been removed is not offered again") {
+TEST_CASE("an icon that has been removed is not offered again") {
     Program program;
     program.desk().trayRefuses = true;
     REQUIRE(program.start());
@@ -367,3 +367,5 @@ TEST_CASE("tray: an icon that has been removed is not offered again") {
     program.desk().run(5000);
     CHECK_FALSE(program.desk().trayIcon.has_value());
 }
+
+TEST_SUITE_END();

@@ -1,7 +1,7 @@
 // Ticks of the tracker: which windows get what.
-#include "core/state.h"
 #include "desktop/program.h"
 #include "store/settings.h"
+#include "store/state.h"
 
 #include <doctest/doctest.h>
 
@@ -27,11 +27,13 @@ struct Running : Program {
 };
 
 struct WithCalculator : Running {
-    WithCalculator() { core::unitCalcActive = 1; }
+    WithCalculator() { store::unitCalcActive = 1; }
     float calculatorLeft(std::size_t index) { return form().calculators.at(index)->fraMil.left(); }
 };
 
 } // namespace
+
+TEST_SUITE_BEGIN("core/tracker");
 
 TEST_CASE("board, schematic and library that are new on one tick each get a toolbar on that tick") {
     Running program;
@@ -274,7 +276,7 @@ TEST_CASE("a new window with the handle of a closed one counts as known") {
 
 TEST_CASE("with no schematic toolbar every tick finds the library new but writes its name once") {
     Running program;
-    core::unitCalcActive = 1;
+    store::unitCalcActive = 1;
     program.open("Library - C:\\l.lbr - EAGLE");
     program.ticks(1);
     program.desk().writeSettings("");
@@ -379,7 +381,7 @@ TEST_CASE("a calculator that is switched on later comes with the next new window
     Running program;
     program.open("Board - a.brd - EAGLE");
     program.ticks(1);
-    core::unitCalcActive = 1;
+    store::unitCalcActive = 1;
     program.open("Board - b.brd - EAGLE");
     program.ticks(1);
     CHECK(program.form().calculators.size() == 2);
@@ -419,3 +421,5 @@ TEST_CASE("titles of 10,000 characters and with control characters get a toolbar
     CHECK(program.hosted(EditorKind::schematic) == 1);
     CHECK(program.form().lastOpened[0].empty());
 }
+
+TEST_SUITE_END();

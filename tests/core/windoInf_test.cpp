@@ -10,6 +10,8 @@ using desktop::Session;
 using desktop::world;
 using platform::HWND;
 
+TEST_SUITE_BEGIN("core/windoInf");
+
 TEST_CASE("the title search ignores case and gives the window nearest the top") {
     Session session;
     const HWND behind = world().openWindow("board - a.brd - EAGLE");
@@ -146,3 +148,5 @@ TEST_CASE("raising passes the top of the order without a flag and always-on-top 
     CHECK(world().calls[0] == "SetWindowPos " + number + " 0 0 0 0 0 3");
     CHECK(world().calls[1] == "SetWindowPos " + number + " -1 0 0 0 0 3");
 }
+
+TEST_SUITE_END();

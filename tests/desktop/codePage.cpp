@@ -1,5 +1,5 @@
 // The ANSI code page of the simulated desktop: Windows-1252.
-#include "platform/system.h"
+#include "platform/codePage.h"
 
 #include <algorithm>
 #include <array>

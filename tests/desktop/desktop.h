@@ -10,8 +10,8 @@
 #include "forms/timer.h"
 #include "platform/comdlg32.h"
 #include "platform/kernel32.h"
+#include "platform/keyStroke.h"
 #include "platform/shell32.h"
-#include "runtime/keyText.h"
 #include "runtime/runtimeError.h"
 
 #include <cstdint>
@@ -127,7 +127,7 @@ struct HelpCall {
 
 struct TypedKeys {
     HWND window; ///< the one that was in front
-    std::vector<runtime::KeyStroke> strokes;
+    std::vector<platform::KeyStroke> strokes;
     bool wait;
     /// Plain characters as they are, Enter as a line feed.
     std::string text() const;
@@ -186,6 +186,8 @@ class World {
     std::string currentDirectory = "C:\\work";
     std::deque<runtime::RuntimeError> directoryFailures; ///< of the next looks for the current folder
     int settingsReads = 0;
+    std::vector<std::string>
+        settingsPaths; ///< that the settings file was read and written by, as they were given
 
     // --- icons
     // -------------------------------------------------------------------------------------------------
@@ -260,6 +262,7 @@ class World {
     double startDate = 38845.5; ///< date and time of day at which `now` is 0: 8 May 2006, noon
     int screenWidth = 1280;     ///< pixels
     int screenHeight = 1024;
+    platform::RECT workArea{0, 0, 1280, 984}; ///< with a task bar at the bottom
     bool waitingPointer = false;
     std::optional<std::string> clipboard;          ///< its plain text
     std::int64_t clipboardHeldUntil = 0;           ///< another program holds it up to this time
@@ -293,7 +296,7 @@ class World {
 /// The desktop that the platform operations act on; made anew by a Session.
 World& world();
 
-/// A fresh desktop for one test.
+/// A fresh desktop for one test, and module variables as at the start of a process.
 class Session {
   public:
     Session();

@@ -1,12 +1,9 @@
 // Files of the simulated desktop and the operations on them.
 #include "desktop/desktop.h"
 
-#include "platform/system.h"
-#include "platform/textFile.h"
+#include "platform/files.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
-
-#include <algorithm>
 
 namespace desktop {
 
@@ -27,43 +24,6 @@ bool matches(std::string_view name, std::string_view pattern) {
     }
     return !name.empty() && (pattern.front() == '?' || pattern.front() == name.front()) &&
            matches(name.substr(1), pattern.substr(1));
-}
-
-[[noreturn]] void fail(runtime::ErrorNumber number) {
-    throw runtime::RuntimeError(number);
-}
-
-bool folderExists(const std::string& path) {
-    const std::string key = pathKey(path);
-    if (const File* found = world().file(path))
-        return found->directory;
-    // The drive's root, and the folder that the program has been put into.
-    return key == "c:" || key == "c:\\kestrel" || std::ranges::any_of(world().files, [&](const auto& entry) {
-               return entry.first.starts_with(key + "\\");
-           });
-}
-
-File& existing(const std::string& path) {
-    File* found = world().file(path);
-    if (found == nullptr || found->directory)
-        fail(runtime::ErrorNumber::fileNotFound);
-    return *found;
-}
-
-/// The file at a path that is to be written, made if need be.
-File& writable(const std::string& path) {
-    const std::string folder = path.substr(0, path.find_last_of('\\'));
-    if (!folderExists(folder))
-        fail(runtime::ErrorNumber::pathNotFound);
-    File* found = world().file(path);
-    if (found != nullptr && found->locked)
-        fail(runtime::ErrorNumber::permissionDenied);
-    const File* around = world().file(folder);
-    if (found != nullptr ? found->directory || found->readOnly : around != nullptr && around->readOnly)
-        fail(runtime::ErrorNumber::pathFileAccess);
-    if (found == nullptr)
-        world().writeFile(path, "");
-    return *world().file(path);
 }
 
 } // namespace
@@ -130,41 +90,14 @@ std::string dir(std::string_view path) {
 }
 
 void kill(std::string_view path) {
-    if (const desktop::File* found = desktop::world().file(std::string(path));
-        found != nullptr && found->directory)
-        desktop::fail(runtime::ErrorNumber::pathFileAccess);
-    const desktop::File& file = desktop::existing(std::string(path));
-    if (file.locked)
-        desktop::fail(runtime::ErrorNumber::permissionDenied);
-    if (file.readOnly)
-        desktop::fail(runtime::ErrorNumber::pathFileAccess);
+    const desktop::File* file = desktop::world().file(std::string(path));
+    if (file == nullptr)
+        throw runtime::RuntimeError(runtime::ErrorNumber::fileNotFound);
+    if (!file->directory && file->locked)
+        throw runtime::RuntimeError(runtime::ErrorNumber::permissionDenied);
+    if (file->directory || file->readOnly)
+        throw runtime::RuntimeError(runtime::ErrorNumber::pathFileAccess);
     desktop::world().removeFile(std::string(path));
-}
-
-std::string readFirstLine(std::string_view path) {
-    const std::string whole(path);
-    const std::size_t slash = whole.find_last_of('\\');
-    if (slash != std::string::npos && !desktop::folderExists(whole.substr(0, slash)))
-        desktop::fail(runtime::ErrorNumber::pathNotFound);
-    if (const desktop::File* found = desktop::world().file(whole); found != nullptr && found->directory)
-        desktop::fail(runtime::ErrorNumber::pathFileAccess);
-    const desktop::File& file = desktop::existing(whole);
-    if (file.locked)
-        desktop::fail(runtime::ErrorNumber::permissionDenied);
-    constexpr std::size_t longestLine = 1U << 20U;
-    return file.content.substr(0, std::min(file.content.find_first_of("\r\n"), longestLine));
-}
-
-void appendToFile(std::string_view path, std::string_view text) {
-    desktop::writable(std::string(path)).content += text;
-}
-
-void writeFile(std::string_view path, std::string_view text) {
-    desktop::writable(std::string(path)).content = text;
-}
-
-const std::string& programFolder() {
-    return desktop::world().programFolder;
 }
 
 std::string currentDirectory() {

@@ -130,10 +130,6 @@ FrameExtent frameExtent(const Form& form) {
     return {2 * 3, 3 + 23 + 3};
 }
 
-ScreenSize screenSize() {
-    return {1280, 1024};
-}
-
 void popUp(Form& /*owner*/, Menu& menu) {
     desktop::world().menuOpened(menu);
 }
@@ -163,7 +159,7 @@ platform::HDC Surface::dc() const {
 
 void Surface::clear(Colour colour) {
     for (std::uint32_t& value : impl_->pixels.values)
-        value = 0xFF000000U | colour;
+        value = opaque | colour;
 }
 
 Picture Surface::copy() const {

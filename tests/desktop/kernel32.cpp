@@ -31,11 +31,13 @@ namespace platform {
 std::uint32_t GetPrivateProfileStringA(const char* section, const char* key, const char* defaultValue,
                                        char* buffer, std::uint32_t size, const char* file) {
     ++world().settingsReads;
+    world().settingsPaths.emplace_back(file);
     const std::optional<std::string> text = world().fileText(file);
     return desktop::profileGet(text ? &*text : nullptr, section, key, defaultValue, buffer, size);
 }
 
 int WritePrivateProfileStringA(const char* section, const char* key, const char* value, const char* file) {
+    world().settingsPaths.emplace_back(file);
     if (const desktop::File* found = world().file(file);
         found != nullptr && (found->readOnly || found->locked))
         return 0;
@@ -64,6 +66,15 @@ bool Process32First(HANDLE snapshot, PROCESSENTRY32& entry) {
 
 bool Process32Next(HANDLE /*snapshot*/, PROCESSENTRY32& entry) {
     return nextRecord(entry);
+}
+
+int GetVersionExA(OSVERSIONINFOA& record) {
+    ++world().versionReads;
+    if (record.dwOSVersionInfoSize != versionRecordSize || world().versionFails)
+        return 0;
+    record = world().version;
+    record.dwOSVersionInfoSize = versionRecordSize;
+    return 1;
 }
 
 } // namespace platform

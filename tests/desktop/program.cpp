@@ -1,53 +1,8 @@
 #include "desktop/program.h"
 
-#include "core/frmMenu.h"
-#include "core/frmSplash.h"
-#include "core/state.h"
-#include "core/windoInf.h"
-#include "forms/defaultInstance.h"
-#include "setup/frmSetup.h"
-#include "store/pathTokens.h"
-#include "store/settings.h"
-#include "toolbars/frmPullDown.h"
-
 namespace desktop {
 
-namespace {
-
-/// The forms that exist once are to be made anew, and must not outlive their desktop.
-void dropDefaultInstances() {
-    setup::dropSetupForm();
-    forms::defaultSlot<core::frmMenu>().reset();
-    forms::defaultSlot<core::frmSplash>().reset();
-    forms::defaultSlot<calculator::frmMil>().reset();
-    forms::defaultSlot<toolbars::frmPullDown>().reset();
-}
-
-void resetModules() {
-    core::languageOffset = 0;
-    core::unitCalcActive = 0;
-    core::unitName = {};
-    core::unitAccuracy = {};
-    core::searchTitle.clear();
-    core::foundWindow = HWND::none;
-    store::currentRoutine.clear();
-    store::boardButtons = {};
-    store::schemButtons = {};
-    store::librButtons = {};
-    toolbars::lastToolbarKind = 0;
-    dropDefaultInstances();
-}
-
-} // namespace
-
-Program::Program() {
-    resetModules();
-    form_ = std::make_unique<core::Hauptform>();
-}
-
-Program::~Program() {
-    dropDefaultInstances();
-}
+Program::Program() : form_(std::make_unique<core::Hauptform>()) {}
 
 bool Program::start() {
     return desk().event([this] { form_->load(); });

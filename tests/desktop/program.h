@@ -1,5 +1,4 @@
-// The program as a test runs it: a fresh desktop, module variables as at the start of a process, and
-// Hauptform.
+// The program as a test runs it: a fresh desktop and Hauptform.
 #pragma once
 
 #include "core/hauptform.h"
@@ -12,7 +11,6 @@ namespace desktop {
 class Program {
   public:
     Program();
-    ~Program();
 
     /// Loads Hauptform, as the start of the program does. False if the program has ended by it.
     bool start();

@@ -1,6 +1,7 @@
 #include "desktop/desktop.h"
 
-#include "core/guard.h"
+#include "desktop/modules.h"
+#include "runtime/guard.h"
 
 #include <algorithm>
 
@@ -17,10 +18,14 @@ World& world() {
 }
 
 Session::Session() {
+    resetModules();
     theWorld = std::make_unique<World>();
 }
 
-Session::~Session() = default;
+// The forms must not outlive their desktop.
+Session::~Session() {
+    resetModules();
+}
 
 World::World() = default;
 World::~World() = default;
@@ -121,7 +126,7 @@ bool World::event(const std::function<void()>& code) {
     if (ended)
         return false;
     try {
-        core::guarded(code);
+        runtime::guarded(code);
     } catch (const ProgramEnded&) {
         ended = true;
         timers.clear();
@@ -149,14 +154,14 @@ bool World::fireNext(std::int64_t limit) {
     now = std::max(now, first->due);
     first->due = now + first->timer->interval();
     forms::Timer* const timer = first->timer;
-    core::guarded([timer] { timer->elapsed(); });
+    runtime::guarded([timer] { timer->elapsed(); });
     return true;
 }
 
 std::string TypedKeys::text() const {
     std::string result;
-    for (const runtime::KeyStroke& stroke : strokes)
-        result += stroke.key == runtime::Key::enter ? '\n' : stroke.character;
+    for (const platform::KeyStroke& stroke : strokes)
+        result += stroke.key == platform::Key::enter ? '\n' : stroke.character;
     return result;
 }
 
@@ -180,7 +185,7 @@ void runModal(Form& form) {
     if (!world.modalScripts.empty()) {
         const auto script = world.modalScripts.front();
         world.modalScripts.pop_front();
-        core::guarded([&] { script(form); });
+        runtime::guarded([&] { script(form); });
     }
     // Far enough for any form that closes itself; a form that needs a user who does not come is stuck.
     const std::int64_t limit = world.now + 60'000;

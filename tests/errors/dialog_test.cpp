@@ -1,7 +1,5 @@
 #include "errors/report.h"
 
-#include "platform/system.h"
-
 #include <doctest/doctest.h>
 
 #include <new>
@@ -23,6 +21,8 @@ std::vector<bool> visibleContinuations(const ErrPtnr& form) {
 
 } // namespace
 
+TEST_SUITE_BEGIN("errors/dialog");
+
 TEST_CASE("a report shows the error that is being handled, module, routine and line 0") {
     const desktop::Session session;
     ErrPtnr form;
@@ -33,7 +33,7 @@ TEST_CASE("a report shows the error that is being handled, module, routine and l
         CHECK(shown.lblError[1].caption() == "Modul1");
         CHECK(shown.lblError[2].caption() == "loadLists");
         CHECK(shown.lblError[3].caption() == "0");
-        CHECK(shown.caption() == "kestrel  V5.1.5 - Fehlermeldung");
+        CHECK(shown.caption() == "kestrel  V" KESTREL_VERSION " - Fehlermeldung");
     });
     CHECK_FALSE(form.visible());
     CHECK(form.loaded());
@@ -103,7 +103,7 @@ TEST_CASE("an empty program info makes the next report compute the default again
     CHECK(Inside::progInfo(form).empty());
     world().executableName = "other";
     report::ask(form);
-    CHECK(form.caption() == "other  V5.1.5 - Fehlermeldung");
+    CHECK(form.caption() == "other  V" KESTREL_VERSION " - Fehlermeldung");
 }
 
 TEST_CASE("the default program info of the first report stays for later ones") {
@@ -112,7 +112,7 @@ TEST_CASE("the default program info of the first report stays for later ones") {
     report::ask(form);
     world().executableName = "renamed";
     report::ask(form);
-    CHECK(form.caption() == "kestrel  V5.1.5 - Fehlermeldung");
+    CHECK(form.caption() == "kestrel  V" KESTREL_VERSION " - Fehlermeldung");
 }
 
 TEST_CASE("the list shows the trace, newest on top, and each report shows it anew") {
@@ -290,7 +290,7 @@ TEST_CASE("the form is hidden by its choice and keeps its fields; unloaded it lo
     CHECK(Inside::chosen(form) == 0);
     report::ask(form);
     CHECK(form.lstCallStack.listCount() == 0);
-    CHECK(form.caption() == "kestrel  V5.1.5 - Fehlermeldung");
+    CHECK(form.caption() == "kestrel  V" KESTREL_VERSION " - Fehlermeldung");
 }
 
 TEST_CASE("each first use loads the form and does not show it") {
@@ -359,3 +359,5 @@ TEST_CASE("there is one instance for all, made when it is asked for") {
     CHECK_FALSE(form.loaded());
     CHECK(world().order.empty());
 }
+
+TEST_SUITE_END();

@@ -19,6 +19,8 @@ const forms::Font bold{"MS Sans Serif", 8.25F, true, false};
 
 } // namespace
 
+TEST_SUITE_BEGIN("errors/form");
+
 TEST_CASE("the form of a report: a dialog's border and no box") {
     const desktop::Session session;
     const ErrPtnr form;
@@ -204,8 +206,8 @@ TEST_CASE("the comment names a fixed file, whatever the executable is called") {
     world().executableName = "Anders";
     ErrPtnr form;
     report::ask(form);
-    CHECK(form.lblComment.caption() ==
-          "Bitte senden Sie die KESTREL_RUN.EPT im Applikationsverzeichnis an support@kestrel.example.\r\n");
+    CHECK(form.lblComment.caption() == "Bitte senden Sie die KESTREL_RUN.EPT im Applikationsverzeichnis an " +
+                                           std::string(errors::supportMail) + ".\r\n");
     CHECK(world().fileText("C:\\kestrel\\Anders.EPT").has_value());
     CHECK_FALSE(world().fileText("C:\\kestrel\\KESTREL_RUN.EPT").has_value());
 }
@@ -221,3 +223,5 @@ TEST_CASE("a long description leaves its label and the lines under it where they
     CHECK(form.lblError[1].top() == 720);
     CHECK(form.lblError[0].caption() == "5 (" + std::string(10'000, 'x') + ")");
 }
+
+TEST_SUITE_END();

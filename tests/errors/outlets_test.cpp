@@ -5,6 +5,8 @@
 
 #include <doctest/doctest.h>
 
+#include <regex>
+
 using desktop::world;
 using errors::ErrPtnr;
 using report::Inside;
@@ -29,7 +31,9 @@ struct Reported {
 
 } // namespace
 
-TEST_CASE("outlets: the printer gets the protocol, wrapped, as one job") {
+TEST_SUITE_BEGIN("errors/outlets");
+
+TEST_CASE("the printer gets the protocol, wrapped, as one job") {
     Reported reported;
     reported.form.lblError[0].setCaption("5 (" + std::string(80, 'x') + ")");
     reported.form.cmdProtocol[0].click();
@@ -46,7 +50,7 @@ TEST_CASE("outlets: the printer gets the protocol, wrapped, as one job") {
     CHECK(world().messageBoxes.empty());
 }
 
-TEST_CASE("outlets: a description of ten thousand characters is printed, saved and copied whole") {
+TEST_CASE("a description of ten thousand characters is printed, saved and copied whole") {
     Reported reported;
     const std::string word(10'000, 'x');
     report::askAbout(RuntimeError(ErrorNumber::invalidCall, word), reported.form);
@@ -60,21 +64,21 @@ TEST_CASE("outlets: a description of ten thousand characters is printed, saved a
     CHECK(world().fileText(report::savedFile) == *world().clipboard + "\r\n");
 }
 
-TEST_CASE("outlets: each print is a job of its own") {
+TEST_CASE("each print is a job of its own") {
     Reported reported;
     reported.form.cmdProtocol[0].click();
     reported.form.cmdProtocol[0].click();
     CHECK(world().printed.size() == 2);
 }
 
-TEST_CASE("outlets: without a printer the print fails with the runtime's error") {
+TEST_CASE("without a printer the print fails with the runtime's error") {
     Reported reported;
     world().noPrinter = true;
     CHECK(report::errorOf([&] { reported.form.cmdProtocol_Click(0); }) == 482);
     CHECK(world().printed.empty());
 }
 
-TEST_CASE("outlets: a protocol is saved without a question where there is no file yet") {
+TEST_CASE("a protocol is saved without a question where there is no file yet") {
     Reported reported;
     const std::string protocol = reported.protocol();
     reported.form.cmdProtocol[1].click();
@@ -87,7 +91,7 @@ TEST_CASE("outlets: a protocol is saved without a question where there is no fil
     CHECK(world().file("C:\\kestrel\\kestrel.EPT") == nullptr);
 }
 
-TEST_CASE("outlets: Yes replaces a saved protocol") {
+TEST_CASE("Yes replaces a saved protocol") {
     Reported reported;
     world().writeFile(report::savedFile, std::string(5000, 'x'));
     world().messageAnswers = {yes};
@@ -99,7 +103,7 @@ TEST_CASE("outlets: Yes replaces a saved protocol") {
     CHECK(world().messageBoxes[0].style == 4);
 }
 
-TEST_CASE("outlets: No leaves the old file as it is") {
+TEST_CASE("No leaves the old file as it is") {
     Reported reported;
     world().writeFile(report::savedFile, "as it was");
     world().messageAnswers = {no};
@@ -108,7 +112,7 @@ TEST_CASE("outlets: No leaves the old file as it is") {
     CHECK(world().messageBoxes.size() == 1);
 }
 
-TEST_CASE("outlets: a protocol that cannot be saved fails with the runtime's error and without a message") {
+TEST_CASE("a protocol that cannot be saved fails with the runtime's error and without a message") {
     Reported reported;
     world().writeFile(report::savedFile, "as it was");
     world().file(report::savedFile)->readOnly = true;
@@ -120,7 +124,7 @@ TEST_CASE("outlets: a protocol that cannot be saved fails with the runtime's err
     CHECK(report::errorOf([&] { reported.form.cmdProtocol_Click(1); }) == 76);
 }
 
-TEST_CASE("outlets: mail tells the user first, then fills the clipboard and opens the mail program") {
+TEST_CASE("mail tells the user first, then fills the clipboard and opens the mail program") {
     Reported reported;
     world().clipboard = "old";
     world().onMessage = [] {
@@ -146,18 +150,24 @@ TEST_CASE("outlets: mail tells the user first, then fills the clipboard and open
     CHECK(call.owner == reported.form.hWnd());
     CHECK(call.owner != platform::HWND::none);
     CHECK(call.verb == "Open");
-    CHECK(call.file == "mailto:support@kestrel.example");
+    CHECK(call.file == errors::mailTarget(errors::supportMail));
     CHECK(call.parameters.empty());
     CHECK(call.folder.empty());
     CHECK(call.command == 1);
 }
 
-TEST_CASE("outlets: blanks around the mail address are trimmed") {
+TEST_CASE("blanks around the mail address are trimmed") {
     CHECK(errors::mailTarget("  a@b.example ") == "mailto:a@b.example");
     CHECK(errors::mailTarget("a@b.example") == "mailto:a@b.example");
 }
 
-TEST_CASE("outlets: web fills the clipboard and opens the support page, without a message") {
+TEST_CASE("the addresses are such that the shell opens them") {
+    const std::string target = errors::mailTarget(errors::supportMail);
+    CHECK(std::regex_match(target, std::regex("mailto:[^@:/ ]+@[^@:/ ]+")));
+    CHECK(std::regex_match(errors::supportWeb, std::regex("https?://[^/ ]+(/[^ ]*)?")));
+}
+
+TEST_CASE("web fills the clipboard and opens the support page, without a message") {
     Reported reported;
     reported.form.cmdProtocol[3].click();
     CHECK(world().messageBoxes.empty());
@@ -166,13 +176,13 @@ TEST_CASE("outlets: web fills the clipboard and opens the support page, without 
     const desktop::ShellExecution& call = world().executed[0];
     CHECK(call.owner == reported.form.hWnd());
     CHECK(call.verb == "Open");
-    CHECK(call.file == "https://kestrel.example/support");
+    CHECK(call.file == errors::supportWeb);
     CHECK(call.parameters.empty());
     CHECK(call.folder.empty());
     CHECK(call.command == 1);
 }
 
-TEST_CASE("outlets: the clipboard is cleared of all that it holds before the protocol goes there") {
+TEST_CASE("the clipboard is cleared of all that it holds before the protocol goes there") {
     Reported reported;
     for (const int index : {2, 3}) {
         world().calls.clear();
@@ -181,7 +191,7 @@ TEST_CASE("outlets: the clipboard is cleared of all that it holds before the pro
     }
 }
 
-TEST_CASE("outlets: a missing mail program or browser goes unnoticed") {
+TEST_CASE("a missing mail program or browser goes unnoticed") {
     Reported reported;
     // The simulated shell has none.
     reported.form.cmdProtocol[2].click();
@@ -190,7 +200,7 @@ TEST_CASE("outlets: a missing mail program or browser goes unnoticed") {
     CHECK(world().messageBoxes.size() == 1);
 }
 
-TEST_CASE("outlets: a clipboard that another program keeps fails, and nothing is opened") {
+TEST_CASE("a clipboard that another program keeps fails, and nothing is opened") {
     Reported reported;
     world().clipboard = "old";
     world().clipboardHeldUntil = world().now + 100'000;
@@ -200,7 +210,7 @@ TEST_CASE("outlets: a clipboard that another program keeps fails, and nothing is
     CHECK(world().executed.empty());
 }
 
-TEST_CASE("outlets: a clipboard that is held for a moment only is waited for") {
+TEST_CASE("a clipboard that is held for a moment only is waited for") {
     Reported reported;
     world().clipboardHeldUntil = world().now + 100;
     reported.form.cmdProtocol[3].click();
@@ -208,7 +218,7 @@ TEST_CASE("outlets: a clipboard that is held for a moment only is waited for") {
     CHECK(world().executed.size() == 1);
 }
 
-TEST_CASE("outlets: the protocol is that of the action's moment") {
+TEST_CASE("the protocol is that of the action's moment") {
     Reported reported;
     world().startDate = report::afternoon;
     world().now = 0;
@@ -219,7 +229,7 @@ TEST_CASE("outlets: the protocol is that of the action's moment") {
     CHECK(world().clipboard->find("08.05.2006 / 14:25:40") != std::string::npos);
 }
 
-TEST_CASE("outlets: any other index builds the protocol and does nothing with it") {
+TEST_CASE("any other index builds the protocol and does nothing with it") {
     Reported reported;
     const int reads = world().versionReads;
     for (const auto index : std::initializer_list<std::int16_t>{-1, 4, 32767})
@@ -232,10 +242,12 @@ TEST_CASE("outlets: any other index builds the protocol and does nothing with it
     CHECK(world().executed.empty());
 }
 
-TEST_CASE("outlets: a form that no report has used yet has a window for the shell") {
+TEST_CASE("a form that no report has used yet has a window for the shell") {
     const desktop::Session session;
     ErrPtnr form;
     form.cmdProtocol_Click(3);
     REQUIRE(world().executed.size() == 1);
     CHECK(world().executed[0].owner != platform::HWND::none);
 }
+
+TEST_SUITE_END();

@@ -43,7 +43,9 @@ Lines printedPlainly(const std::string& text) {
 
 } // namespace
 
-TEST_CASE("print: a text is cut into lines at each line end, and each gets a blank") {
+TEST_SUITE_BEGIN("errors/printWrap");
+
+TEST_CASE("a text is cut into lines at each line end, and each gets a blank") {
     CHECK(printLines("one\r\ntwo words\r\n") == Lines{"one ", "two words "});
     CHECK(printLines("\r\n") == Lines{" "});
     CHECK(printLines("a\r\n\r\n\r\n") == Lines{"a ", " ", " "});
@@ -51,18 +53,18 @@ TEST_CASE("print: a text is cut into lines at each line end, and each gets a bla
     CHECK(printLines("no line end").empty());
 }
 
-TEST_CASE("print: neither half of a line end ends a line") {
+TEST_CASE("neither half of a line end ends a line") {
     CHECK(printLines("a\rb\nc\n\r\r\n") == Lines{"a\rb\nc\n\r "});
 }
 
-TEST_CASE("print: a line of 73 columns with its blank goes on one line, one of 74 does not") {
+TEST_CASE("a line of 73 columns with its blank goes on one line, one of 74 does not") {
     const std::string word(36, 'x');
     CHECK(printLines(word + " " + std::string(35, 'y') + "\r\n") ==
           Lines{word + " " + std::string(35, 'y') + " "});
     CHECK(printLines(word + " " + word + "\r\n") == Lines{word + " ", indent + word + " "});
 }
 
-TEST_CASE("print: the indent is not counted, so that a line may reach 93 columns") {
+TEST_CASE("the indent is not counted, so that a line may reach 93 columns") {
     const std::string first(72, 'a');
     const std::string second = std::string(36, 'b') + " " + std::string(35, 'c');
     const Lines printed = printLines(first + " " + second + "\r\n");
@@ -70,28 +72,28 @@ TEST_CASE("print: the indent is not counted, so that a line may reach 93 columns
     CHECK(printed[1].size() == 93);
 }
 
-TEST_CASE("print: a first word of more than 73 columns goes out whole on its own line") {
+TEST_CASE("a first word of more than 73 columns goes out whole on its own line") {
     const std::string word(100, 'x');
     CHECK(printLines(word + "\r\n") == Lines{word + " "});
     CHECK(printLines(word + " tail\r\n") == Lines{word + " ", indent + "tail "});
     CHECK(printLines("head " + word + " tail\r\n") == Lines{"head ", indent + word + " ", indent + "tail "});
 }
 
-TEST_CASE("print: several blanks are words of nothing but their blank") {
+TEST_CASE("several blanks are words of nothing but their blank") {
     CHECK(printLines("a   b\r\n") == Lines{"a   b "});
     CHECK(printLines("   \r\n") == Lines{"    "});
     CHECK(printLines(std::string(80, ' ') + "\r\n") ==
           Lines{std::string(73, ' '), indent + std::string(8, ' ')});
 }
 
-TEST_CASE("print: a tab is an ordinary character of a word") {
+TEST_CASE("a tab is an ordinary character of a word") {
     const std::string word = "Zeilen-Nr.:\t0";
     CHECK(printLines("          " + word + "\r\n") == Lines{"          " + word + " "});
     const std::string tabs(73, '\t');
     CHECK(printLines("a " + tabs + "\r\n") == Lines{"a ", indent + tabs + " "});
 }
 
-TEST_CASE("print: random texts are wrapped as the plain rule says") {
+TEST_CASE("random texts are wrapped as the plain rule says") {
     fuzz::Random random(20060508);
     for (int round = 0; round < 4000; ++round) {
         std::string text;
@@ -104,3 +106,5 @@ TEST_CASE("print: random texts are wrapped as the plain rule says") {
         CHECK(printLines(text) == printedPlainly(text));
     }
 }
+
+TEST_SUITE_END();

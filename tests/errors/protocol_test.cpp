@@ -32,6 +32,8 @@ std::string systemInfo() {
 
 } // namespace
 
+TEST_SUITE_BEGIN("errors/protocol");
+
 TEST_CASE("the whole protocol of a report with a trace") {
     const desktop::Session session;
     world().startDate = report::afternoon;
@@ -45,7 +47,7 @@ TEST_CASE("the whole protocol of a report with a trace") {
     const std::string expected = "----------------------------------------------------------------------\r\n"
                                  "F E H L E R P R O T O K O L L vom ErrorPartner\r\n"
                                  "----------------------------------------------------------------------\r\n"
-                                 "kestrel  V5.1.5 - Fehlermeldung\r\n"
+                                 "kestrel  V" KESTREL_VERSION " - Fehlermeldung\r\n"
                                  "----------------------------------------------------------------------\r\n"
                                  "FEHLERBESCHREIBUNG:\r\n"
                                  "          Fehler-Nr:\t9 (Subscript out of range)\r\n"
@@ -263,3 +265,5 @@ TEST_CASE("a module and a routine are logged unchanged") {
     CHECK(Inside::protocol(form).find("          Modul:\t Modul\t& \r\n\r\n          Prozedur:\t" +
                                       std::string("a\0b", 3) + "\r\n") != std::string::npos);
 }
+
+TEST_SUITE_END();

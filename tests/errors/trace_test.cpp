@@ -22,6 +22,8 @@ std::string parameterLine(const Variant& value) {
 
 } // namespace
 
+TEST_SUITE_BEGIN("errors/trace");
+
 TEST_CASE("a routine's line is the time, one blank and the caller's text") {
     const desktop::Session session;
     desktop::world().startDate = report::afternoon;
@@ -185,3 +187,5 @@ TEST_CASE("a text without NUL gives an empty string") {
     CHECK(ErrPtnr::LPSTRToVBString("abc").empty());
     CHECK(ErrPtnr::LPSTRToVBString("").empty());
 }
+
+TEST_SUITE_END();

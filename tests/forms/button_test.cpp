@@ -10,6 +10,8 @@
 #include <array>
 #include <vector>
 
+TEST_SUITE_BEGIN("forms/button");
+
 TEST_CASE("a check box raises its click inside the assignment of another value only") {
     forms::CheckBox box;
     std::vector<int> seen;
@@ -135,3 +137,5 @@ TEST_CASE("an option that stands nowhere is a group of its own") {
     alone.setValue(true);
     CHECK(alone.value());
 }
+
+TEST_SUITE_END();

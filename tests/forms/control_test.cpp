@@ -18,6 +18,8 @@ using forms::Form;
 using forms::Frame;
 using platform::HWND;
 
+TEST_SUITE_BEGIN("forms/control");
+
 TEST_CASE("a control finds its form at whatever depth, and none before it is placed") {
     Form form;
     Frame outer;
@@ -185,3 +187,5 @@ TEST_CASE("a click may unload the form that its button stands on") {
     CHECK_FALSE(form.loaded());
     CHECK(desktop::world().order.empty());
 }
+
+TEST_SUITE_END();

@@ -53,6 +53,8 @@ desktop::World& desk() {
 
 } // namespace
 
+TEST_SUITE_BEGIN("forms/form");
+
 TEST_CASE("a form has no window before it is loaded and is not loaded by being made or sized") {
     const desktop::Session session;
     Noted form;
@@ -406,21 +408,6 @@ TEST_CASE("a hosted form keeps its place when its height is assigned") {
     CHECK(rect.bottom == 121);
 }
 
-TEST_CASE("a centred form stands in the middle of the screen when it is loaded") {
-    const desktop::Session session;
-    Noted form;
-    form.centreOnScreen = true;
-    form.load();
-    const forms::ScreenSize screen = forms::screenSize();
-    platform::RECT rect;
-    REQUIRE(platform::GetWindowRect(form.hWnd(), rect));
-    CHECK(rect.left == (screen.width - (rect.right - rect.left)) / 2);
-    CHECK(rect.top == (screen.height - (rect.bottom - rect.top)) / 2);
-    form.setLeft(150);
-    REQUIRE(platform::GetWindowRect(form.hWnd(), rect));
-    CHECK(rect.left == 10);
-}
-
 TEST_CASE("a size that the window refuses leaves the old one") {
     const desktop::Session session;
     Noted form;
@@ -432,3 +419,5 @@ TEST_CASE("a size that the window refuses leaves the old one") {
     CHECK(form.scaleHeight() == 300);
     CHECK(form.events == Events{"load"});
 }
+
+TEST_SUITE_END();

@@ -36,6 +36,8 @@ using Told = std::vector<std::string>;
 
 } // namespace
 
+TEST_SUITE_BEGIN("forms/iconGrid");
+
 TEST_CASE("a grid asks for the picture of an icon when it is wanted, and not before") {
     const Five grid;
     CHECK(grid.count() == 5);
@@ -129,3 +131,5 @@ TEST_CASE("a disabled grid hears no user, whether it is disabled itself or with 
     CHECK(grid.selectedIndex() == -1);
     CHECK(grid.told.empty());
 }
+
+TEST_SUITE_END();

@@ -21,6 +21,8 @@ struct Rows : forms::ListBox {
 
 } // namespace
 
+TEST_SUITE_BEGIN("forms/listBox");
+
 TEST_CASE("an assigned row raises the click inside the assignment if it is another one") {
     Rows list;
     CHECK(list.listIndex() == -1);
@@ -123,3 +125,5 @@ TEST_CASE("a drop-down list takes only the text of one of its rows, exactly") {
     box.setText("Inch");
     CHECK(clicks == 1);
 }
+
+TEST_SUITE_END();

@@ -43,6 +43,8 @@ constexpr std::uint32_t grey = 0xFFC0C0C0;
 
 } // namespace
 
+TEST_SUITE_BEGIN("forms/picture");
+
 TEST_CASE("pictures are equal by their content") {
     CHECK(plain(2, 3, 5) == plain(2, 3, 5));
     CHECK_FALSE(plain(2, 3, 5) == plain(3, 2, 5));
@@ -241,3 +243,5 @@ TEST_CASE("a box without a size can be drawn on all the same") {
     CHECK(box.hDC() != platform::HDC::none);
     CHECK(box.image() == plain(1, 1, grey));
 }
+
+TEST_SUITE_END();

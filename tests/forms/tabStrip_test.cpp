@@ -30,6 +30,8 @@ struct Tabs {
 
 } // namespace
 
+TEST_SUITE_BEGIN("forms/tabStrip");
+
 TEST_CASE("only the frames of the tab in front show, at the start the first") {
     Tabs tabs;
     CHECK(tabs.strip.tab() == 0);
@@ -91,3 +93,5 @@ TEST_CASE("a frame that has gone or has moved away is no longer shown by its tab
     tabs.strip.placeOnTab(1, tabs.frame[0], {});
     CHECK(tabs.frame[0].visible());
 }
+
+TEST_SUITE_END();

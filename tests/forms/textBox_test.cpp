@@ -1,12 +1,15 @@
 // Text box: assignment, selection, editing in its window, typing.
 #include "forms/textBox.h"
 
+#include "desktop/keyboard.h"
 #include "runtime/runtimeError.h"
 
 #include <doctest/doctest.h>
 
 #include <string>
 #include <vector>
+
+using desktop::typeInto;
 
 namespace {
 
@@ -25,6 +28,8 @@ struct Noted : forms::TextBox {
 using Events = std::vector<std::string>;
 
 } // namespace
+
+TEST_SUITE_BEGIN("forms/textBox");
 
 TEST_CASE("an assigned text raises the change inside the assignment if it is another one") {
     Noted box;
@@ -117,12 +122,12 @@ TEST_CASE("typing a character: key down, press, edit at the selection, change, k
     box.setSelLength(2);
     box.events.clear();
     box.onKeyPress = [&](int& keyAscii) { box.events.push_back("press " + std::to_string(keyAscii)); };
-    box.typeCharacter('a');
+    typeInto(box, "a");
     CHECK(box.events == Events{"down 65 0", "press 97", "change 1a4", "up 65 0"});
     CHECK(box.selStart() == 2);
     CHECK(box.selLength() == 0);
     box.events.clear();
-    box.typeCharacter('B');
+    typeInto(box, "B");
     CHECK(box.events == Events{"down 66 1", "press 66", "change 1aB4", "up 66 1"});
 }
 
@@ -134,8 +139,7 @@ TEST_CASE("the key press event replaces a character or drops it; the key is rele
         if (keyAscii == 'x')
             keyAscii = 0;
     };
-    for (const char character : std::string("1,5x"))
-        box.typeCharacter(character);
+    typeInto(box, "1,5x");
     CHECK(box.text() == "1.5");
     CHECK(box.events.back() == "up 88 0");
     CHECK(box.keyPressed(',') == '.');
@@ -146,11 +150,11 @@ TEST_CASE("typing stops at the most characters, but goes on over a selection") {
     forms::TextBox box;
     box.maxLength = 3;
     for (int i = 0; i < 5; ++i)
-        box.typeCharacter('7');
+        typeInto(box, "7");
     CHECK(box.text() == "777");
     box.setSelStart(0);
     box.setSelLength(3);
-    box.typeCharacter('1');
+    typeInto(box, "1");
     CHECK(box.text() == "1");
     box.setText("assigned freely");
     CHECK(box.text() == "assigned freely");
@@ -161,20 +165,19 @@ TEST_CASE("the backspace takes the selection or the character before it") {
     box.setText("1234");
     box.setSelStart(1);
     box.setSelLength(2);
-    box.typeCharacter('\b');
+    typeInto(box, "\b");
     CHECK(box.text() == "14");
-    box.typeCharacter('\b');
+    typeInto(box, "\b");
     CHECK(box.text() == "4");
     box.events.clear();
-    box.typeCharacter('\b');
+    typeInto(box, "\b");
     CHECK(box.text() == "4");
     CHECK(box.events == Events{"down 8 0", "up 8 0"});
 }
 
 TEST_CASE("keys that give no character leave the text alone and are released") {
     Noted box;
-    box.typeCharacter('\t');
-    box.typeCharacter('\r');
+    typeInto(box, "\t\r");
     CHECK(box.text().empty());
     CHECK(box.events == Events{"down 9 0", "up 9 0", "down 13 0", "up 13 0"});
 }
@@ -183,7 +186,7 @@ TEST_CASE("a character above 127 is taken as one of the code page") {
     forms::TextBox box;
     int seen = 0;
     box.onKeyPress = [&](int& keyAscii) { seen = keyAscii; };
-    box.typeCharacter('\xE4');
+    typeInto(box, "\xE4");
     CHECK(seen == 0xE4);
     CHECK(box.text() == "\xE4");
 }
@@ -191,7 +194,9 @@ TEST_CASE("a character above 127 is taken as one of the code page") {
 TEST_CASE("a disabled text box takes no typing") {
     Noted box;
     box.setEnabled(false);
-    box.typeCharacter('1');
+    typeInto(box, "1");
     CHECK(box.text().empty());
     CHECK(box.events.empty());
 }
+
+TEST_SUITE_END();

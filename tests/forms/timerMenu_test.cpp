@@ -10,6 +10,8 @@
 #include <memory>
 #include <vector>
 
+TEST_SUITE_BEGIN("forms/timerMenu");
+
 TEST_CASE("a timer fires again and again while it is on and its interval is above 0") {
     const desktop::Session session;
     forms::Timer timer(200);
@@ -92,3 +94,5 @@ TEST_CASE("the click of a menu is given the index of the chosen entry, separator
         menu.choose(index);
     CHECK(chosen == std::vector<int>{3});
 }
+
+TEST_SUITE_END();

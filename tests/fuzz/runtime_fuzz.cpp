@@ -38,6 +38,8 @@ bool fixedShape(std::string_view text, std::size_t decimals) {
 
 } // namespace
 
+TEST_SUITE_BEGIN("fuzz/runtime");
+
 TEST_CASE(
     "random texts read as a finite number or overflow, and strictly as an integer or one of two errors") {
     Random random(1);
@@ -109,8 +111,8 @@ TEST_CASE("random key text gives strokes for every character that is not notatio
             text += random.oneOf(pieces);
         const auto strokes = runtime::parseKeyText(text);
         std::size_t letters = 0;
-        for (const runtime::KeyStroke& stroke : strokes) {
-            CHECK((stroke.key == runtime::Key::none || stroke.character == 0));
+        for (const platform::KeyStroke& stroke : strokes) {
+            CHECK((stroke.key == platform::Key::none || stroke.character == 0));
             if (stroke.character == 'x' || stroke.character == '\xE4')
                 ++letters;
         }
@@ -137,10 +139,12 @@ TEST_CASE("any text whose characters stand between braces is typed as it is") {
         for (const char character : text)
             braced += std::string("{") + character + '}';
         std::string typed;
-        for (const runtime::KeyStroke& stroke : runtime::parseKeyText(braced)) {
-            CHECK(stroke.key == runtime::Key::none);
+        for (const platform::KeyStroke& stroke : runtime::parseKeyText(braced)) {
+            CHECK(stroke.key == platform::Key::none);
             typed += stroke.character;
         }
         CHECK(typed == text);
     }
 }
+
+TEST_SUITE_END();

@@ -41,6 +41,8 @@ std::string readBack(const std::string& file, const char* section, const char* k
 
 } // namespace
 
+TEST_SUITE_BEGIN("fuzz/store");
+
 TEST_CASE("random icon references give the chooser or one of three errors") {
     const desktop::Session session;
     Random random(11);
@@ -189,3 +191,5 @@ TEST_CASE(
     }
     store::boardButtons = store::schemButtons = store::librButtons = {};
 }
+
+TEST_SUITE_END();

@@ -4,8 +4,8 @@
 
 #include <string>
 
-using runtime::Key;
-using runtime::KeyStroke;
+using platform::Key;
+using platform::KeyStroke;
 using runtime::parseKeyText;
 
 namespace {
@@ -34,6 +34,8 @@ std::string keys(std::string_view text) {
 }
 
 } // namespace
+
+TEST_SUITE_BEGIN("runtime/keyText");
 
 TEST_CASE("a command is its characters and the Enter key") {
     CHECK(keys("run ulp abc{ENTER}") == "run ulp abc<0D>");
@@ -213,3 +215,5 @@ TEST_CASE("nesting of any depth is read") {
 TEST_CASE("control characters and binary bytes are characters") {
     CHECK(keys(std::string_view("a\0\x01\xFF", 4)) == std::string_view("a\0\x01\xFF", 4));
 }
+
+TEST_SUITE_END();

@@ -28,6 +28,8 @@ int error32(const std::string& text) {
 
 } // namespace
 
+TEST_SUITE_BEGIN("runtime/numbers");
+
 TEST_CASE("a number is read as far as it goes") {
     CHECK(runtime::readNumber("12") == 12);
     CHECK(runtime::readNumber(" \t 12.5mm") == 12.5);
@@ -174,3 +176,5 @@ TEST_CASE("the pattern @ and patterns that are none give the general text") {
     CHECK(runtime::formatNumber(2, "0.##") == "2.");
     CHECK(runtime::formatNumber(2.675, "0.##") == "2.68");
 }
+
+TEST_SUITE_END();

@@ -5,6 +5,8 @@
 using runtime::ErrorNumber;
 using runtime::RuntimeError;
 
+TEST_SUITE_BEGIN("runtime/runtimeError");
+
 TEST_CASE("each error has the runtime's number and description") {
     struct Row {
         ErrorNumber number;
@@ -15,7 +17,6 @@ TEST_CASE("each error has the runtime's number and description") {
         {ErrorNumber::invalidCall, 5, "Invalid procedure call or argument"},
         {ErrorNumber::overflow, 6, "Overflow"},
         {ErrorNumber::subscriptOutOfRange, 9, "Subscript out of range"},
-        {ErrorNumber::divisionByZero, 11, "Division by zero"},
         {ErrorNumber::typeMismatch, 13, "Type mismatch"},
         {ErrorNumber::fileNotFound, 53, "File not found"},
         {ErrorNumber::fileAlreadyOpen, 55, "File already open"},
@@ -43,3 +44,5 @@ TEST_CASE("the message of an unhandled error has its number, an empty line and t
     CHECK(runtime::unhandledErrorText(RuntimeError(ErrorNumber::typeMismatch)) ==
           "Run-time error '13':\r\n\r\nType mismatch");
 }
+
+TEST_SUITE_END();

@@ -5,6 +5,8 @@
 
 using runtime::RuntimeError;
 
+TEST_SUITE_BEGIN("runtime/text");
+
 TEST_CASE("lower case folds letters and umlauts of the ANSI code page and nothing else") {
     CHECK(runtime::lowerCase("AZaz09 [Board]") == "azaz09 [board]");
     CHECK(runtime::lowerCase("\xC4\xD6\xDC\xE4\xDF") == "\xE4\xF6\xFC\xE4\xDF");
@@ -70,3 +72,5 @@ TEST_CASE("a text holds another one, ignoring its own case and folding umlauts")
     CHECK_FALSE(runtime::holdsIgnoringCase("", "b"));
     CHECK_FALSE(runtime::holdsIgnoringCase("BOARD -", "Board -"));
 }
+
+TEST_SUITE_END();

@@ -53,6 +53,8 @@ std::string built(ObjFiledialog& dialog) {
 
 } // namespace
 
+TEST_SUITE_BEGIN("setup/ObjFiledialog");
+
 TEST_CASE(
     "a new object has a buffer of 512 NULs, the current folder and an empty extension, each with its NUL") {
     const desktop::Session session;
@@ -359,3 +361,5 @@ TEST_CASE("a failure to find the current folder is shown and tried again") {
     CHECK(world().messageBoxes[1].title == "Error_Class_Initialize");
     CHECK(Inside::initDir(dialog) == bytes("C:\\work\0"));
 }
+
+TEST_SUITE_END();

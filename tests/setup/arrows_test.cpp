@@ -31,17 +31,21 @@ const Names upwards = {
 
 } // namespace
 
-TEST_CASE("setup: the arrows point up and down, dark blue with soft edges on nothing") {
+TEST_SUITE_BEGIN("setup/arrows");
+
+TEST_CASE("the arrows point up and down, dark blue with soft edges on nothing") {
     CHECK(drawn(setup::upArrow()) == upwards);
     CHECK(drawn(setup::downArrow()) == Names(upwards.rbegin(), upwards.rend()));
     CHECK(setup::upArrow().pixel(10, 8) == 0xFF1F4E8C);
     CHECK(setup::upArrow().pixel(10, 2) == 0x5F1F4E8C);
 }
 
-TEST_CASE("setup: the upper button of each page has the arrow that points up") {
+TEST_CASE("the upper button of each page has the arrow that points up") {
     const Dialog dialog;
     for (const forms::CommandButton& button : setup::setupForm().btnH)
         CHECK(button.picture() == setup::upArrow());
     for (const forms::CommandButton& button : setup::setupForm().btnL)
         CHECK(button.picture() == setup::downArrow());
 }
+
+TEST_SUITE_END();

@@ -8,8 +8,9 @@ using setup::listOf;
 using setup::namedList;
 using store::ToolButton;
 
-TEST_CASE(
-    "setup: lists that change on disk while the dialog is up are overwritten by OK and read after Cancel") {
+TEST_SUITE_BEGIN("setup/badInput");
+
+TEST_CASE("lists that change on disk while the dialog is up are overwritten by OK and read after Cancel") {
     const std::string changed = "[board]\r\n1name=changed\r\n1path=p\r\n1dialog=0\r\n1type=1\r\n";
     Dialog dialog;
     store::boardButtons = namedList({"mine"});
@@ -24,7 +25,7 @@ TEST_CASE(
     CHECK(dialog.desk().settings() == changed);
 }
 
-TEST_CASE("setup: a settings file that cannot be written loses nothing of the lists in memory") {
+TEST_CASE("a settings file that cannot be written loses nothing of the lists in memory") {
     for (const bool locked : {false, true}) {
         Dialog dialog("[toolbar]\r\nautoEAGLE=0\r\n");
         store::boardButtons = namedList({"a"});
@@ -42,7 +43,7 @@ TEST_CASE("setup: a settings file that cannot be written loses nothing of the li
     }
 }
 
-TEST_CASE("setup: titles, paths, tips and questions are saved as they stand") {
+TEST_CASE("titles, paths, tips and questions are saved as they stand") {
     const std::vector<std::string> texts = {"\xA7\xA7", "\"quoted\"",   "a=b",
                                             "[board]",  "; no comment", std::string(300, 'n')};
     for (const std::string& text : texts) {
@@ -60,7 +61,7 @@ TEST_CASE("setup: titles, paths, tips and questions are saved as they stand") {
     }
 }
 
-TEST_CASE("setup: whatever stands in the field of EAGLE's path is saved, but for the blanks around it") {
+TEST_CASE("whatever stands in the field of EAGLE's path is saved, but for the blanks around it") {
     for (const std::string& text : {std::string("\xA7\xA7"), std::string("\"quoted\""), std::string("a=b"),
                                     std::string("[board]"), std::string(300, 'n'), std::string("\tx\t")}) {
         Dialog dialog;
@@ -73,7 +74,7 @@ TEST_CASE("setup: whatever stands in the field of EAGLE's path is saved, but for
     }
 }
 
-TEST_CASE("setup: an entry with an empty title is saved, and the list ends there when it is read again") {
+TEST_CASE("an entry with an empty title is saved, and the list ends there when it is read again") {
     Dialog dialog;
     store::boardButtons = namedList({"a", "b", "c"});
     dialog.open(1);
@@ -87,7 +88,7 @@ TEST_CASE("setup: an entry with an empty title is saved, and the list ends there
     CHECK(store::boardButtons.upperBound() == 1);
 }
 
-TEST_CASE("setup: three lists of 40 buttons are saved and read back the same") {
+TEST_CASE("three lists of 40 buttons are saved and read back the same") {
     Dialog dialog;
     for (store::ButtonList* list : {&store::boardButtons, &store::schemButtons, &store::librButtons}) {
         list->redim(40);
@@ -102,7 +103,7 @@ TEST_CASE("setup: three lists of 40 buttons are saved and read back the same") {
     CHECK(store::boardButtons == before);
 }
 
-TEST_CASE("setup: a list of 2000 buttons is edited and committed") {
+TEST_CASE("a list of 2000 buttons is edited and committed") {
     Dialog dialog;
     store::boardButtons.redim(2000);
     for (int row = 1; row <= 2000; ++row)
@@ -123,7 +124,7 @@ TEST_CASE("setup: a list of 2000 buttons is edited and committed") {
     CHECK(store::boardButtons[2000].name == "EAGLE Command");
 }
 
-TEST_CASE("setup: a name of 300 characters is kept whole in the dialog, and read back as its first 254") {
+TEST_CASE("a name of 300 characters is kept whole in the dialog, and read back as its first 254") {
     const std::string name(300, 'n');
     Dialog dialog;
     store::librButtons = namedList({"a"});
@@ -138,7 +139,7 @@ TEST_CASE("setup: a name of 300 characters is kept whole in the dialog, and read
     CHECK(store::librButtons[1].name == name.substr(0, 254));
 }
 
-TEST_CASE("setup: what a text with quotes or blanks around it loses, it loses in the settings file only") {
+TEST_CASE("what a text with quotes or blanks around it loses, it loses in the settings file only") {
     Dialog dialog;
     store::boardButtons = namedList({"a"});
     dialog.open(1);
@@ -153,7 +154,7 @@ TEST_CASE("setup: what a text with quotes or blanks around it loses, it loses in
     CHECK(store::boardButtons[1].tooltip == "tip");
 }
 
-TEST_CASE("setup: an icon reference without a comma is shown, moved, saved and removed without a drawing") {
+TEST_CASE("an icon reference without a comma is shown, moved, saved and removed without a drawing") {
     ToolButton made = entry("a");
     made.icon = "C:\\tool.dll";
     Dialog dialog;
@@ -171,8 +172,7 @@ TEST_CASE("setup: an icon reference without a comma is shown, moved, saved and r
     CHECK(dialog.rows(1) == setup::Names{"b"});
 }
 
-TEST_CASE(
-    "setup: a comma in the path of a chosen program or icon ends the program: references are split there") {
+TEST_CASE("a comma in the path of a chosen program or icon ends the program: references are split there") {
     Dialog dialog;
     dialog.open(1);
     dialog.desk().fileAnswers = {"C:\\one, two\\tool.exe"};
@@ -187,7 +187,7 @@ TEST_CASE(
     CHECK(icon.desk().messageBoxes.back().text.find("'13'") != std::string::npos);
 }
 
-TEST_CASE("setup: a refused OK may be tried again and again without losing an edit") {
+TEST_CASE("a refused OK may be tried again and again without losing an edit") {
     Dialog dialog;
     store::boardButtons = namedList({"a", "b", "c"});
     dialog.open(1);
@@ -206,7 +206,7 @@ TEST_CASE("setup: a refused OK may be tried again and again without losing an ed
     CHECK(dialog.desk().messageBoxes.size() == 5);
 }
 
-TEST_CASE("setup: a settings file that went away is written anew") {
+TEST_CASE("a settings file that went away is written anew") {
     Dialog dialog("[toolbar]\r\nlastBoard=C:\\x.brd\r\n[board]\r\n1name=a\r\n1dialog=0\r\n1type=1\r\n");
     dialog.open(1);
     dialog.desk().removeFile("C:\\kestrel\\kestrel.ini");
@@ -214,3 +214,5 @@ TEST_CASE("setup: a settings file that went away is written anew") {
     CHECK(dialog.closed());
     CHECK(dialog.desk().settings().find("1name=a") != std::string::npos);
 }
+
+TEST_SUITE_END();

@@ -2,10 +2,10 @@
 // opened on a page, and what a user does to its controls.
 #pragma once
 
-#include "core/state.h"
 #include "desktop/program.h"
 #include "setup/frmSetup.h"
 #include "store/settings.h"
+#include "store/state.h"
 
 #include <doctest/doctest.h>
 

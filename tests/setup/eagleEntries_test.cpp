@@ -47,8 +47,9 @@ std::uint32_t pixelOf(const std::string& file, int index) {
 
 } // namespace
 
-TEST_CASE(
-    "setup: an EAGLE command on an empty list lands in slot 1, is selected and shown with its own label") {
+TEST_SUITE_BEGIN("setup/eagleEntries");
+
+TEST_CASE("an EAGLE command on an empty list lands in slot 1, is selected and shown with its own label") {
     for (std::size_t page = 0; page < setup::listPages; ++page) {
         CAPTURE(page);
         Dialog dialog;
@@ -82,7 +83,7 @@ TEST_CASE(
     }
 }
 
-TEST_CASE("setup: an EAGLE command goes behind the other entries, which stay as they are") {
+TEST_CASE("an EAGLE command goes behind the other entries, which stay as they are") {
     Dialog dialog;
     store::schemButtons = namedList({"a", "b"});
     dialog.open(2);
@@ -97,10 +98,10 @@ TEST_CASE("setup: an EAGLE command goes behind the other entries, which stay as 
     CHECK(dialog.record(1, 3).path == "drc");
 }
 
-TEST_CASE("setup: the title of an EAGLE command is the same in German and in English") {
+TEST_CASE("the title of an EAGLE command is the same in German and in English") {
     for (const int offset : {0, 10000}) {
         Dialog dialog;
-        core::languageOffset = offset;
+        store::languageOffset = offset;
         dialog.open(1);
         dialog.click(dialog.form().btnAddEAGLE[0]);
         CHECK(dialog.record(0, 1).name == "EAGLE Command");
@@ -108,7 +109,7 @@ TEST_CASE("setup: the title of an EAGLE command is the same in German and in Eng
     }
 }
 
-TEST_CASE("setup: the icon chooser starts with the entry's icon and is owned by the form") {
+TEST_CASE("the icon chooser starts with the entry's icon and is owned by the form") {
     for (std::size_t page = 0; page < setup::listPages; ++page) {
         OneIcon dialog("C:\\tools\\old.dll,1", page);
         dialog.answer(1, u"C:\\tools\\new.dll", 4);
@@ -126,7 +127,7 @@ TEST_CASE("setup: the icon chooser starts with the entry's icon and is owned by 
     }
 }
 
-TEST_CASE("setup: a cancelled icon chooser leaves entry and preview as they were") {
+TEST_CASE("a cancelled icon chooser leaves entry and preview as they were") {
     OneIcon dialog("C:\\tools\\old.dll,1");
     dialog.answer(0, u"C:\\tools\\new.dll", 4);
     dialog.click(dialog.form().btnIcon[0]);
@@ -136,7 +137,7 @@ TEST_CASE("setup: a cancelled icon chooser leaves entry and preview as they were
     CHECK_FALSE(dialog.form().Timer1[0].enabled());
 }
 
-TEST_CASE("setup: the tokens of an icon are replaced for the chooser, and gone when one was chosen") {
+TEST_CASE("the tokens of an icon are replaced for the chooser, and gone when one was chosen") {
     OneIcon dialog("{kestrelpath}\\brd.ico,0");
     dialog.answer(1, u"C:\\kestrel\\brd.ico", 0);
     dialog.click(dialog.form().btnIcon[0]);
@@ -144,7 +145,7 @@ TEST_CASE("setup: the tokens of an icon are replaced for the chooser, and gone w
     CHECK(dialog.record(0, 1).icon == "C:\\kestrel\\brd.ico,0");
 }
 
-TEST_CASE("setup: a token of an icon that is not in lower case stays, EAGLE's folder drops out") {
+TEST_CASE("a token of an icon that is not in lower case stays, EAGLE's folder drops out") {
     OneIcon upper("{KestrelPath}\\brd.ico,0");
     upper.answer(0, u"", 0);
     upper.click(upper.form().btnIcon[0]);
@@ -156,7 +157,7 @@ TEST_CASE("setup: a token of an icon that is not in lower case stays, EAGLE's fo
     CHECK(eagle.record(0, 1).icon == "{eaglepath}\\bin\\eagle.exe,0");
 }
 
-TEST_CASE("setup: an icon that cannot be drawn is stored all the same, the preview keeps the old one") {
+TEST_CASE("an icon that cannot be drawn is stored all the same, the preview keeps the old one") {
     OneIcon dialog("C:\\tools\\old.dll,1");
     dialog.answer(1, u"C:\\tools\\none.dll", 3);
     dialog.click(dialog.form().btnIcon[0]);
@@ -164,7 +165,7 @@ TEST_CASE("setup: an icon that cannot be drawn is stored all the same, the previ
     CHECK(dialog.seen() == pixelOf("C:\\tools\\old.dll", 1));
 }
 
-TEST_CASE("setup: an entry without an icon opens the chooser with no file") {
+TEST_CASE("an entry without an icon opens the chooser with no file") {
     OneIcon dialog("");
     dialog.answer(0, u"", 0);
     dialog.click(dialog.form().btnIcon[0]);
@@ -172,7 +173,7 @@ TEST_CASE("setup: an entry without an icon opens the chooser with no file") {
     CHECK(dialog.desk().chooserCalls[0].file.empty());
 }
 
-TEST_CASE("setup: after a removal an icon can be chosen for no row, with no lasting effect") {
+TEST_CASE("after a removal an icon can be chosen for no row, with no lasting effect") {
     for (const std::size_t page : {0U, 1U}) {
         OneIcon dialog("C:\\tools\\old.dll,1", page);
         dialog.click(dialog.form().btnAddSep[page]);
@@ -189,7 +190,7 @@ TEST_CASE("setup: after a removal an icon can be chosen for no row, with no last
     }
 }
 
-TEST_CASE("setup: an icon button of a list without any entry ever has no record to start from") {
+TEST_CASE("an icon button of a list without any entry ever has no record to start from") {
     // A cancelled add enables the button on an empty list.
     Dialog dialog;
     dialog.open(1);
@@ -200,15 +201,17 @@ TEST_CASE("setup: an icon button of a list without any entry ever has no record 
     CHECK_FALSE(dialog.form().workList[0].allocated());
 }
 
-TEST_CASE("setup: choosing an icon for a reference without a comma ends the program") {
+TEST_CASE("choosing an icon for a reference without a comma ends the program") {
     OneIcon dialog("C:\\tools\\old.dll");
     CHECK_FALSE(dialog.desk().event([&] { dialog.form().btnIcon[0].click(); }));
     CHECK(dialog.desk().messageBoxes.back().text.find("'9'") != std::string::npos);
 }
 
-TEST_CASE("setup: an icon cannot be chosen for a separator") {
+TEST_CASE("an icon cannot be chosen for a separator") {
     OneIcon dialog("C:\\tools\\old.dll,1");
     dialog.click(dialog.form().btnAddSep[0]);
     dialog.click(dialog.form().btnIcon[0]);
     CHECK(dialog.desk().chooserCalls.empty());
 }
+
+TEST_SUITE_END();

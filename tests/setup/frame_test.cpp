@@ -24,8 +24,9 @@ void editSomething(Dialog& dialog) {
 
 } // namespace
 
-TEST_CASE(
-    "setup: the first opening with empty lists shows empty list boxes, disabled fields and the tab given") {
+TEST_SUITE_BEGIN("setup/frame");
+
+TEST_CASE("the first opening with empty lists shows empty list boxes, disabled fields and the tab given") {
     for (int page = 0; page < 4; ++page) {
         Dialog dialog;
         dialog.open(page);
@@ -46,13 +47,13 @@ TEST_CASE(
     }
 }
 
-TEST_CASE("setup: a tab that is not there is refused") {
+TEST_CASE("a tab that is not there is refused") {
     Dialog dialog;
     dialog.open(0);
     CHECK_THROWS_AS(dialog.form().setType(4), runtime::RuntimeError);
 }
 
-TEST_CASE("setup: the form is a fixed window in the middle of the screen, with no button in the task bar") {
+TEST_CASE("the form is a fixed window in the middle of the screen, with no button in the task bar") {
     Dialog dialog;
     dialog.open(0);
     setup::frmSetup& form = dialog.form();
@@ -67,7 +68,7 @@ TEST_CASE("setup: the form is a fixed window in the middle of the screen, with n
     CHECK(form.btnCancel.isCancel);
 }
 
-TEST_CASE("setup: opening takes all three saved lists, each on its page, as copies") {
+TEST_CASE("opening takes all three saved lists, each on its page, as copies") {
     Dialog dialog;
     store::boardButtons = namedList({"b1", "b2"});
     store::schemButtons = namedList({"s1"});
@@ -84,7 +85,7 @@ TEST_CASE("setup: opening takes all three saved lists, each on its page, as copi
     CHECK(store::librButtons[2].path == "l2 path");
 }
 
-TEST_CASE("setup: a whole record is copied, its row number too") {
+TEST_CASE("a whole record is copied, its row number too") {
     Dialog dialog;
     store::boardButtons = namedList({"b1"});
     store::boardButtons[1].rowNumber = 7;
@@ -94,8 +95,7 @@ TEST_CASE("setup: a whole record is copied, its row number too") {
     CHECK(dialog.form().workList[0] == store::boardButtons);
 }
 
-TEST_CASE(
-    "setup: the texts are loaded over the working copies of the opening before, then these are replaced") {
+TEST_CASE("the texts are loaded over the working copies of the opening before, then these are replaced") {
     Dialog dialog;
     store::boardButtons = namedList({"b1", "b2"});
     dialog.act([&] { setupForm().loadResources(); });
@@ -111,7 +111,7 @@ TEST_CASE(
     CHECK(dialog.rows(0) == Names{"b1", "b2"});
 }
 
-TEST_CASE("setup: after a closing the form is made anew, with all controls as designed") {
+TEST_CASE("after a closing the form is made anew, with all controls as designed") {
     Dialog dialog;
     store::boardButtons = namedList({"b1"});
     dialog.open(1);
@@ -130,7 +130,7 @@ TEST_CASE("setup: after a closing the form is made anew, with all controls as de
     CHECK(dialog.form().TabStrip1.tab() == 3);
 }
 
-TEST_CASE("setup: Cancel writes nothing, and the lists are as they were") {
+TEST_CASE("Cancel writes nothing, and the lists are as they were") {
     for (const bool titleBar : {false, true}) {
         Dialog dialog(someSettings);
         const store::ButtonList before = store::boardButtons;
@@ -147,8 +147,7 @@ TEST_CASE("setup: Cancel writes nothing, and the lists are as they were") {
     }
 }
 
-TEST_CASE(
-    "setup: closing clears slots 1 to 8 of Hauptform's window table and sets its records, by either way") {
+TEST_CASE("closing clears slots 1 to 8 of Hauptform's window table and sets its records, by either way") {
     for (const bool titleBar : {false, true}) {
         Dialog dialog;
         dialog.open(0);
@@ -171,14 +170,14 @@ TEST_CASE(
     }
 }
 
-TEST_CASE("setup: the unload that Cancel starts runs the steps of the closing event too") {
+TEST_CASE("the unload that Cancel starts runs the steps of the closing event too") {
     Dialog dialog;
     dialog.open(0);
     dialog.click(dialog.form().btnCancel);
     CHECK(store::currentRoutine == "Form_QueryUnload");
 }
 
-TEST_CASE("setup: a fresh preview shows after 50 ms, once") {
+TEST_CASE("a fresh preview shows after 50 ms, once") {
     Dialog dialog;
     dialog.desk().addIcons("C:\\tool.exe", 1);
     store::schemButtons = namedList({"s1"});
@@ -199,7 +198,7 @@ TEST_CASE("setup: a fresh preview shows after 50 ms, once") {
     CHECK(dialog.form().picView[0].visible());
 }
 
-TEST_CASE("setup: a preview that is still to come dies with the form") {
+TEST_CASE("a preview that is still to come dies with the form") {
     Dialog dialog;
     store::boardButtons = namedList({"b1"});
     dialog.open(1);
@@ -209,7 +208,7 @@ TEST_CASE("setup: a preview that is still to come dies with the form") {
     CHECK(dialog.desk().timers.size() == timers - 1);
 }
 
-TEST_CASE("setup: the opener waits until the dialog has closed, and timers go on meanwhile") {
+TEST_CASE("the opener waits until the dialog has closed, and timers go on meanwhile") {
     Dialog dialog;
     int ticks = 0;
     forms::Timer timer(200, true);
@@ -230,7 +229,7 @@ TEST_CASE("setup: the opener waits until the dialog has closed, and timers go on
     });
 }
 
-TEST_CASE("setup: a dialog that is up is not opened again, and keeps its edits") {
+TEST_CASE("a dialog that is up is not opened again, and keeps its edits") {
     Dialog dialog;
     store::boardButtons = namedList({"b1"});
     dialog.desk().modalScripts.push_back([&](forms::Form& /*form*/) {
@@ -245,9 +244,11 @@ TEST_CASE("setup: a dialog that is up is not opened again, and keeps its edits")
     CHECK(dialog.desk().modalScripts.empty());
 }
 
-TEST_CASE("setup: the tracker notes the host of a new calculator in slot 1 of the window table") {
+TEST_CASE("the tracker notes the host of a new calculator in slot 1 of the window table") {
     Dialog dialog("[Unit]\r\nVisible=1\r\n");
     const auto host = dialog.desk().openWindow("Board - x.brd - EAGLE");
     dialog.ticks(1);
     CHECK(dialog.Program::form().windowTable[1] == static_cast<std::int32_t>(host));
 }
+
+TEST_SUITE_END();

@@ -1,8 +1,10 @@
 // The list pages: adding programs and removing entries.
 #include "setup/dialog.h"
 
+#include "desktop/keyboard.h"
 #include "store/textCatalogue.h"
 
+using desktop::typeInto;
 using setup::Dialog;
 using setup::entry;
 using setup::frmSetup;
@@ -13,10 +15,12 @@ using setup::Names;
 using setup::savedList;
 using store::ToolButton;
 
-TEST_CASE("setup: adding a program asks for its file, in the dialog's language and owned by the form") {
+TEST_SUITE_BEGIN("setup/listEdits");
+
+TEST_CASE("adding a program asks for its file, in the dialog's language and owned by the form") {
     for (const int offset : {0, 10000}) {
         Lists dialog(Names{});
-        core::languageOffset = offset;
+        store::languageOffset = offset;
         store::currentRoutine.clear();
         dialog.desk().fileAnswers.push_back("C:\\tools\\edit.exe");
         dialog.desk().onFileDialog = [&] {
@@ -36,7 +40,7 @@ TEST_CASE("setup: adding a program asks for its file, in the dialog's language a
     }
 }
 
-TEST_CASE("setup: a chosen program becomes the last entry, selected, with its bare name as title") {
+TEST_CASE("a chosen program becomes the last entry, selected, with its bare name as title") {
     for (std::size_t page = 0; page < setup::listPages; ++page) {
         Lists dialog(Names{"a"});
         dialog.desk().addIcons("C:\\tools\\edit.exe", 1);
@@ -65,7 +69,7 @@ TEST_CASE("setup: a chosen program becomes the last entry, selected, with its ba
     }
 }
 
-TEST_CASE("setup: no path token is put into a path below the program's folder") {
+TEST_CASE("no path token is put into a path below the program's folder") {
     Lists dialog(Names{});
     dialog.desk().fileAnswers.push_back("C:\\kestrel\\tool.exe");
     dialog.click(dialog.form().btnAdd[0]);
@@ -73,7 +77,7 @@ TEST_CASE("setup: no path token is put into a path below the program's folder") 
     CHECK(dialog.record(0, 1).icon == "C:\\kestrel\\tool.exe,0");
 }
 
-TEST_CASE("setup: a file name without a folder is its own title") {
+TEST_CASE("a file name without a folder is its own title") {
     Lists dialog(Names{});
     dialog.desk().fileAnswers.push_back("edit.exe");
     dialog.click(dialog.form().btnAdd[0]);
@@ -81,7 +85,7 @@ TEST_CASE("setup: a file name without a folder is its own title") {
     CHECK(dialog.record(0, 1).path == "edit.exe");
 }
 
-TEST_CASE("setup: a cancelled file dialog on an empty list leaves no row selected") {
+TEST_CASE("a cancelled file dialog on an empty list leaves no row selected") {
     Dialog dialog;
     dialog.open(1);
     dialog.click(dialog.form().btnAdd[0]);
@@ -93,7 +97,7 @@ TEST_CASE("setup: a cancelled file dialog on an empty list leaves no row selecte
     CHECK(dialog.form().Timer1[0].enabled());
 }
 
-TEST_CASE("setup: a cancelled file dialog selects the last row, which shows again") {
+TEST_CASE("a cancelled file dialog selects the last row, which shows again") {
     Lists dialog(Names{"a", "b"});
     dialog.select(0, 0);
     dialog.click(dialog.form().btnAdd[0]);
@@ -102,20 +106,19 @@ TEST_CASE("setup: a cancelled file dialog selects the last row, which shows agai
     CHECK(dialog.form().workList[0] == namedList({"a", "b"}));
 }
 
-TEST_CASE(
-    "setup: cancelled with the last row selected the fields stay blank, and typing overwrites its field") {
+TEST_CASE("cancelled with the last row selected the fields stay blank, and typing overwrites its field") {
     Lists dialog(Names{"a", "b"});
     dialog.select(0, 1);
     dialog.click(dialog.form().btnAdd[0]);
     CHECK(dialog.selected(0) == 1);
     CHECK(dialog.blank(0));
     CHECK(dialog.form().workList[0] == namedList({"a", "b"}));
-    dialog.act([&] { dialog.form().txtTitle[0].typeCharacter('X'); });
+    dialog.act([&] { typeInto(dialog.form().txtTitle[0], "X"); });
     CHECK(dialog.record(0, 2).name == "X");
     CHECK(dialog.record(0, 2).path == "b path");
 }
 
-TEST_CASE("setup: an add switches the page's first option button on, and writes nothing by it") {
+TEST_CASE("an add switches the page's first option button on, and writes nothing by it") {
     for (std::size_t page = 0; page < setup::listPages; ++page) {
         Lists dialog(listOf({entry("a", 0, 2)}));
         dialog.select(page, 0);
@@ -128,7 +131,7 @@ TEST_CASE("setup: an add switches the page's first option button on, and writes 
     }
 }
 
-TEST_CASE("setup: a removal leaves each page as for the type with its number") {
+TEST_CASE("a removal leaves each page as for the type with its number") {
     struct Left {
         bool edits;
         int pathText;
@@ -156,7 +159,7 @@ TEST_CASE("setup: a removal leaves each page as for the type with its number") {
     }
 }
 
-TEST_CASE("setup: a removal with no row selected empties the fields and removes nothing") {
+TEST_CASE("a removal with no row selected empties the fields and removes nothing") {
     Lists dialog(Names{"a", "b"});
     dialog.click(dialog.form().btnRemove[1]);
     CHECK(dialog.rows(1) == Names{"a", "b"});
@@ -164,7 +167,7 @@ TEST_CASE("setup: a removal with no row selected empties the fields and removes 
     CHECK(dialog.form().txtTitle[1].enabled());
 }
 
-TEST_CASE("setup: the only entry when removed stays in the array until the next add drops it") {
+TEST_CASE("the only entry when removed stays in the array until the next add drops it") {
     Lists dialog(Names{"a"});
     dialog.select(0, 0);
     dialog.click(dialog.form().btnRemove[0]);
@@ -181,7 +184,7 @@ TEST_CASE("setup: the only entry when removed stays in the array until the next 
     CHECK(dialog.record(0, 1).rowNumber == 2);
 }
 
-TEST_CASE("setup: add, remove, add: the new entry stands in row 0") {
+TEST_CASE("add, remove, add: the new entry stands in row 0") {
     Dialog dialog;
     dialog.open(1);
     dialog.desk().fileAnswers = {"C:\\one.exe", "C:\\two.exe"};
@@ -192,3 +195,5 @@ TEST_CASE("setup: add, remove, add: the new entry stands in row 0") {
     CHECK(dialog.selected(0) == 0);
     CHECK(dialog.record(0, 1).path == "C:\\two.exe");
 }
+
+TEST_SUITE_END();

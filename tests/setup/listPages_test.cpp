@@ -1,8 +1,10 @@
 // The list pages: what list boxes and fields show, edits of the fields, moving entries, separators.
 #include "setup/dialog.h"
 
+#include "desktop/keyboard.h"
 #include "store/textCatalogue.h"
 
+using desktop::typeInto;
 using setup::Dialog;
 using setup::entry;
 using setup::frmSetup;
@@ -36,12 +38,14 @@ void checkFields(frmSetup& form, std::size_t page, const FieldStates& states) {
     CHECK(form.fraCommand[page].enabled() == states.edits);
     CHECK(form.labTitle[page].enabled());
     if (states.pathText != 0)
-        CHECK(form.labPath[page].caption() == store::LoadResString(states.pathText + core::languageOffset));
+        CHECK(form.labPath[page].caption() == store::LoadResString(states.pathText + store::languageOffset));
 }
 
 } // namespace
 
-TEST_CASE("setup: a list box shows live records only, and removed ones are dropped from the working copy") {
+TEST_SUITE_BEGIN("setup/listPages");
+
+TEST_CASE("a list box shows live records only, and removed ones are dropped from the working copy") {
     store::ButtonList list = namedList({"a", "dead", "b", "dead too", "c"});
     list[2].live = 0;
     list[4].live = 2; // anything but 1
@@ -58,14 +62,14 @@ TEST_CASE("setup: a list box shows live records only, and removed ones are dropp
     }
 }
 
-TEST_CASE("setup: a list without a removed record stays as it is, slot 0 too") {
+TEST_CASE("a list without a removed record stays as it is, slot 0 too") {
     store::ButtonList list = namedList({"a", "b"});
     list[0].dialog = 2;
     Lists dialog(list);
     CHECK(dialog.form().workList[0] == list);
 }
 
-TEST_CASE("setup: a list with removed records only stays as it is, with no row") {
+TEST_CASE("a list with removed records only stays as it is, with no row") {
     store::ButtonList list = namedList({"a", "b"});
     list[1].live = 0;
     list[2].live = 0;
@@ -74,7 +78,7 @@ TEST_CASE("setup: a list with removed records only stays as it is, with no row")
     CHECK(dialog.form().workList[0] == list);
 }
 
-TEST_CASE("setup: a list of 2000 entries is shown whole; the 16-bit counter ends beyond 32767") {
+TEST_CASE("a list of 2000 entries is shown whole; the 16-bit counter ends beyond 32767") {
     Dialog dialog;
     store::boardButtons.redim(2000);
     for (int row = 1; row <= 2000; ++row)
@@ -92,7 +96,7 @@ TEST_CASE("setup: a list of 2000 entries is shown whole; the 16-bit counter ends
     CHECK_THROWS_AS(dialog.form().fillList(0), runtime::RuntimeError);
 }
 
-TEST_CASE("setup: a selected entry shows in the fields of its own page") {
+TEST_CASE("a selected entry shows in the fields of its own page") {
     for (std::size_t page = 0; page < setup::listPages; ++page) {
         Lists dialog(Names{"a", "b"});
         dialog.select(page, 1);
@@ -107,7 +111,7 @@ TEST_CASE("setup: a selected entry shows in the fields of its own page") {
     }
 }
 
-TEST_CASE("setup: the entry's type decides the fields, and the option buttons of the page with its number") {
+TEST_CASE("the entry's type decides the fields, and the option buttons of the page with its number") {
     for (std::size_t page = 0; page < setup::listPages; ++page)
         for (const FieldStates& states : fieldStates) {
             CAPTURE(page);
@@ -125,7 +129,7 @@ TEST_CASE("setup: the entry's type decides the fields, and the option buttons of
         }
 }
 
-TEST_CASE("setup: an entry of any other type leaves the caption of the command's label unchanged") {
+TEST_CASE("an entry of any other type leaves the caption of the command's label unchanged") {
     Lists dialog(listOf({entry("a", 1), entry("b", 2)}));
     dialog.select(0, 0);
     const std::string eagle = dialog.form().labPath[0].caption();
@@ -134,7 +138,7 @@ TEST_CASE("setup: an entry of any other type leaves the caption of the command's
     CHECK(eagle == store::LoadResString(1052));
 }
 
-TEST_CASE("setup: the last page's option buttons are never enabled") {
+TEST_CASE("the last page's option buttons are never enabled") {
     Lists dialog(listOf({entry("a", 0), entry("b", 1), entry("c", 2)}));
     for (std::size_t page = 0; page < setup::listPages; ++page)
         for (int row = 0; row < 3; ++row) {
@@ -144,7 +148,7 @@ TEST_CASE("setup: the last page's option buttons are never enabled") {
         }
 }
 
-TEST_CASE("setup: selecting an entry sets the first page's option button, whichever list is shown") {
+TEST_CASE("selecting an entry sets the first page's option button, whichever list is shown") {
     for (std::size_t page = 0; page < setup::listPages; ++page)
         for (int shown = 0; shown < 3; ++shown) {
             Lists dialog(listOf({entry("a", 0, shown)}));
@@ -154,7 +158,7 @@ TEST_CASE("setup: selecting an entry sets the first page's option button, whiche
         }
 }
 
-TEST_CASE("setup: an entry with a dialog that no option button has ends the program") {
+TEST_CASE("an entry with a dialog that no option button has ends the program") {
     for (const int dialogNumber : {9, -1}) {
         Lists dialog(listOf({entry("a", 0, dialogNumber)}));
         CHECK_FALSE(dialog.desk().event([&] { dialog.form().lstApps[0].selected(0); }));
@@ -162,7 +166,7 @@ TEST_CASE("setup: an entry with a dialog that no option button has ends the prog
     }
 }
 
-TEST_CASE("setup: a stored dialog of 3 to 8 sets an option button of another page, and nothing is written") {
+TEST_CASE("a stored dialog of 3 to 8 sets an option button of another page, and nothing is written") {
     for (int shown = 3; shown < 9; ++shown) {
         Lists dialog(listOf({entry("a", 0, shown)}));
         dialog.select(0, 0);
@@ -172,11 +176,11 @@ TEST_CASE("setup: a stored dialog of 3 to 8 sets an option button of another pag
     }
 }
 
-TEST_CASE("setup: each field writes into the selected record as it is typed") {
+TEST_CASE("each field writes into the selected record as it is typed") {
     for (std::size_t page = 0; page < setup::listPages; ++page) {
         Lists dialog(Names{"a", "b", "c"});
         dialog.select(page, 1);
-        dialog.act([&] { dialog.form().txtTitle[page].typeCharacter('X'); });
+        dialog.act([&] { typeInto(dialog.form().txtTitle[page], "X"); });
         CHECK(dialog.record(page, 2).name == "Xb");
         dialog.enter(dialog.form().txtPath[page], "new path");
         dialog.enter(dialog.form().txtTooltip[page], "new tip");
@@ -193,7 +197,7 @@ TEST_CASE("setup: each field writes into the selected record as it is typed") {
     }
 }
 
-TEST_CASE("setup: without a selection, or while an add routine fills the fields, a field writes nothing") {
+TEST_CASE("without a selection, or while an add routine fills the fields, a field writes nothing") {
     Lists dialog(Names{"a", "b"});
     dialog.enter(dialog.form().txtTitle[0], "x");
     CHECK(dialog.form().workList[0] == namedList({"a", "b"}));
@@ -203,8 +207,7 @@ TEST_CASE("setup: without a selection, or while an add routine fills the fields,
     CHECK(dialog.form().workList[0] == namedList({"a", "b"}));
 }
 
-TEST_CASE(
-    "setup: after an edit of the title the list box keeps the old caption until an add, remove or move") {
+TEST_CASE("after an edit of the title the list box keeps the old caption until an add, remove or move") {
     for (int how = 0; how < 3; ++how) {
         Lists dialog(Names{"a", "b"});
         dialog.select(0, 0);
@@ -224,7 +227,7 @@ TEST_CASE(
     }
 }
 
-TEST_CASE("setup: the icon of a selected entry is drawn, a separator shows an empty preview") {
+TEST_CASE("the icon of a selected entry is drawn, a separator shows an empty preview") {
     Dialog dialog;
     dialog.desk().addIcons("C:\\kestrel\\tool.dll", 3);
     std::vector<ToolButton> entries = {entry("a"), entry("b", 2), entry("c", 1), entry("d")};
@@ -249,7 +252,7 @@ TEST_CASE("setup: the icon of a selected entry is drawn, a separator shows an em
     CHECK(dialog.form().picView[0].picture().empty());
 }
 
-TEST_CASE("setup: an entry whose icon is not there shows an empty preview, and its reference stays") {
+TEST_CASE("an entry whose icon is not there shows an empty preview, and its reference stays") {
     Dialog dialog;
     dialog.desk().addIcons("C:\\tool.dll", 1);
     std::vector<ToolButton> entries = {entry("a"), entry("b")};
@@ -263,7 +266,7 @@ TEST_CASE("setup: an entry whose icon is not there shows an empty preview, and i
     CHECK(dialog.record(0, 2).icon == "C:\\gone.dll,0");
 }
 
-TEST_CASE("setup: an icon index that is no number ends the program") {
+TEST_CASE("an icon index that is no number ends the program") {
     std::vector<ToolButton> entries = {entry("a")};
     entries[0].icon = "C:\\tool.dll,x";
     Lists dialog(listOf(entries));
@@ -271,7 +274,7 @@ TEST_CASE("setup: an icon index that is no number ends the program") {
     CHECK(dialog.desk().messageBoxes.back().text.find("'13'") != std::string::npos);
 }
 
-TEST_CASE("setup: removing, moving up and moving down do nothing to an empty list") {
+TEST_CASE("removing, moving up and moving down do nothing to an empty list") {
     for (std::size_t page = 0; page < setup::listPages; ++page) {
         Dialog dialog;
         dialog.open(1);
@@ -285,7 +288,7 @@ TEST_CASE("setup: removing, moving up and moving down do nothing to an empty lis
     }
 }
 
-TEST_CASE("setup: an entry moves up or down with the selection, its whole record with it") {
+TEST_CASE("an entry moves up or down with the selection, its whole record with it") {
     for (std::size_t page = 0; page < setup::listPages; ++page) {
         Lists dialog(Names{"a", "b", "c"});
         dialog.form().workList[page][2].rowNumber = 5;
@@ -305,7 +308,7 @@ TEST_CASE("setup: an entry moves up or down with the selection, its whole record
     }
 }
 
-TEST_CASE("setup: moving the first entry up or the last one down changes nothing") {
+TEST_CASE("moving the first entry up or the last one down changes nothing") {
     Lists dialog(Names{"a", "b", "c"});
     dialog.select(1, 0);
     dialog.click(dialog.form().btnH[1]);
@@ -321,7 +324,7 @@ TEST_CASE("setup: moving the first entry up or the last one down changes nothing
     CHECK(single.form().workList[1] == namedList({"a"}));
 }
 
-TEST_CASE("setup: moving with no row selected does nothing") {
+TEST_CASE("moving with no row selected does nothing") {
     Lists dialog(Names{"a", "b"});
     dialog.click(dialog.form().btnH[2]);
     dialog.click(dialog.form().btnL[2]);
@@ -329,7 +332,7 @@ TEST_CASE("setup: moving with no row selected does nothing") {
     CHECK(dialog.selected(2) == -1);
 }
 
-TEST_CASE("setup: a move counts live records, also in a list that has not been compacted") {
+TEST_CASE("a move counts live records, also in a list that has not been compacted") {
     Lists dialog(Names{"a", "x", "b", "c"});
     // A record goes without the list being filled anew; the rows stand for a, b and c.
     dialog.form().lstApps[0].clear();
@@ -341,7 +344,7 @@ TEST_CASE("setup: a move counts live records, also in a list that has not been c
     CHECK(dialog.rows(0) == Names{"a", "c", "b"});
 }
 
-TEST_CASE("setup: a separator is moved and removed like any entry, its fields are disabled") {
+TEST_CASE("a separator is moved and removed like any entry, its fields are disabled") {
     Lists dialog(Names{"a", "b"});
     dialog.click(dialog.form().btnAddSep[1]);
     const std::string hyphens(34, '-');
@@ -356,7 +359,7 @@ TEST_CASE("setup: a separator is moved and removed like any entry, its fields ar
     CHECK(dialog.rows(1) == Names{"a", "b"});
 }
 
-TEST_CASE("setup: the record of a new separator") {
+TEST_CASE("the record of a new separator") {
     for (std::size_t page = 0; page < setup::listPages; ++page) {
         Lists dialog(Names{"a"});
         dialog.select(page, 0);
@@ -375,3 +378,5 @@ TEST_CASE("setup: the record of a new separator") {
         CHECK(dialog.form().picView[page].picture().pixel(5, 5) == 0xFFFFFFFF);
     }
 }
+
+TEST_SUITE_END();

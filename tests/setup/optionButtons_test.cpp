@@ -18,7 +18,9 @@ void setOption(Dialog& dialog, std::size_t option) {
 
 } // namespace
 
-TEST_CASE("setup: the board page's first option button takes the dialog away from its own entry") {
+TEST_SUITE_BEGIN("setup/optionButtons");
+
+TEST_CASE("the board page's first option button takes the dialog away from its own entry") {
     Lists dialog(listOf({entry("a", 0, 2), entry("b", 0, 2)}));
     dialog.select(0, 1);
     dialog.form().txtPara[0].setEnabled(true);
@@ -32,7 +34,7 @@ TEST_CASE("setup: the board page's first option button takes the dialog away fro
     CHECK(dialog.form().workList[2] == savedList(2));
 }
 
-TEST_CASE("setup: the board page's second option button writes an input box into the schematic list") {
+TEST_CASE("the board page's second option button writes an input box into the schematic list") {
     Lists dialog(Names{"a", "b"});
     dialog.select(1, 1);
     dialog.select(0, 0);
@@ -46,7 +48,7 @@ TEST_CASE("setup: the board page's second option button writes an input box into
     CHECK_FALSE(dialog.form().txtPara[1].enabled());
 }
 
-TEST_CASE("setup: the board page's third option button writes a file dialog into the library list") {
+TEST_CASE("the board page's third option button writes a file dialog into the library list") {
     Lists dialog(Names{"a", "b"});
     dialog.select(2, 0);
     dialog.select(1, 1);
@@ -61,7 +63,7 @@ TEST_CASE("setup: the board page's third option button writes a file dialog into
     CHECK_FALSE(dialog.form().txtPara[2].enabled());
 }
 
-TEST_CASE("setup: the third option button asks for a selection on the schematic page, not on its own") {
+TEST_CASE("the third option button asks for a selection on the schematic page, not on its own") {
     Lists dialog(Names{"a", "b"});
     dialog.select(0, 0);
     dialog.choose(dialog.form().chkAdd[2]);
@@ -70,7 +72,7 @@ TEST_CASE("setup: the third option button asks for a selection on the schematic 
     CHECK_FALSE(dialog.form().txtPara[1].enabled());
 }
 
-TEST_CASE("setup: a list without a selection takes the option button's write in its unused slot 0") {
+TEST_CASE("a list without a selection takes the option button's write in its unused slot 0") {
     Lists dialog(Names{"a"});
     dialog.select(0, 0);
     dialog.choose(dialog.form().chkAdd[1]);
@@ -78,7 +80,7 @@ TEST_CASE("setup: a list without a selection takes the option button's write in 
     CHECK(dialog.record(1, 1).dialog == 0);
 }
 
-TEST_CASE("setup: an option button whose list is not there writes nothing, but the dialog text follows") {
+TEST_CASE("an option button whose list is not there writes nothing, but the dialog text follows") {
     Dialog dialog;
     store::boardButtons = namedList({"a"});
     store::schemButtons = namedList({"b"});
@@ -99,8 +101,7 @@ TEST_CASE("setup: an option button whose list is not there writes nothing, but t
     CHECK(library.form().txtPara[1].enabled());
 }
 
-TEST_CASE(
-    "setup: the schematic page's option buttons can be clicked after an EAGLE entry, and store nothing") {
+TEST_CASE("the schematic page's option buttons can be clicked after an EAGLE entry, and store nothing") {
     Lists dialog(listOf({entry("a", 1), entry("b", 1)}));
     dialog.select(0, 0);
     dialog.select(1, 0);
@@ -115,7 +116,7 @@ TEST_CASE(
     }
 }
 
-TEST_CASE("setup: the library page's option buttons store nothing, and the last one has no page at all") {
+TEST_CASE("the library page's option buttons store nothing, and the last one has no page at all") {
     Lists dialog(Names{"a", "b"});
     for (std::size_t page = 0; page < setup::listPages; ++page)
         dialog.select(page, 0);
@@ -126,7 +127,7 @@ TEST_CASE("setup: the library page's option buttons store nothing, and the last 
     }
 }
 
-TEST_CASE("setup: no option button writes while an add routine fills the fields") {
+TEST_CASE("no option button writes while an add routine fills the fields") {
     Lists dialog(Names{"a"});
     for (std::size_t page = 0; page < setup::listPages; ++page)
         dialog.select(page, 0);
@@ -139,7 +140,7 @@ TEST_CASE("setup: no option button writes while an add routine fills the fields"
     }
 }
 
-TEST_CASE("setup: the dialog of a schematic entry changes only by the board page's second option button") {
+TEST_CASE("the dialog of a schematic entry changes only by the board page's second option button") {
     Lists dialog(listOf({entry("a", 1)}));
     dialog.select(1, 0);
     dialog.choose(dialog.form().chkAdd[4]);
@@ -152,7 +153,7 @@ TEST_CASE("setup: the dialog of a schematic entry changes only by the board page
     CHECK(dialog.record(1, 1).dialog == 1);
 }
 
-TEST_CASE("setup: showing an entry with a dialog writes it across the pages, by the option button's click") {
+TEST_CASE("showing an entry with a dialog writes it across the pages, by the option button's click") {
     Lists dialog(listOf({entry("a", 0, 1), entry("b")}));
     dialog.select(1, 1);
     dialog.select(0, 0);
@@ -164,3 +165,5 @@ TEST_CASE("setup: showing an entry with a dialog writes it across the pages, by 
     again.select(0, 1);
     CHECK_FALSE(again.form().txtPara[0].enabled());
 }
+
+TEST_SUITE_END();

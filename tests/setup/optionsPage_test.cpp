@@ -16,7 +16,9 @@ std::string toolbarSetting(const std::string& line) {
 
 } // namespace
 
-TEST_CASE("setup: each flag of the settings shows in its check box, any number but 0 being on") {
+TEST_SUITE_BEGIN("setup/optionsPage");
+
+TEST_CASE("each flag of the settings shows in its check box, any number but 0 being on") {
     for (const auto& [value, on] :
          {std::pair{"1", 1}, std::pair{"0", 0}, std::pair{"2", 1}, std::pair{"-1", 1}, std::pair{"abc", 0},
           std::pair{"", 0}, std::pair{" 1x", 1}}) {
@@ -37,7 +39,7 @@ TEST_CASE("setup: each flag of the settings shows in its check box, any number b
     }
 }
 
-TEST_CASE("setup: winEAGLE 5 sets board and library and not schematic; each bit has its box") {
+TEST_CASE("winEAGLE 5 sets board and library and not schematic; each bit has its box") {
     for (int value = 0; value < 8; ++value) {
         Dialog dialog(toolbarSetting("winEAGLE=" + std::to_string(value)));
         dialog.open(0);
@@ -52,19 +54,19 @@ TEST_CASE("setup: winEAGLE 5 sets board and library and not schematic; each bit 
     CHECK(others.form().chkLastLBR.value() == 1);
 }
 
-TEST_CASE("setup: the calculator's check box shows what the program runs with, not the file") {
+TEST_CASE("the calculator's check box shows what the program runs with, not the file") {
     Dialog dialog("[Unit]\r\nVisible=1\r\n");
-    CHECK(core::unitCalcActive == 1);
-    core::unitCalcActive = 0;
+    CHECK(store::unitCalcActive == 1);
+    store::unitCalcActive = 0;
     dialog.open(0);
     CHECK(dialog.form().chkUnitCalc.value() == 0);
     Dialog other("[Unit]\r\nVisible=0\r\n");
-    core::unitCalcActive = -1;
+    store::unitCalcActive = -1;
     other.open(0);
     CHECK(other.form().chkUnitCalc.value() == 1);
 }
 
-TEST_CASE("setup: the lists offer the units, the accuracies and the languages") {
+TEST_CASE("the lists offer the units, the accuracies and the languages") {
     Dialog dialog;
     dialog.open(0);
     for (const forms::ComboBox& list : dialog.form().cboUnit)
@@ -75,10 +77,10 @@ TEST_CASE("setup: the lists offer the units, the accuracies and the languages") 
     CHECK(dialog.form().cboLanguage.items() == Names{"english", "deutsch"});
 }
 
-TEST_CASE("setup: units and accuracies come from what the program runs with, not from the file") {
+TEST_CASE("units and accuracies come from what the program runs with, not from the file") {
     Dialog dialog("[Unit]\r\nLeftUnit=Inch\r\nRightUnit=um\r\nLeftAccuracy=0.#\r\nRightAccuracy=0.###\r\n");
-    core::unitName = {"mm", "mil"};
-    core::unitAccuracy = {"0.##", "@"};
+    store::unitName = {"mm", "mil"};
+    store::unitAccuracy = {"0.##", "@"};
     dialog.open(0);
     CHECK(dialog.form().cboUnit[0].text() == "mm");
     CHECK(dialog.form().cboUnit[1].text() == "mil");
@@ -86,7 +88,7 @@ TEST_CASE("setup: units and accuracies come from what the program runs with, not
     CHECK(dialog.form().cboAccur[1].text() == "@");
 }
 
-TEST_CASE("setup: a unit or an accuracy that no list has cannot be shown") {
+TEST_CASE("a unit or an accuracy that no list has cannot be shown") {
     Dialog dialog("[Unit]\r\nLeftUnit=cm\r\nRightAccuracy=0.0\r\n");
     dialog.open(0);
     CHECK(dialog.form().cboUnit[0].listIndex() == -1);
@@ -95,20 +97,20 @@ TEST_CASE("setup: a unit or an accuracy that no list has cannot be shown") {
     CHECK(dialog.form().cboAccur[1].listIndex() == -1);
 }
 
-TEST_CASE("setup: EAGLE's path shows as it is stored") {
+TEST_CASE("EAGLE's path shows as it is stored") {
     Dialog dialog(toolbarSetting("EAGLEpath=C:\\EAGLE\\bin\\eagle.exe"));
     dialog.open(0);
     CHECK(dialog.form().txtEAGLE.text() == "C:\\EAGLE\\bin\\eagle.exe");
 }
 
-TEST_CASE("setup: the first load selects the language, which writes it once more and loads the texts twice") {
+TEST_CASE("the first load selects the language, which writes it once more and loads the texts twice") {
     for (const auto& [offset, row] : {std::pair{0, 1}, std::pair{10000, 0}}) {
         Dialog dialog("[global]\r\nlanguage=" + std::to_string(offset) + "\r\n");
         dialog.desk().writeSettings("[toolbar]\r\nautoEAGLE=0\r\n");
         dialog.desk().settingsReads = 0;
         dialog.open(0);
         CHECK(dialog.form().cboLanguage.listIndex() == row);
-        CHECK(core::languageOffset == offset);
+        CHECK(store::languageOffset == offset);
         CHECK(store::getini("global", "language") == std::to_string(offset));
         // Eight settings are read by each of the two runs, and one just above.
         CHECK(dialog.desk().settingsReads == 2 * 8 + 1);
@@ -118,23 +120,23 @@ TEST_CASE("setup: the first load selects the language, which writes it once more
     }
 }
 
-TEST_CASE("setup: a chosen language takes effect at once, in the texts, the settings and the next menu") {
+TEST_CASE("a chosen language takes effect at once, in the texts, the settings and the next menu") {
     Dialog dialog;
     dialog.open(0);
     dialog.act([&] { dialog.form().cboLanguage.selected(0); });
-    CHECK(core::languageOffset == 10000);
+    CHECK(store::languageOffset == 10000);
     CHECK(store::getini("global", "language") == "10000");
     CHECK(dialog.form().btnHelp.caption() == store::LoadResString(11014));
     CHECK(dialog.form().caption() == "Configuration ");
     CHECK(core::menuForm().mnuTaskbarG.items[4].caption == store::LoadResString(11103));
     dialog.act([&] { dialog.form().cboLanguage.selected(1); });
-    CHECK(core::languageOffset == 0);
+    CHECK(store::languageOffset == 0);
     CHECK(store::getini("global", "language") == "0");
     CHECK(dialog.form().btnHelp.caption() == "&Hilfe");
     CHECK(core::menuForm().mnuTaskbarG.items[4].caption == store::LoadResString(1103));
 }
 
-TEST_CASE("setup: a language survives Cancel, in the settings and for the next opening") {
+TEST_CASE("a language survives Cancel, in the settings and for the next opening") {
     Dialog dialog;
     dialog.open(0);
     dialog.act([&] { dialog.form().cboLanguage.selected(0); });
@@ -145,7 +147,7 @@ TEST_CASE("setup: a language survives Cancel, in the settings and for the next o
     CHECK(dialog.form().cboLanguage.text() == "english");
 }
 
-TEST_CASE("setup: edits of the lists survive a language change, the selection and the options do not") {
+TEST_CASE("edits of the lists survive a language change, the selection and the options do not") {
     Dialog dialog;
     store::boardButtons = namedList({"a", "b"});
     dialog.open(1);
@@ -166,16 +168,16 @@ TEST_CASE("setup: edits of the lists survive a language change, the selection an
     CHECK(store::boardButtons == namedList({"a", "b"}));
 }
 
-TEST_CASE("setup: the language list does nothing while an add routine fills the fields") {
+TEST_CASE("the language list does nothing while an add routine fills the fields") {
     Dialog dialog;
     dialog.open(0);
     dialog.form().noUpdate = -1;
     dialog.act([&] { dialog.form().cboLanguage.selected(0); });
-    CHECK(core::languageOffset == 0);
+    CHECK(store::languageOffset == 0);
     CHECK(dialog.form().btnHelp.caption() == "&Hilfe");
 }
 
-TEST_CASE("setup: nothing on the page but the language reaches the program before OK") {
+TEST_CASE("nothing on the page but the language reaches the program before OK") {
     Dialog dialog;
     dialog.open(0);
     const std::string before = dialog.desk().settings();
@@ -187,16 +189,16 @@ TEST_CASE("setup: nothing on the page but the language reaches the program befor
     });
     dialog.enter(dialog.form().txtEAGLE, "nonsense");
     CHECK(dialog.desk().settings() == before);
-    CHECK(core::unitCalcActive == 0);
-    CHECK(core::unitName[0] == "mil");
-    CHECK(core::unitAccuracy[1] == "@");
+    CHECK(store::unitCalcActive == 0);
+    CHECK(store::unitName[0] == "mil");
+    CHECK(store::unitAccuracy[1] == "@");
     CHECK(dialog.desk().messageBoxes.empty());
 }
 
-TEST_CASE("setup: browsing for EAGLE puts the chosen file into the field, Cancel changes nothing") {
+TEST_CASE("browsing for EAGLE puts the chosen file into the field, Cancel changes nothing") {
     for (const int offset : {0, 10000}) {
         Dialog dialog(toolbarSetting("EAGLEpath=C:\\old\\eagle.exe"));
-        core::languageOffset = offset;
+        store::languageOffset = offset;
         dialog.open(0);
         store::currentRoutine.clear();
         dialog.desk().fileAnswers = {std::nullopt, "D:\\EAGLE\\eagle.exe"};
@@ -215,10 +217,10 @@ TEST_CASE("setup: browsing for EAGLE puts the chosen file into the field, Cancel
     }
 }
 
-TEST_CASE("setup: the help opens in the dialog's language") {
+TEST_CASE("the help opens in the dialog's language") {
     for (const auto& [offset, context] : {std::pair{0, 6000U}, std::pair{10000, 16000U}}) {
         Dialog dialog;
-        core::languageOffset = offset;
+        store::languageOffset = offset;
         dialog.open(0);
         dialog.click(dialog.form().btnHelp);
         REQUIRE(dialog.desk().helpCalls.size() == 1);
@@ -229,7 +231,7 @@ TEST_CASE("setup: the help opens in the dialog's language") {
     }
 }
 
-TEST_CASE("setup: without a help viewer it beeps, says so, and tries again until it can be reached") {
+TEST_CASE("without a help viewer it beeps, says so, and tries again until it can be reached") {
     Dialog dialog;
     dialog.open(0);
     dialog.desk().helpFailures = 2;
@@ -241,3 +243,5 @@ TEST_CASE("setup: without a help viewer it beeps, says so, and tries again until
     CHECK(dialog.desk().messageBoxes[0].title == store::LoadResString(3101));
     CHECK(dialog.desk().messageBoxes[0].style == 16);
 }
+
+TEST_SUITE_END();

@@ -32,15 +32,17 @@ struct Saving : Dialog {
     }
     void checkWrongPathShown(std::size_t times) {
         REQUIRE(desk().messageBoxes.size() == times);
-        CHECK(desk().messageBoxes.back().text == store::LoadResString(1057 + core::languageOffset));
-        CHECK(desk().messageBoxes.back().title == store::LoadResString(3930 + core::languageOffset));
+        CHECK(desk().messageBoxes.back().text == store::LoadResString(1057 + store::languageOffset));
+        CHECK(desk().messageBoxes.back().title == store::LoadResString(3930 + store::languageOffset));
         CHECK(desk().messageBoxes.back().style == 16);
     }
 };
 
 } // namespace
 
-TEST_CASE("setup: OK writes the options, then EAGLE's path, then the lists, in this order") {
+TEST_SUITE_BEGIN("setup/saving");
+
+TEST_CASE("OK writes the options, then EAGLE's path, then the lists, in this order") {
     Saving dialog;
     store::boardButtons = namedList({"b"});
     store::librButtons = namedList({"l"});
@@ -72,7 +74,7 @@ TEST_CASE("setup: OK writes the options, then EAGLE's path, then the lists, in t
     CHECK(dialog.desk().messageBoxes.empty());
 }
 
-TEST_CASE("setup: each check box has a key of its own, and winEAGLE is the sum of three") {
+TEST_CASE("each check box has a key of its own, and winEAGLE is the sum of three") {
     using Box = forms::CheckBox setup::frmSetup::*;
     const std::vector<std::tuple<Box, const char*, const char*>> boxes = {
         {&setup::frmSetup::chkClose, "autoToolbar", "1"}, {&setup::frmSetup::chkOneInst, "oneEAGLE", "1"},
@@ -90,7 +92,7 @@ TEST_CASE("setup: each check box has a key of its own, and winEAGLE is the sum o
     }
 }
 
-TEST_CASE("setup: OK sets the module variables of the calculator") {
+TEST_CASE("OK sets the module variables of the calculator") {
     Saving dialog;
     dialog.open(0);
     dialog.act([&] {
@@ -101,14 +103,14 @@ TEST_CASE("setup: OK sets the module variables of the calculator") {
         dialog.form().cboAccur[1].selected(2);
     });
     dialog.ok();
-    CHECK(core::unitCalcActive == 1);
-    CHECK(core::unitName[0] == "mm");
-    CHECK(core::unitName[1] == "mil");
-    CHECK(core::unitAccuracy[0] == "0.#");
-    CHECK(core::unitAccuracy[1] == "0.##");
+    CHECK(store::unitCalcActive == 1);
+    CHECK(store::unitName[0] == "mm");
+    CHECK(store::unitName[1] == "mil");
+    CHECK(store::unitAccuracy[0] == "0.#");
+    CHECK(store::unitAccuracy[1] == "0.##");
 }
 
-TEST_CASE("setup: the calculator's variables are set before the first check fails") {
+TEST_CASE("the calculator's variables are set before the first check fails") {
     Saving dialog;
     dialog.open(0);
     dialog.act([&] {
@@ -118,11 +120,11 @@ TEST_CASE("setup: the calculator's variables are set before the first check fail
     dialog.autostart(true);
     dialog.ok();
     CHECK_FALSE(dialog.closed());
-    CHECK(core::unitCalcActive == 1);
-    CHECK(core::unitName[1] == "Inch");
+    CHECK(store::unitCalcActive == 1);
+    CHECK(store::unitName[1] == "Inch");
 }
 
-TEST_CASE("setup: the calculator's default instance gets the new units, also when a check fails") {
+TEST_CASE("the calculator's default instance gets the new units, also when a check fails") {
     for (const bool fails : {false, true}) {
         Saving dialog("[Unit]\r\nVisible=1\r\n");
         dialog.desk().openWindow("Board - x.brd - EAGLE");
@@ -144,15 +146,15 @@ TEST_CASE("setup: the calculator's default instance gets the new units, also whe
     }
 }
 
-TEST_CASE("setup: a list that shows no unit is written as empty") {
+TEST_CASE("a list that shows no unit is written as empty") {
     Saving dialog("[Unit]\r\nLeftUnit=cm\r\n");
     dialog.open(0);
     dialog.ok();
-    CHECK(core::unitName[0].empty());
+    CHECK(store::unitName[0].empty());
     CHECK(dialog.desk().settings().find("LeftUnit=\r\n") != std::string::npos);
 }
 
-TEST_CASE("setup: autostart off and a wrong path, no button needing it: OK saves everything and closes") {
+TEST_CASE("autostart off and a wrong path, no button needing it: OK saves everything and closes") {
     Saving dialog;
     store::boardButtons = namedList({"a"});
     dialog.open(0);
@@ -164,11 +166,10 @@ TEST_CASE("setup: autostart off and a wrong path, no button needing it: OK saves
     CHECK(dialog.desk().messageBoxes.empty());
 }
 
-TEST_CASE(
-    "setup: autostart on and a wrong path: message, options written, path and lists not, normal pointer") {
+TEST_CASE("autostart on and a wrong path: message, options written, path and lists not, normal pointer") {
     for (const int offset : {0, 10000}) {
         Saving dialog("[toolbar]\r\nEAGLEpath=C:\\former\\eagle.exe\r\n");
-        core::languageOffset = offset;
+        store::languageOffset = offset;
         store::boardButtons = namedList({"a"});
         const store::ButtonList saved = store::boardButtons;
         dialog.open(1);
@@ -200,7 +201,7 @@ TEST_CASE(
     }
 }
 
-TEST_CASE("setup: OK shows the hourglass until the form has closed, and leaves the normal pointer behind") {
+TEST_CASE("OK shows the hourglass until the form has closed, and leaves the normal pointer behind") {
     Saving dialog;
     dialog.open(0);
     const setup::frmSetup& form = dialog.form();
@@ -209,7 +210,7 @@ TEST_CASE("setup: OK shows the hourglass until the form has closed, and leaves t
     CHECK(form.mousePointer() == forms::MousePointer::standard);
 }
 
-TEST_CASE("setup: a wrong path and a button that needs it: all is saved, message, open with the hourglass") {
+TEST_CASE("a wrong path and a button that needs it: all is saved, message, open with the hourglass") {
     Saving dialog;
     store::boardButtons = needingEagle();
     dialog.open(0);
@@ -229,7 +230,7 @@ TEST_CASE("setup: a wrong path and a button that needs it: all is saved, message
     CHECK_FALSE(dialog.hourglass());
 }
 
-TEST_CASE("setup: after the second check Cancel keeps what has been saved") {
+TEST_CASE("after the second check Cancel keeps what has been saved") {
     Saving dialog;
     store::schemButtons = needingEagle();
     dialog.open(0);
@@ -239,13 +240,11 @@ TEST_CASE("setup: after the second check Cancel keeps what has been saved") {
     CHECK(dialog.desk().settings().find("[schem]\r\n1name=a") != std::string::npos);
 }
 
-TEST_CASE("setup: a token in the icon asks for the path too, one that is not in lower case does not") {
+TEST_CASE("a token in the icon asks for the path too, one that is not in lower case does not") {
     ToolButton icon = entry("a");
     icon.icon = "{eaglepath}\\bin\\eagle.exe,0";
     ToolButton upper = entry("a");
     upper.path = "{EaglePath}\\x.exe";
-    ToolButton removed = entry("a");
-    removed.path = "{eaglepath}";
     for (const auto& [list, asks] : {std::pair{listOf({icon}), true}, std::pair{listOf({upper}), false}}) {
         Saving dialog;
         store::librButtons = list;
@@ -256,7 +255,7 @@ TEST_CASE("setup: a token in the icon asks for the path too, one that is not in 
     }
 }
 
-TEST_CASE("setup: with autostart a valid path passes both checks") {
+TEST_CASE("with autostart a valid path passes both checks") {
     Saving dialog;
     dialog.desk().writeFile(eagleFile, "MZ");
     store::boardButtons = needingEagle();
@@ -269,7 +268,7 @@ TEST_CASE("setup: with autostart a valid path passes both checks") {
     CHECK(store::getini("toolbar", "EAGLEpath") == eagleFile);
 }
 
-TEST_CASE("setup: EAGLE's path has to be that of a file of this name, in any mix of case") {
+TEST_CASE("EAGLE's path has to be that of a file of this name, in any mix of case") {
     struct Path {
         const char* text;
         bool valid;
@@ -297,7 +296,7 @@ TEST_CASE("setup: EAGLE's path has to be that of a file of this name, in any mix
     }
 }
 
-TEST_CASE("setup: OK with untouched lists rewrites their keys with the same content") {
+TEST_CASE("OK with untouched lists rewrites their keys with the same content") {
     const std::string lists =
         "[board]\r\n1name=a\r\n1path=p\r\n1tooltip=\r\n1param=\r\n1icon=x.ico,0\r\n1dialog=2\r\n"
         "1type=1\r\n2name=b\r\n2path=\r\n2tooltip=t\r\n2param=\r\n2icon=\r\n2dialog=0\r\n"
@@ -308,7 +307,7 @@ TEST_CASE("setup: OK with untouched lists rewrites their keys with the same cont
     CHECK(dialog.desk().settings().find(lists) != std::string::npos);
 }
 
-TEST_CASE("setup: the working lists go over the saved ones, whole, with the records removed last") {
+TEST_CASE("the working lists go over the saved ones, whole, with the records removed last") {
     Saving dialog;
     store::boardButtons = namedList({"a", "b", "c"});
     store::schemButtons = namedList({"only"});
@@ -326,7 +325,7 @@ TEST_CASE("setup: the working lists go over the saved ones, whole, with the reco
     CHECK(store::librButtons[1].type == 2);
 }
 
-TEST_CASE("setup: all entries of a list removed: no entry of it is written, and the section goes") {
+TEST_CASE("all entries of a list removed: no entry of it is written, and the section goes") {
     Saving dialog("[board]\r\n1name=a\r\n1path=p\r\n1dialog=0\r\n1type=1\r\n");
     dialog.open(1);
     dialog.select(0, 0);
@@ -336,7 +335,7 @@ TEST_CASE("setup: all entries of a list removed: no entry of it is written, and 
     CHECK(dialog.closed());
 }
 
-TEST_CASE("setup: a list that never had an entry is saved as one without an entry, and its section goes") {
+TEST_CASE("a list that never had an entry is saved as one without an entry, and its section goes") {
     Saving dialog;
     dialog.open(0);
     // Another toolbar has loaded a row meanwhile.
@@ -350,16 +349,16 @@ TEST_CASE("setup: a list that never had an entry is saved as one without an entr
     CHECK(dialog.desk().settings().find("[board]") == std::string::npos);
 }
 
-TEST_CASE("setup: OK does nothing about the language") {
+TEST_CASE("OK does nothing about the language") {
     Saving dialog("[global]\r\nlanguage=10000\r\n");
     dialog.open(0);
     dialog.desk().writeSettings("[global]\r\nlanguage=7\r\n");
     dialog.ok();
     CHECK(store::getini("global", "language") == "7");
-    CHECK(core::languageOffset == 10000);
+    CHECK(store::languageOffset == 10000);
 }
 
-TEST_CASE("setup: OK closes as Cancel does, Hauptform's tables cleared") {
+TEST_CASE("OK closes as Cancel does, Hauptform's tables cleared") {
     Saving dialog;
     dialog.open(0);
     core::Hauptform& hauptform = dialog.Program::form();
@@ -369,3 +368,5 @@ TEST_CASE("setup: OK closes as Cancel does, Hauptform's tables cleared") {
     CHECK(hauptform.positions[3].top == 9999);
     CHECK(store::currentRoutine == "Form_QueryUnload");
 }
+
+TEST_SUITE_END();

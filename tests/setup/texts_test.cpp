@@ -1,15 +1,15 @@
 // The texts of the setup dialog in both languages.
 #include "setup/dialog.h"
 
-#include "setup/namedControls.h"
+#include "setup/design.h"
 #include "store/textCatalogue.h"
 
 #include <map>
 #include <set>
 
+using setup::Designed;
 using setup::Dialog;
 using setup::frmSetup;
-using setup::Named;
 
 namespace {
 
@@ -32,9 +32,9 @@ std::string captionOf(forms::Control& control) {
 
 std::map<std::string, std::string> captionsOf(frmSetup& form) {
     std::map<std::string, std::string> captions;
-    for (const Named& named : controlsOf(form))
-        if (const std::string caption = captionOf(*named.control); !caption.empty())
-            captions[named.name] = caption;
+    for (const Designed& each : designOf(form))
+        if (const std::string caption = captionOf(*each.control); !caption.empty())
+            captions[each.name] = caption;
     for (int tab = 0; tab < 4; ++tab)
         captions["tab " + std::to_string(tab)] = form.TabStrip1.tabCaption(tab);
     captions["form"] = form.caption();
@@ -85,7 +85,9 @@ const char* settingsOf(int offset) {
 
 } // namespace
 
-TEST_CASE("setup: every text of the catalogue stands on its control, in both languages") {
+TEST_SUITE_BEGIN("setup/texts");
+
+TEST_CASE("every text of the catalogue stands on its control, in both languages") {
     for (const int offset : {0, 10000}) {
         Dialog dialog(settingsOf(offset));
         dialog.open(0);
@@ -107,7 +109,7 @@ TEST_CASE("setup: every text of the catalogue stands on its control, in both lan
     }
 }
 
-TEST_CASE("setup: in German all captions change but the fixed ones") {
+TEST_CASE("in German all captions change but the fixed ones") {
     std::map<std::string, std::string> german;
     {
         Dialog dialog(settingsOf(0));
@@ -136,7 +138,7 @@ TEST_CASE("setup: in German all captions change but the fixed ones") {
     }
 }
 
-TEST_CASE("setup: the fixed captions of the option buttons, the icons' labels and the language") {
+TEST_CASE("the fixed captions of the option buttons, the icons' labels and the language") {
     Dialog dialog;
     dialog.open(0);
     for (const std::size_t option : {3U, 6U}) {
@@ -151,7 +153,7 @@ TEST_CASE("setup: the fixed captions of the option buttons, the icons' labels an
         CHECK(frame.caption().empty());
 }
 
-TEST_CASE("setup: at design the form and its tabs have captions of their own") {
+TEST_CASE("at design the form and its tabs have captions of their own") {
     Dialog dialog;
     const frmSetup& form = setup::setupForm();
     CHECK_FALSE(form.loaded());
@@ -161,3 +163,5 @@ TEST_CASE("setup: at design the form and its tabs have captions of their own") {
     CHECK(form.TabStrip1.tabCaption(2) == "Button Options SCH");
     CHECK(form.TabStrip1.tabCaption(3) == "Button Options LBR");
 }
+
+TEST_SUITE_END();

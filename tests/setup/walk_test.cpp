@@ -329,11 +329,11 @@ void Walk::compareOptions() {
     for (std::size_t side = 0; side < 2; ++side) {
         CHECK(form().cboUnit[side].text() == shown.choices[side]);
         CHECK(form().cboAccur[side].text() == shown.choices[side + 2]);
-        CHECK(core::unitName[side] == model_.running[side]);
-        CHECK(core::unitAccuracy[side] == model_.running[side + 2]);
+        CHECK(store::unitName[side] == model_.running[side]);
+        CHECK(store::unitAccuracy[side] == model_.running[side + 2]);
     }
-    CHECK((core::unitCalcActive != 0) == model_.calculatorRuns);
-    CHECK(core::languageOffset == (model_.english ? 10000 : 0));
+    CHECK((store::unitCalcActive != 0) == model_.calculatorRuns);
+    CHECK(store::languageOffset == (model_.english ? 10000 : 0));
 }
 
 void Walk::compareSaved() {
@@ -398,7 +398,9 @@ void Walk::compareFile() {
 
 } // namespace
 
-TEST_CASE("setup: random walks do to lists and settings what the model says") {
+TEST_SUITE_BEGIN("setup/walk");
+
+TEST_CASE("random walks do to lists and settings what the model says") {
     std::size_t closings = 0;
     int refusals = 0;
     for (std::uint32_t seed = 1; seed <= 20; ++seed) {
@@ -415,3 +417,5 @@ TEST_CASE("setup: random walks do to lists and settings what the model says") {
     CHECK(closings > 100);
     CHECK(refusals > 20);
 }
+
+TEST_SUITE_END();

@@ -62,6 +62,8 @@ std::int16_t saveAll() {
 
 } // namespace
 
+TEST_SUITE_BEGIN("store/buttonLists");
+
 TEST_CASE("a row comes from its seven keys") {
     const Lists lists;
     world().writeSettings("[board]\r\n1name=Fit\r\n1path=window fit\r\n1tooltip=All of it\r\n1param=How?\r\n"
@@ -356,3 +358,5 @@ TEST_CASE("a save to a file that cannot be written fails silently") {
     CHECK(world().settings() == "[board]\r\n" + lines(1, "old"));
     CHECK(world().messageBoxes.empty());
 }
+
+TEST_SUITE_END();

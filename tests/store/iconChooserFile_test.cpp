@@ -1,7 +1,7 @@
 // The icon chooser of our own: the file that is named or looked for, and what shows of it.
 #include "store/iconChooserScene.h"
 
-#include "store/iconChooser.h"
+#include "platform/shell32.h"
 
 #include <optional>
 
@@ -13,6 +13,8 @@ using chooserScene::Scene;
 using chooserScene::shellFile;
 using desktop::world;
 using store::frmIconChooser;
+
+TEST_SUITE_BEGIN("store/iconChooserFile");
 
 TEST_CASE("without a file the chooser asks for one") {
     const Scene scene;
@@ -136,7 +138,7 @@ TEST_CASE("Browse asks for a file, from the present one on, and shows its icons"
     CHECK(dialog.filter == "Files with icons (*.ico;*.exe;*.dll)\0*.ico;*.exe;*.dll\0All files\0*.*"s);
     CHECK(dialog.filterIndex == 1);
     CHECK(dialog.structSize == platform::fileDialogRecordSize);
-    CHECK(dialog.maxFile == store::iconPathSize);
+    CHECK(dialog.maxFile == platform::iconPathSize);
     CHECK(dialog.flags == 0x8180C);
 }
 
@@ -146,7 +148,7 @@ TEST_CASE("Browse begins without a name if the present one is no file's: the dia
         Scene::look(reference(file, 0), [](frmIconChooser& form) { form.btnBrowse.click(); });
     Scene::look("", [](frmIconChooser& form) { form.btnBrowse.click(); });
     // There is such a file, but the dialog has no room for its name.
-    const std::string tooLong = "C:\\" + std::string(store::iconPathSize, 'l');
+    const std::string tooLong = "C:\\" + std::string(platform::iconPathSize, 'l');
     world().addIcons(tooLong, 1);
     Scene::look("", [&tooLong](frmIconChooser& form) {
         name(form, tooLong);
@@ -195,3 +197,5 @@ TEST_CASE("of a file with very many icons the first thousand are shown, and the 
         CHECK(form.labIcons.caption() == "&Icons in this file:");
     });
 }
+
+TEST_SUITE_END();

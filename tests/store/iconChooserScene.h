@@ -1,10 +1,10 @@
 // The icon chooser of our own as tests drive it: a desktop whose shell has none, and what a user does.
 #pragma once
 
-#include "core/state.h"
 #include "desktop/desktop.h"
 #include "store/frmIconChooser.h"
 #include "store/iconExtract.h"
+#include "store/state.h"
 
 #include <doctest/doctest.h>
 
@@ -23,11 +23,11 @@ inline constexpr std::int32_t english = 10000;
 class Scene {
   public:
     Scene() {
-        core::languageOffset = english;
+        store::languageOffset = english;
         desktop::world().addIcons(shellFile, 40);
         desktop::world().writeFile("C:\\t\\notes.txt", "text");
     }
-    ~Scene() { core::languageOffset = 0; }
+    ~Scene() = default;
     Scene(const Scene&) = delete;
     Scene& operator=(const Scene&) = delete;
 

@@ -14,10 +14,12 @@ using chooserScene::shellFile;
 using desktop::world;
 using store::frmIconChooser;
 
+TEST_SUITE_BEGIN("store/iconChooserTexts");
+
 TEST_CASE("the chooser speaks the language that is set, each text with a mnemonic of its own") {
     const Scene scene;
     for (const std::int32_t offset : {0, english}) {
-        core::languageOffset = offset;
+        store::languageOffset = offset;
         Scene::look(reference(shellFile, 0), [](frmIconChooser& form) {
             std::set<char> mnemonics;
             for (const std::string& caption :
@@ -33,7 +35,7 @@ TEST_CASE("the chooser speaks the language that is set, each text with a mnemoni
 
 TEST_CASE("the German texts") {
     const Scene scene;
-    core::languageOffset = 0;
+    store::languageOffset = 0;
     Scene::look("", [](frmIconChooser& form) {
         CHECK(form.caption() == "Symbol ausw\xE4hlen");
         CHECK(form.labFile.caption() == "&Datei:");
@@ -59,3 +61,5 @@ TEST_CASE("the German texts") {
         CHECK(form.labIcons.caption() == "&Symbole in dieser Datei (die ersten 1000):");
     });
 }
+
+TEST_SUITE_END();

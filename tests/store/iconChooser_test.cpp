@@ -1,10 +1,8 @@
 // The icon chooser of our own: when it steps in, and what it gives.
 #include "store/iconChooserScene.h"
 
-#include "store/iconChooser.h"
+#include "platform/shell32.h"
 
-#include <algorithm>
-#include <array>
 #include <vector>
 
 using chooserScene::enter;
@@ -15,6 +13,8 @@ using chooserScene::setupWindow;
 using chooserScene::shellFile;
 using desktop::world;
 using store::frmIconChooser;
+
+TEST_SUITE_BEGIN("store/iconChooser");
 
 TEST_CASE(
     "where the shell has no chooser ours comes up, with the file's icons and the present one selected") {
@@ -67,44 +67,28 @@ TEST_CASE("Cancel and the close box give the empty text") {
     CHECK(Scene::choose(reference(shellFile, 12), [](frmIconChooser& form) { form.closeRequested(); }) == "");
 }
 
-TEST_CASE("a cancelled chooser leaves file and index as they were, a confirmed one ends the file by NUL") {
+TEST_CASE("a cancelled chooser gives no icon, a confirmed one its file and index") {
     const Scene scene;
-    std::array<char16_t, store::iconPathSize> buffer = {};
-    const std::u16string start(200, u'x');
-    std::copy(start.begin(), start.end(), buffer.begin());
-    const auto before = buffer;
-    std::int32_t index = 7;
+    const store::IconReference start{std::string(200, 'x'), 7};
     world().modalScripts.emplace_back([](forms::Form& form) { form.closeRequested(); });
-    CHECK(store::pickIcon(setupWindow, buffer, index) == 0);
-    CHECK(buffer == before);
-    CHECK(index == 7);
-    world().modalScripts.emplace_back([](forms::Form& form) {
+    CHECK_FALSE(store::pickIcon(setupWindow, start).has_value());
+    world().modalScripts.emplace_back([&start](forms::Form& form) {
         auto& chooser = dynamic_cast<frmIconChooser&>(form);
+        CHECK(chooser.txtFile.text() == start.file);
         name(chooser, shellFile);
         enter(chooser);
         chooser.grdIcons.selected(3);
         enter(chooser);
     });
-    CHECK(store::pickIcon(setupWindow, buffer, index) == 1);
-    std::array<char16_t, store::iconPathSize> expected = {};
-    const std::u16string chosen = u"C:\\t\\shell.dll";
-    std::copy(chosen.begin(), chosen.end(), expected.begin());
-    CHECK(buffer == expected);
-    CHECK(index == 3);
+    CHECK(store::pickIcon(setupWindow, start) == store::IconReference{shellFile, 3});
 }
 
-TEST_CASE("a chosen file that the caller has no room for is cut, with a NUL at the end") {
+TEST_CASE("a start file that is too long for the chooser is cut") {
     const Scene scene;
-    std::array<char16_t, 8> buffer = {};
-    std::int32_t index = 0;
-    world().modalScripts.emplace_back([](forms::Form& form) {
-        auto& chooser = dynamic_cast<frmIconChooser&>(form);
-        name(chooser, shellFile);
-        enter(chooser);
-        enter(chooser);
-    });
-    CHECK(store::pickIcon(setupWindow, buffer, index) == 1);
-    CHECK(buffer == std::array<char16_t, 8>{u'C', u':', u'\\', u't', u'\\', u's', u'h', u'\0'});
+    Scene::look(reference(std::string(300, 'b'), 0),
+                [](frmIconChooser& form) { CHECK(form.txtFile.text() == std::string(259, 'b')); });
+    Scene::look(reference(std::string(259, 'a'), 0),
+                [](frmIconChooser& form) { CHECK(form.txtFile.text() == std::string(259, 'a')); });
 }
 
 TEST_CASE("an index that the file does not have selects none, and there is nothing to confirm until one is") {
@@ -124,7 +108,7 @@ TEST_CASE("an index that the file does not have selects none, and there is nothi
 
 TEST_CASE("a file that just fits the chooser's buffer comes back whole, a longer one is not found") {
     const Scene scene;
-    const std::string longest = "C:\\" + std::string(store::iconPathSize - 4, 'l');
+    const std::string longest = "C:\\" + std::string(platform::iconPathSize - 4, 'l');
     const std::string tooLong = longest + "l";
     world().addIcons(longest, 1);
     world().addIcons(tooLong, 1);
@@ -134,7 +118,7 @@ TEST_CASE("a file that just fits the chooser's buffer comes back whole, a longer
         enter(form);
         CHECK(form.grdIcons.count() == 0);
         CHECK_FALSE(form.btnOk.enabled());
-        CHECK(form.txtFile.maxLength == static_cast<int>(store::iconPathSize) - 1);
+        CHECK(form.txtFile.maxLength == static_cast<int>(platform::iconPathSize) - 1);
     });
 }
 
@@ -194,3 +178,5 @@ TEST_CASE("Enter is OK, Esc is Cancel, and the Tab key goes from the file down t
             CHECK_FALSE(control->tabIndex.has_value());
     });
 }
+
+TEST_SUITE_END();

@@ -30,7 +30,8 @@ bool shows(const forms::PictureBox& box, const forms::Picture& icon) {
     for (int y = 0; y < 18; ++y)
         for (int x = 0; x < 18; ++x) {
             const bool inside = x >= 1 && y >= 1 && x <= 16 && y <= 16;
-            const std::uint32_t expected = inside ? icon.pixel(x - 1, y - 1) : 0xFF000000U | forms::maskGrey;
+            const std::uint32_t expected =
+                inside ? icon.pixel(x - 1, y - 1) : forms::opaque | forms::maskGrey;
             if (image.pixel(x, y) != expected)
                 return false;
         }
@@ -48,13 +49,15 @@ int chooseError(const std::string& reference) {
 
 } // namespace
 
+TEST_SUITE_BEGIN("store/iconExtract");
+
 TEST_CASE("the small icon of a file is drawn with a margin of one pixel at the left and top") {
     const desktop::Session session;
     Surface18 surface;
     world().addIcons("C:\\kestrel\\brd.ico", 1);
     store::extractIconToPicture("C:\\kestrel\\brd.ico", 0, surface.box);
     CHECK(shows(surface.box, World::iconPicture("C:\\kestrel\\brd.ico", 0)));
-    CHECK_FALSE(surface.box.autoRedraw());
+    CHECK(surface.box.hDC() == platform::HDC::none);
 }
 
 TEST_CASE("the index chooses among the icons of a file, and each drawing clears the one before") {
@@ -74,7 +77,7 @@ TEST_CASE("what was drawn outside the icon before is cleared") {
     platform::HICON small{};
     REQUIRE(platform::ExtractIconExA("C:\\t\\x.exe", 0, large, small) == 1);
     surface.box.setAutoRedraw(true);
-    REQUIRE(platform::DrawIconEx(surface.box.hDC(), 2, 2, small, 0, 0, 0, 3));
+    REQUIRE(platform::DrawIconEx(surface.box.hDC(), 2, 2, small, 0, 0, 0, platform::drawNormally));
     store::extractIconToPicture("C:\\t\\x.exe", 0, surface.box);
     CHECK(shows(surface.box, World::iconPicture("C:\\t\\x.exe", 0)));
 }
@@ -183,3 +186,5 @@ TEST_CASE("a reference of the chooser's own making is accepted by it again") {
     CHECK(world().chooserCalls.at(1).file == u"C:\\x.exe");
     CHECK(world().chooserCalls.at(1).index == 7);
 }
+
+TEST_SUITE_END();

@@ -13,6 +13,8 @@ using desktop::world;
 using desktop::World;
 using store::frmIconChooser;
 
+TEST_SUITE_BEGIN("store/iconPicture");
+
 TEST_CASE("no icon is read before it is seen") {
     const Scene scene;
     Scene::look(reference(shellFile, 12), [](frmIconChooser& form) {
@@ -69,3 +71,5 @@ TEST_CASE("a pixel is what looks as it does on black and on white") {
     CHECK(store::pixelSeen(0xFFFFFF, 0x000000) == 0xFFFFFFFF);
     CHECK(store::pixelSeen(0xFF0000, 0x00FFFF) == 0xFFFF0000);
 }
+
+TEST_SUITE_END();

@@ -6,6 +6,8 @@
 
 using desktop::world;
 
+TEST_SUITE_BEGIN("store/pathTokens");
+
 TEST_CASE("{kestrelpath} is the program's folder, {eaglepath} drops out") {
     const desktop::Session session;
     world().programFolder = "C:\\p";
@@ -45,3 +47,5 @@ TEST_CASE("braces without a token are text") {
     const desktop::Session session;
     CHECK(store::expandTokens("{ENTER}{kestrelpath") == "{ENTER}{kestrelpath");
 }
+
+TEST_SUITE_END();

@@ -42,6 +42,8 @@ std::string listed(const std::string& file, const char* section, std::uint32_t s
 
 } // namespace
 
+TEST_SUITE_BEGIN("store/profileTable");
+
 TEST_CASE("settings-file operations do what the table says") {
     const auto rows = contract::readProfileTable(TEST_DATA "/profile.tsv");
     CHECK(rows.size() == 97);
@@ -95,3 +97,5 @@ TEST_CASE("removing a key that is not there changes nothing") {
 TEST_CASE("names fold umlauts as the ANSI code page does") {
     CHECK(afterWrite("[\xC4]\r\n\xD6=1\r\n", "\xE4", "\xF6", "2") == "[\xC4]\r\n\xD6=2\r\n");
 }
+
+TEST_SUITE_END();

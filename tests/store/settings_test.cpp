@@ -11,6 +11,8 @@ using desktop::world;
 namespace key = store::key;
 namespace section = store::section;
 
+TEST_SUITE_BEGIN("store/settings");
+
 TEST_CASE("without a file every key reads as absent, and the first write makes the file") {
     const Session session;
     CHECK(store::getini("global", "language") == "");
@@ -146,6 +148,17 @@ TEST_CASE("all three routines reach the one file of a folder with capitals and u
     CHECK(world().files.size() == 1);
 }
 
+TEST_CASE("readers and the removal name the folder in lower case, the writer names it as it stands") {
+    const Session session;
+    world().programFolder = "D:\\Programme\\Kestrel";
+    store::setini("s", "k", "v");
+    store::getini("s", "k");
+    store::delini("s");
+    CHECK(world().settingsPaths == std::vector<std::string>{"D:\\Programme\\Kestrel\\kestrel.ini",
+                                                            "d:\\programme\\kestrel\\kestrel.ini",
+                                                            "d:\\programme\\kestrel\\kestrel.ini"});
+}
+
 TEST_CASE("a program folder that is a drive root has its settings there") {
     const Session session;
     world().programFolder = "C:\\";
@@ -159,3 +172,5 @@ TEST_CASE("a value with binary bytes is read as it stands") {
     world().writeSettings("[s]\r\nk=\x01\xFFz\x7F\r\n");
     CHECK(store::getini("s", "k") == "\xFFz\x7F"); // control characters around a value do not count
 }
+
+TEST_SUITE_END();

@@ -47,6 +47,8 @@ struct Host : Program {
 
 } // namespace
 
+TEST_SUITE_BEGIN("toolbars/buttonClick");
+
 TEST_CASE("a click on the real button of a toolbar types its command and Enter into the host") {
     Program program;
     program.desk().startProcess("eagle.exe");
@@ -182,8 +184,8 @@ TEST_CASE("the notation's characters in a command and in an input act as key cod
     program.click("grid mm;~%f", 1, "?", 1);
     const auto& strokes = program.desk().typed.at(0).strokes;
     REQUIRE(strokes.size() == 13);
-    CHECK(strokes[8].key == runtime::Key::enter);
-    CHECK(strokes[9] == runtime::KeyStroke{runtime::Key::none, 'f', false, false, true});
+    CHECK(strokes[8].key == platform::Key::enter);
+    CHECK(strokes[9] == platform::KeyStroke{platform::Key::none, 'f', false, false, true});
     CHECK(strokes[10].character == ' ');
     CHECK(static_cast<int>(strokes[11].key) == 0x72);
 }
@@ -263,3 +265,5 @@ TEST_CASE("a click on Config types nothing, reloads the list and builds this too
     CHECK(program.toolbar(EditorKind::board, 1).toolbar.buttons()[0].key == "Fit1");
     CHECK(program.desk().typed.empty());
 }
+
+TEST_SUITE_END();

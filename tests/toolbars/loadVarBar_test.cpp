@@ -1,5 +1,6 @@
 // From a button list to the buttons of a toolbar.
 #include "desktop/program.h"
+#include "forms/defaultInstance.h"
 #include "toolbars/frmPullDown.h"
 #include "toolbars/pictures.h"
 
@@ -50,6 +51,8 @@ forms::Picture iconOf(const std::string& path, int index) {
 }
 
 } // namespace
+
+TEST_SUITE_BEGIN("toolbars/loadVarBar");
 
 TEST_CASE("an unallocated list gives the Config button alone, with two pictures") {
     Bar bar;
@@ -295,7 +298,7 @@ TEST_CASE("the schematic and library forms make the hidden pull-down form, the b
     for (const EditorKind kind : {EditorKind::schematic, EditorKind::library}) {
         Bar bar(kind);
         bar.form.loadVarBar();
-        REQUIRE(toolbars::pullDownExists());
+        REQUIRE(forms::defaultSlot<toolbars::frmPullDown>() != nullptr);
         CHECK_FALSE(toolbars::pullDown().visible());
         CHECK(toolbars::pullDown().Toolbar1.imageList() == nullptr);
         CHECK(toolbars::pullDown().Toolbar1.buttons().empty());
@@ -310,3 +313,5 @@ TEST_CASE("the fixed list holds six pictures of 16 by 16") {
         CHECK(list.picture(key).height() == 16);
     }
 }
+
+TEST_SUITE_END();

@@ -56,6 +56,8 @@ void cancel(setup::frmSetup& form) {
 
 } // namespace
 
+TEST_SUITE_BEGIN("toolbars/setupAccess");
+
 TEST_CASE("Config opens the setup on the page of the toolbar's own list, with all three lists") {
     for (const EditorKind kind : store::editorKinds) {
         Host program(kind);
@@ -189,3 +191,5 @@ TEST_CASE("a list emptied in the setup leaves the Config button alone") {
     REQUIRE(program.buttons() == 1);
     CHECK(program.toolbar(EditorKind::board, 1).toolbar.buttons()[0].key == "Config");
 }
+
+TEST_SUITE_END();

@@ -1,5 +1,6 @@
 // The toolbar form's own behaviour in its host: height, raising, redraw.
 #include "desktop/program.h"
+#include "forms/toolbarLayout.h"
 
 #include <doctest/doctest.h>
 
@@ -55,6 +56,8 @@ constexpr int rowHeight = 22;
 
 } // namespace
 
+TEST_SUITE_BEGIN("toolbars/window");
+
 TEST_CASE("the form is just high enough for its rows of buttons") {
     for (const auto& [buttons, expected] : {std::pair{0, 1}, std::pair{4, 1}, std::pair{5, 2},
                                             std::pair{9, 2}, std::pair{10, 3}, std::pair{99, 20}}) {
@@ -87,10 +90,10 @@ TEST_CASE("dragging the top or bottom frame changes nothing lasting") {
 
 TEST_CASE("the Config button wraps with the rest, as the last item of the last row") {
     Host bar(5);
-    const forms::ToolbarLayout layout = bar.form().toolbar.layout();
-    CHECK(layout.rows == 2);
-    CHECK(layout.cells.back().row == 1);
-    CHECK(layout.cells.back().x == 0);
+    const forms::ToolbarLayout layout = forms::layoutToolbar(bar.form().toolbar.buttons(), 120);
+    CHECK(layout.height == 2 * rowHeight);
+    CHECK(layout.places.back().top == rowHeight);
+    CHECK(layout.places.back().left == 0);
     CHECK(bar.form().toolbar.buttons().back().key == "Config");
 }
 
@@ -200,3 +203,5 @@ TEST_CASE("the shells of the three forms") {
         CHECK(form.milIndex == 0);
     }
 }
+
+TEST_SUITE_END();

@@ -20,12 +20,14 @@ from driver.desktop import Rect  # noqa: E402
 from driver.stage import Stage  # noqa: E402
 from driver.tray import Tray  # noqa: E402
 from driver.waiting import poll  # noqa: E402
+from version import version  # noqa: E402
 
 BITS = "win32"
 TARGET = paths.PROJECT / "resources" / "help" / "pictures"
 LOCALES = {"en": None, "de": "de_DE"}
 OFFSETS = {"en": 10000, "de": 0}  # of the program's texts
 COLOURS = 96  # of a picture's palette
+SHOWS_VERSION = ("-set", "Kestrel", version(), "-define", "png:include-chunks=tEXt")  # the check of the help looks for it
 FILM = "demo.gif"
 DEMO = Path(__file__).resolve().parent / "demo" / "demo.py"
 OWN_WORK = "C:\\work"
@@ -102,12 +104,12 @@ class Artist:
         return Rect(window.client.left - side, window.place.top + thinner, window.client.right + side,
                     window.client.bottom + side)
 
-    def keep(self, name, place):
-        """Keeps a rectangle of the screen as a small picture."""
+    def keep(self, name, place, *marks):
+        """Keeps a rectangle of the screen as a small picture, with a mark that is given as options of `convert`."""
         target = TARGET / self.language / f"{name}.png"
         self.stage.screen.picture(target, place)
         subprocess.run(["convert", target, "-strip", "+dither", "-colors", str(COLOURS),
-                        "-define", "png:exclude-chunks=date,time", f"png8:{target}"], check=True)
+                        "-define", "png:exclude-chunks=date,time", *marks, f"png8:{target}"], check=True)
         print(f"   {self.language}/{name}.png: {place.width} by {place.height}, {target.stat().st_size} bytes", flush=True)
 
     def rest(self):
@@ -205,7 +207,7 @@ class Artist:
             Tray(self.stage).choose("info")
             form = poll(seen)
             if form and self.stage.screen.colours(form[0].client) > 40:
-                self.keep("splash", form[0].place)
+                self.keep("splash", form[0].place, *SHOWS_VERSION)
                 if seen():
                     return
             poll(lambda: not seen())

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <vector>
 
 namespace win32 {
 
@@ -32,32 +33,63 @@ HBITMAP bitmapOf(const forms::Picture& picture) {
     return bitmap;
 }
 
+namespace {
+
+/// Bits of a monochrome bitmap, rows from the top, each a whole number of words; the leftmost pixel is the
+/// highest bit.
+class Bits {
+  public:
+    Bits(int width, int height)
+        : width_(width), height_(height), stride_((width + 15) / 16 * 2),
+          bytes_(static_cast<std::size_t>(stride_) * static_cast<std::size_t>(height)) {}
+
+    void set(int x, int y) {
+        bytes_[static_cast<std::size_t>(y * stride_ + x / 8)] |= static_cast<std::uint8_t>(0x80 >> x % 8);
+    }
+    /// The caller's to delete.
+    HBITMAP bitmap() const { return CreateBitmap(width_, height_, 1, 1, bytes_.data()); }
+
+  private:
+    int width_;
+    int height_;
+    int stride_;
+    std::vector<std::uint8_t> bytes_;
+};
+
+} // namespace
+
 HIMAGELIST nativeImageList(const forms::ImageList& list) {
     const int width = list.imageWidth;
     const int height = list.imageHeight;
     const int count = list.count();
-    const HIMAGELIST made = ImageList_Create(width, height, ILC_COLOR32, count, 1);
+    // The mask is for a picture that is clear all over: its alpha, 0 everywhere, counts as none, and without
+    // a mask it would be a black square.
+    const HIMAGELIST made = ImageList_Create(width, height, ILC_COLOR32 | ILC_MASK, count, 1);
     if (count == 0)
         return made;
     // All pictures side by side: one call instead of one for each.
     std::uint32_t* strip = nullptr;
     const HBITMAP bitmap = makeBitmap(width * count, height, strip);
+    Bits clearBits(width * count, height);
     if (strip != nullptr) {
         constexpr std::uint32_t colourBits = 0x00FFFFFF;
-        constexpr std::uint32_t opaque = 0xFF000000;
         int number = 0;
         for (const forms::ListImage& image : list.images()) {
             const auto pixels = image.picture.pixels();
             for (std::size_t index = 0; index < pixels.size(); ++index) {
-                const auto x = static_cast<int>(index) % width;
-                const auto y = static_cast<int>(index) / width;
+                const int x = number * width + static_cast<int>(index) % width;
+                const int y = static_cast<int>(index) / width;
                 const std::uint32_t colour = pixels[index] & colourBits;
                 const bool clear = colour == list.maskColour || pixels[index] >> 24 == 0;
-                strip[y * width * count + number * width + x] = clear ? 0 : opaque | colour;
+                strip[y * width * count + x] = clear ? 0 : forms::opaque | colour;
+                if (clear)
+                    clearBits.set(x, y);
             }
             ++number;
         }
-        ImageList_Add(made, bitmap, nullptr);
+        const HBITMAP mask = clearBits.bitmap();
+        ImageList_Add(made, bitmap, mask);
+        DeleteObject(mask);
     }
     DeleteObject(bitmap);
     return made;

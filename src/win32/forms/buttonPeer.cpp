@@ -1,5 +1,7 @@
 // Command button, check box and option button. The window never changes its own mark: it follows the model.
 #include "win32/forms/bitmaps.h"
+#include "win32/forms/dialogKeys.h"
+#include "win32/forms/formButtons.h"
 #include "win32/forms/peers.h"
 #include "win32/forms/windowPeer.h"
 
@@ -87,21 +89,44 @@ class CommandButtonPeer : public ButtonPeer<forms::CommandButton> {
     }
 
   protected:
-    /// Enter presses the button that has the focus, and it looks like it.
+    /// Enter presses the command button that has the focus, else the form's default one, and that one alone
+    /// looks like it. A form that is left for another window keeps this as it keeps its focus.
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == WM_SETFOCUS)
-            look(BS_DEFPUSHBUTTON);
-        else if (message == WM_KILLFOCUS && !button().isDefault)
-            look(BS_PUSHBUTTON);
+        if (message == WM_SETFOCUS) {
+            if (!button().isDefault)
+                lookOfDefault(false);
+            look(true);
+        } else if (message == WM_KILLFOCUS) {
+            const auto next = reinterpret_cast<HWND>(wParam);
+            if (dialogOf(next) == dialogOf(handle()))
+                passOn(next);
+        }
         return defaultMessage(message, wParam, lParam);
     }
 
   private:
+    /// The focus goes to another control of the form.
+    void passOn(HWND next) {
+        const bool toButton = dynamic_cast<CommandButtonPeer*>(of(next)) != nullptr;
+        look(!toButton && button().isDefault);
+        if (!toButton && !button().isDefault)
+            lookOfDefault(true);
+    }
+
+    void lookOfDefault(bool pressedByEnter) {
+        forms::CommandButton* const wanted = defaultButton(*button().form());
+        auto* const peer = wanted == nullptr ? nullptr : dynamic_cast<CommandButtonPeer*>(wanted->peer());
+        if (peer != nullptr && peer->handle() != nullptr)
+            peer->look(pressedByEnter);
+    }
+
     /// The message takes the place of all the button's styles.
-    void look(DWORD kind) {
+    void look(bool pressedByEnter) {
         constexpr DWORD buttonStyles = 0xFFFF;
-        const auto style = static_cast<DWORD>(GetWindowLongA(handle(), GWL_STYLE));
-        SendMessageA(handle(), BM_SETSTYLE, (style & buttonStyles & ~DWORD{BS_TYPEMASK}) | kind, TRUE);
+        const DWORD kind = pressedByEnter ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+        const auto style = static_cast<DWORD>(GetWindowLongA(handle(), GWL_STYLE)) & buttonStyles;
+        if ((style & BS_TYPEMASK) != kind)
+            SendMessageA(handle(), BM_SETSTYLE, (style & ~DWORD{BS_TYPEMASK}) | kind, TRUE);
     }
 
     void showPicture() {

@@ -1,5 +1,6 @@
 #include "win32/forms/containerPeer.h"
 
+#include "win32/common/windowChanges.h"
 #include "win32/forms/dialogKeys.h"
 
 namespace win32 {
@@ -25,13 +26,13 @@ std::optional<COLORREF> ContainerPeer::background() const {
 LRESULT ContainerPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_COMMAND:
-        if (WindowPeer* child = of(reinterpret_cast<HWND>(lParam))) { // NOLINT(performance-no-int-to-ptr)
+        if (WindowPeer* child = of(reinterpret_cast<HWND>(lParam))) {
             child->command(HIWORD(wParam), LOWORD(wParam));
             return 0;
         }
         break;
     case WM_NOTIFY: {
-        auto& header = *reinterpret_cast<NMHDR*>(lParam); // NOLINT(performance-no-int-to-ptr)
+        auto& header = *reinterpret_cast<NMHDR*>(lParam);
         if (WindowPeer* child = of(header.hwndFrom))
             return child->notify(header);
         break;
@@ -40,9 +41,7 @@ LRESULT ContainerPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CTLCOLORBTN:
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORLISTBOX:
-        if (const LRESULT brush =
-                childColour(reinterpret_cast<HDC>(wParam),   // NOLINT(performance-no-int-to-ptr)
-                            reinterpret_cast<HWND>(lParam)); // NOLINT(performance-no-int-to-ptr)
+        if (const LRESULT brush = childColour(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
             brush != 0)
             return brush;
         break;
@@ -51,7 +50,7 @@ LRESULT ContainerPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
             RECT client;
             GetClientRect(handle(), &client);
             const HBRUSH fill = CreateSolidBrush(*colour);
-            FillRect(reinterpret_cast<HDC>(wParam), &client, fill); // NOLINT(performance-no-int-to-ptr)
+            FillRect(reinterpret_cast<HDC>(wParam), &client, fill);
             DeleteObject(fill);
             return 1;
         }
@@ -63,7 +62,7 @@ LRESULT ContainerPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
         break;
     case WM_NEXTDLGCTL: // a mnemonic asks for it
         if (LOWORD(lParam) != 0)
-            SetFocus(reinterpret_cast<HWND>(wParam)); // NOLINT(performance-no-int-to-ptr)
+            focusWindow(reinterpret_cast<HWND>(wParam));
         else
             moveFocus(GetFocus(), wParam != 0);
         return 0;

@@ -1,7 +1,9 @@
 #include "win32/forms/dialogKeys.h"
 
-#include "core/guard.h"
 #include "forms/tabStrip.h"
+#include "runtime/guard.h"
+#include "win32/common/messages.h"
+#include "win32/common/windowChanges.h"
 #include "win32/forms/windowPeer.h"
 
 namespace win32 {
@@ -53,6 +55,34 @@ HWND nextStop(HWND dialog, HWND from, bool back) {
     return walks && strip != nullptr && inside == firstStop(strip) ? strip : next;
 }
 
+/// The Tab key, unless the control that it goes to wants it. False if the message is another one.
+bool moveByTab(const MSG& message) {
+    if (!isTabKey(message) || GetKeyState(VK_CONTROL) < 0)
+        return false;
+    const LRESULT wanted =
+        SendMessageA(message.hwnd, WM_GETDLGCODE, message.wParam, reinterpret_cast<LPARAM>(&message));
+    if ((wanted & (DLGC_WANTTAB | DLGC_WANTMESSAGE)) != 0)
+        return false;
+    moveFocus(message.hwnd, GetKeyState(VK_SHIFT) < 0);
+    return true;
+}
+
+/// Ctrl+Tab and Ctrl+Shift+Tab turn the pages of the dialog's tab strip. False if the message is neither or
+/// the dialog has no tab strip.
+bool turnPage(HWND dialog, const MSG& message) {
+    if (!isTabKey(message) || GetKeyState(VK_CONTROL) >= 0)
+        return false;
+    const WindowPeer* peer = WindowPeer::of(dialog);
+    const auto* container =
+        peer == nullptr ? nullptr : dynamic_cast<const forms::Container*>(&peer->control());
+    forms::TabStrip* tabs = container == nullptr ? nullptr : findTabStrip(*container);
+    if (tabs == nullptr || tabs->tabs() == 0 || !tabs->acceptsInput())
+        return false;
+    const int step = GetKeyState(VK_SHIFT) < 0 ? tabs->tabs() - 1 : 1;
+    runtime::guarded([tabs, step] { tabs->selected((tabs->tab() + step) % tabs->tabs()); });
+    return true;
+}
+
 } // namespace
 
 HWND dialogOf(HWND window) {
@@ -73,7 +103,7 @@ void moveFocus(HWND from, bool back) {
     // The user is at the keyboard: where the focus is, is marked from now on. Told downwards from the dialog,
     // since the way up may lead to a host that does not answer.
     SendMessageA(dialog, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
-    SetFocus(next);
+    focusWindow(next);
 }
 
 HWND firstStop(HWND container) {
@@ -89,32 +119,13 @@ HWND firstStop(HWND container) {
 void focusFirst(HWND container) {
     const HWND first = firstStop(container);
     // With none to stop at, one that is hidden may be named.
-    SetFocus(first == nullptr || IsWindowVisible(first) == FALSE ? container : first);
+    focusWindow(first == nullptr || IsWindowVisible(first) == FALSE ? container : first);
 }
 
-bool moveByTab(const MSG& message) {
-    if (!isTabKey(message) || GetKeyState(VK_CONTROL) < 0)
-        return false;
-    const LRESULT wanted =
-        SendMessageA(message.hwnd, WM_GETDLGCODE, message.wParam, reinterpret_cast<LPARAM>(&message));
-    if ((wanted & (DLGC_WANTTAB | DLGC_WANTMESSAGE)) != 0)
-        return false;
-    moveFocus(message.hwnd, GetKeyState(VK_SHIFT) < 0);
-    return true;
-}
-
-bool turnPage(HWND dialog, const MSG& message) {
-    if (!isTabKey(message) || GetKeyState(VK_CONTROL) >= 0)
-        return false;
-    const WindowPeer* peer = WindowPeer::of(dialog);
-    const auto* container =
-        peer == nullptr ? nullptr : dynamic_cast<const forms::Container*>(&peer->control());
-    forms::TabStrip* tabs = container == nullptr ? nullptr : findTabStrip(*container);
-    if (tabs == nullptr || tabs->tabs() == 0 || !tabs->acceptsInput())
-        return false;
-    const int step = GetKeyState(VK_SHIFT) < 0 ? tabs->tabs() - 1 : 1;
-    core::guarded([tabs, step] { tabs->selected((tabs->tab() + step) % tabs->tabs()); });
-    return true;
+bool doneAsDialogKey(MSG& message) {
+    const HWND dialog = dialogOf(message.hwnd);
+    return dialog != nullptr &&
+           (turnPage(dialog, message) || moveByTab(message) || IsDialogMessageA(dialog, &message) != FALSE);
 }
 
 } // namespace win32

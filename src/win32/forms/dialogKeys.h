@@ -20,11 +20,4 @@ HWND firstStop(HWND container);
 /// none.
 void focusFirst(HWND container);
 
-/// The Tab key, unless the control that it goes to wants it. False if the message is another one.
-bool moveByTab(const MSG& message);
-
-/// Ctrl+Tab and Ctrl+Shift+Tab turn the pages of the dialog's tab strip. False if the message is neither or
-/// the dialog has no tab strip.
-bool turnPage(HWND dialog, const MSG& message);
-
 } // namespace win32

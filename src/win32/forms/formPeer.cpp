@@ -1,19 +1,18 @@
 // Forms: windows of a class of our own.
+#include "win32/common/focusKeeper.h"
+#include "win32/common/holding.h"
+#include "win32/common/ownerWindow.h"
+#include "win32/common/windowChanges.h"
 #include "win32/forms/containerPeer.h"
 #include "win32/forms/dialogKeys.h"
+#include "win32/forms/formButtons.h"
 #include "win32/forms/hosted.h"
-#include "win32/forms/modal.h"
 #include "win32/forms/peers.h"
-#include "win32/platform/focusKeeper.h"
 
-#include "core/hauptform.h"
-#include "forms/button.h"
 #include "forms/form.h"
 #include "forms/units.h"
 
 #include <windowsx.h>
-
-#include <functional>
 
 namespace win32 {
 
@@ -21,7 +20,9 @@ namespace {
 
 constexpr const char* formClass = "KestrelForm";
 
-/// Where a form stands that is to be put into a host: it never flashes up on the desktop.
+/// Left and top, in screen pixels, of a form that is to be put into a host: it is shown before it is in
+/// there, and must not flash up on the desktop. Farther out than any row of screens to the left of the main
+/// one or above it, and not as far as -32000, where the system keeps minimised windows.
 constexpr int offScreen = -16000;
 
 /// What the shell sends to all top-level windows when it has made its task bar.
@@ -54,22 +55,6 @@ Styles stylesOf(const forms::Form& form) {
     // No close box: a toolbar that the user has closed could not be had again.
     return {WS_POPUP | WS_CAPTION | WS_THICKFRAME | common,
             WS_EX_CONTROLPARENT | WS_EX_TOOLWINDOW | WS_EX_NOPARENTNOTIFY};
-}
-
-/// The first command button of a form, at any depth, that `fits`.
-forms::CommandButton* findButton(const forms::Container& container,
-                                 const std::function<bool(const forms::CommandButton&)>& fits) {
-    for (forms::Control* child : container.controls()) {
-        if (child->kind() == forms::ControlKind::commandButton) {
-            auto* button = static_cast<forms::CommandButton*>(child);
-            if (fits(*button))
-                return button;
-        } else if (auto* inner = dynamic_cast<forms::Container*>(child)) {
-            if (forms::CommandButton* button = findButton(*inner, fits))
-                return button;
-        }
-    }
-    return nullptr;
 }
 
 class FormPeer : public ContainerPeer {
@@ -158,8 +143,8 @@ class FormPeer : public ContainerPeer {
             form_.Form_Click();
             return 0;
         case DM_GETDEFID:
-            if (const HWND button = windowOf([](const auto& seen) { return seen.isDefault; }))
-                return MAKELRESULT(GetDlgCtrlID(button), DC_HASDEFID);
+            if (forms::CommandButton* button = defaultButton(form_))
+                return MAKELRESULT(GetDlgCtrlID(native(button->hWnd())), DC_HASDEFID);
             return 0;
         case WM_COMMAND:
             if (LOWORD(wParam) == IDCANCEL && cancel())
@@ -189,7 +174,7 @@ class FormPeer : public ContainerPeer {
     HWND owner(DWORD exStyle) const {
         if (IsWindow(native(form_.ownerWindow)) != FALSE)
             return native(form_.ownerWindow);
-        return !form_.showInTaskbar && (exStyle & WS_EX_TOOLWINDOW) == 0 ? hiddenWindow() : nullptr;
+        return !form_.showInTaskbar && (exStyle & WS_EX_TOOLWINDOW) == 0 ? ownerWindow() : nullptr;
     }
 
     /// What the system tells top-level windows alone goes on to the forms in other programs' windows.
@@ -199,10 +184,6 @@ class FormPeer : public ContainerPeer {
         for (const HWND form : formWindows())
             if (isHosted(form))
                 SendMessageA(form, message, 0, 0);
-    }
-
-    static HWND hiddenWindow() {
-        return core::hauptform() == nullptr ? nullptr : native(core::hauptform()->hWnd());
     }
 
     /// Outer rectangle: screen pixels, or client pixels of the host.
@@ -241,10 +222,9 @@ class FormPeer : public ContainerPeer {
             hide();
         else if (form_.activates) {
             keeper_ = std::make_unique<FocusKeeper>();
-            ShowWindow(handle(), SW_SHOW);
+            showWindow(handle(), SW_SHOW);
         } else
-            SetWindowPos(handle(), nullptr, 0, 0, 0, 0,
-                         SWP_SHOWWINDOW | SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER);
+            showInPlace(handle());
     }
 
     /// The window that was in front before gets the keyboard back while ours still stands: otherwise the
@@ -254,7 +234,7 @@ class FormPeer : public ContainerPeer {
         if (keeper_ && GetForegroundWindow() != handle())
             keeper_->dismiss();
         keeper_.reset();
-        ShowWindow(handle(), SW_HIDE);
+        showWindow(handle(), SW_HIDE);
     }
 
     /// The user can make a tool window as narrow as one button.
@@ -262,8 +242,7 @@ class FormPeer : public ContainerPeer {
         const LRESULT result = defaultMessage(message, wParam, lParam);
         if (form_.borderStyle == forms::BorderStyle::sizableToolWindow ||
             form_.borderStyle == forms::BorderStyle::none)
-            reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {1,
-                                                                     1}; // NOLINT(performance-no-int-to-ptr)
+            reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {1, 1};
         return result;
     }
 
@@ -271,11 +250,6 @@ class FormPeer : public ContainerPeer {
         return LoadCursorA(
             nullptr, reinterpret_cast<LPCSTR>(
                          form_.mousePointer() == forms::MousePointer::hourglass ? IDC_WAIT : IDC_ARROW));
-    }
-
-    HWND windowOf(const std::function<bool(const forms::CommandButton&)>& fits) const {
-        forms::CommandButton* button = findButton(form_, fits);
-        return button == nullptr ? nullptr : native(button->hWnd());
     }
 
     bool cancel() {
@@ -291,9 +265,9 @@ class FormPeer : public ContainerPeer {
         if (!form_.activates)
             return;
         if (focus_ != nullptr && IsChild(handle(), focus_) != FALSE)
-            SetFocus(focus_);
+            focusWindow(focus_);
         else if (const HWND first = firstStop(handle()))
-            SetFocus(first);
+            focusWindow(first);
     }
 
     forms::Form& form_;
@@ -318,12 +292,6 @@ FrameExtent frameExtent(const Form& form) {
     RECT rect{};
     AdjustWindowRectEx(&rect, style, FALSE, exStyle);
     return {static_cast<int>(rect.right - rect.left), static_cast<int>(rect.bottom - rect.top)};
-}
-
-ScreenSize screenSize() {
-    RECT area{};
-    SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
-    return {static_cast<int>(area.right), static_cast<int>(area.bottom)};
 }
 
 } // namespace forms

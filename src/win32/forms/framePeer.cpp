@@ -44,7 +44,7 @@ class FramePeer : public ContainerPeer {
             paint();
             return 0;
         case WM_SETFONT:
-            font_ = reinterpret_cast<HFONT>(wParam); // NOLINT(performance-no-int-to-ptr)
+            font_ = reinterpret_cast<HFONT>(wParam);
             return 0;
         case WM_GETFONT:
             return reinterpret_cast<LRESULT>(font_);

@@ -1,6 +1,6 @@
 #include "win32/forms/hosted.h"
 
-#include "win32/forms/modal.h"
+#include "win32/common/holding.h"
 #include "win32/forms/windowPeer.h"
 
 namespace win32 {
@@ -55,7 +55,7 @@ bool answerAsHosted(HWND window, UINT message, WPARAM wParam, LPARAM lParam, LRE
         if (!touchesHost(window))
             return false;
         // A control's own pointer is its own affair.
-        if (reinterpret_cast<HWND>(wParam) == window) { // NOLINT(performance-no-int-to-ptr)
+        if (reinterpret_cast<HWND>(wParam) == window) {
             SetCursor(cursorOver(static_cast<short>(LOWORD(lParam))));
             result = TRUE;
         }

@@ -81,7 +81,7 @@ class LabelPeer : public WindowPeer {
         const bool wraps = label_.wordWrap || !label_.autoSize;
         const HDC dc = GetDC(handle());
         const HGDIOBJ former =
-            SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageA(handle(), WM_GETFONT, 0, 0))); // NOLINT
+            SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageA(handle(), WM_GETFONT, 0, 0)));
         RECT edge{};
         AdjustWindowRectEx(&edge, static_cast<DWORD>(GetWindowLongA(handle(), GWL_STYLE)), FALSE,
                            static_cast<DWORD>(GetWindowLongA(handle(), GWL_EXSTYLE)));

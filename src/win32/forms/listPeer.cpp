@@ -4,12 +4,16 @@
 
 #include "forms/listBox.h"
 
+#include <utility>
+
 namespace win32 {
 
 namespace {
 
 /// Posted to ourselves: the filling is over.
 constexpr UINT filledMessage = WM_APP + 1;
+/// Posted to ourselves: the open list has closed, and what the system tells of it has been heard.
+constexpr UINT closedMessage = WM_APP + 2;
 
 /// The messages in which the two kinds of window differ.
 struct Dialect {
@@ -18,13 +22,10 @@ struct Dialect {
     UINT clear;
     UINT select;
     UINT selected;
-    WORD selectionChanged;
 };
 
-constexpr Dialect listDialect{LB_GETCOUNT,  LB_ADDSTRING, LB_RESETCONTENT,
-                              LB_SETCURSEL, LB_GETCURSEL, LBN_SELCHANGE};
-constexpr Dialect comboDialect{CB_GETCOUNT,  CB_ADDSTRING, CB_RESETCONTENT,
-                               CB_SETCURSEL, CB_GETCURSEL, CBN_SELCHANGE};
+constexpr Dialect listDialect{LB_GETCOUNT, LB_ADDSTRING, LB_RESETCONTENT, LB_SETCURSEL, LB_GETCURSEL};
+constexpr Dialect comboDialect{CB_GETCOUNT, CB_ADDSTRING, CB_RESETCONTENT, CB_SETCURSEL, CB_GETCURSEL};
 
 class ListPeer : public WindowPeer {
   public:
@@ -44,11 +45,6 @@ class ListPeer : public WindowPeer {
         }
     }
 
-    void command(WORD code, WORD /*id*/) override {
-        if (code == dialect_.selectionChanged)
-            list_.selected(static_cast<int>(SendMessageA(handle(), dialect_.selected, 0, 0)));
-    }
-
   protected:
     ListPeer(forms::ItemList& list, const Dialect& dialect)
         : WindowPeer(list), list_(list), dialect_(dialect) {}
@@ -60,6 +56,10 @@ class ListPeer : public WindowPeer {
         follow();
         changed(forms::Property::selection);
     }
+
+    forms::ItemList& list() const { return list_; }
+    /// The row that the window has selected.
+    int row() const { return static_cast<int>(SendMessageA(handle(), dialect_.selected, 0, 0)); }
 
   private:
     /// Rows are only appended, or all of them removed.
@@ -91,6 +91,11 @@ class ListBoxPeer : public ListPeer {
         ListPeer::changed(property);
     }
 
+    void command(WORD code, WORD /*id*/) override {
+        if (code == LBN_SELCHANGE)
+            list().selected(row());
+    }
+
   protected:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message != filledMessage)
@@ -113,6 +118,12 @@ class ListBoxPeer : public ListPeer {
     bool holding_ = false; ///< the window does not paint until the filling is over
 };
 
+/// In an open list keys and the mouse move the highlight, with notifications or without, and how it closes
+/// decides in which order the rest is told: with the mouse, that it has closed comes before what was chosen;
+/// with some keys nothing is. So what happens in an open list does not count. Once it has closed, and all
+/// that comes with that has been heard, the window's row is the one that was taken. Two ways of closing take
+/// none: Esc, and a press of the mouse or a program elsewhere; the system asks to ignore what was highlighted
+/// then.
 class ComboBoxPeer : public ListPeer {
   public:
     explicit ComboBoxPeer(forms::ComboBox& list) : ListPeer(list, comboDialect) {
@@ -120,7 +131,52 @@ class ComboBoxPeer : public ListPeer {
         fill();
     }
 
+    void command(WORD code, WORD /*id*/) override {
+        switch (code) {
+        case CBN_DROPDOWN:
+            open_ = true;
+            cancelled_ = false;
+            break;
+        case CBN_CLOSEUP:
+            // A row is chosen where the button is let go.
+            if (mouseButtonDown())
+                cancelled_ = true;
+            if (PostMessageA(handle(), closedMessage, 0, 0) == FALSE)
+                settle();
+            break;
+        case CBN_SELCHANGE:
+            if (!open_)
+                settle();
+            break;
+        default:
+            break;
+        }
+    }
+
   protected:
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
+        switch (message) {
+        case closedMessage:
+            settleIfClosed();
+            return 0;
+        case WM_KEYDOWN:
+            if (open_ && wParam == VK_ESCAPE)
+                cancelled_ = true;
+            break;
+        case WM_KILLFOCUS: {
+            if (open_ && of(reinterpret_cast<HWND>(wParam)) == nullptr)
+                cancelled_ = true;
+            const LRESULT result = defaultMessage(message, wParam, lParam);
+            // Who gets the focus may be a button that is being pressed by its mnemonic.
+            settleIfClosed();
+            return result;
+        }
+        default:
+            break;
+        }
+        return defaultMessage(message, wParam, lParam);
+    }
+
     /// The window's height is that of the field and the open list together; a short list takes less.
     RECT childPlace() const override {
         constexpr LONG listHeight = 160;
@@ -128,6 +184,32 @@ class ComboBoxPeer : public ListPeer {
         place.bottom += listHeight;
         return place;
     }
+
+  private:
+    static bool mouseButtonDown() {
+        return GetKeyState(VK_LBUTTON) < 0 || GetKeyState(VK_RBUTTON) < 0 || GetKeyState(VK_MBUTTON) < 0;
+    }
+
+    void settleIfClosed() {
+        if (open_ && handle() != nullptr && SendMessageA(handle(), CB_GETDROPPEDSTATE, 0, 0) == FALSE)
+            settle();
+    }
+
+    /// Window and model come to hold the same row: the window's, with a click if it is another one, unless it
+    /// was not taken or the click has led elsewhere.
+    void settle() {
+        // The click may unload the form.
+        const std::shared_ptr<Peer> kept = weak_from_this().lock();
+        open_ = false;
+        const int shown = row();
+        if (!std::exchange(cancelled_, false) && shown != list().listIndex())
+            list().selected(shown);
+        if (handle() != nullptr && row() != list().listIndex())
+            changed(forms::Property::selection);
+    }
+
+    bool open_ = false;      ///< the list is open, or has closed and that has not been settled
+    bool cancelled_ = false; ///< the open list takes no row
 };
 
 } // namespace

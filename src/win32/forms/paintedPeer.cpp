@@ -41,7 +41,7 @@ LRESULT PaintedPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
         RECT area;
         GetClientRect(handle(), &area);
         if (message == WM_PRINTCLIENT) {
-            paint(reinterpret_cast<HDC>(wParam), area); // NOLINT(performance-no-int-to-ptr)
+            paint(reinterpret_cast<HDC>(wParam), area);
             return 0;
         }
         PAINTSTRUCT painting;

@@ -52,10 +52,9 @@ Picture Surface::copy() const {
     if (impl_->pixels == nullptr)
         return {};
     GdiFlush();
-    constexpr std::uint32_t opaque = 0xFF000000;
     std::vector<std::uint32_t> pixels(impl_->pixels, impl_->pixels + impl_->count());
     for (std::uint32_t& pixel : pixels)
-        pixel |= opaque;
+        pixel |= forms::opaque;
     return {impl_->width, impl_->height, std::move(pixels)};
 }
 

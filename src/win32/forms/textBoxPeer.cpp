@@ -1,4 +1,5 @@
 // A text box: the system's edit field of one line, in step with the model both ways.
+#include "win32/common/windowChanges.h"
 #include "win32/forms/dialogKeys.h"
 #include "win32/forms/peers.h"
 #include "win32/forms/windowPeer.h"
@@ -109,7 +110,7 @@ class TextBoxPeer : public WindowPeer {
     /// The field's own handling of a button moves the caret: an event that selects is to have the last word.
     LRESULT mouse(UINT message, WPARAM wParam, LPARAM lParam) {
         if (message == WM_RBUTTONDOWN)
-            SetFocus(handle());
+            focusWindow(handle());
         const LRESULT result = defaultMessage(message, wParam, lParam);
         readSelection();
         selectionAssigned_ = false;
@@ -122,7 +123,7 @@ class TextBoxPeer : public WindowPeer {
     }
 
     static bool isTab(LPARAM asked) {
-        const auto* message = reinterpret_cast<const MSG*>(asked); // NOLINT(performance-no-int-to-ptr)
+        const auto* message = reinterpret_cast<const MSG*>(asked);
         return message != nullptr && message->message == WM_KEYDOWN && message->wParam == VK_TAB;
     }
 

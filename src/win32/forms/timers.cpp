@@ -2,7 +2,7 @@
 #include "forms/peer.h"
 #include "forms/timer.h"
 
-#include "core/guard.h"
+#include "runtime/guard.h"
 
 #include <windows.h>
 
@@ -27,7 +27,7 @@ void CALLBACK elapsed(HWND /*window*/, UINT /*message*/, UINT_PTR id, DWORD /*ti
     if (found == running().end())
         return;
     forms::Timer* const timer = found->timer;
-    core::guarded([timer] { timer->elapsed(); });
+    runtime::guarded([timer] { timer->elapsed(); });
 }
 
 } // namespace

@@ -1,9 +1,11 @@
-// A toolbar: the system's own control. Its rows are those of the model, so that both agree on the height.
+// A toolbar: the system's own control, which wraps its buttons by itself. The model has its height from here.
 #include "win32/forms/bitmaps.h"
 #include "win32/forms/peers.h"
 #include "win32/forms/windowPeer.h"
 
 #include "forms/toolbar.h"
+#include "forms/toolbarLayout.h"
+#include "forms/units.h"
 
 #include <algorithm>
 #include <cstring>
@@ -14,8 +16,8 @@ namespace win32 {
 
 namespace {
 
-/// Posted to ourselves: the buttons have changed.
-constexpr UINT rebuildMessage = WM_APP + 1;
+/// Posted to ourselves: there is something to catch up with.
+constexpr UINT catchUpMessage = WM_APP + 1;
 
 /// Command numbers of the buttons begin here.
 constexpr int firstCommand = 1;
@@ -24,15 +26,15 @@ class ToolbarPeer : public WindowPeer {
   public:
     explicit ToolbarPeer(forms::Toolbar& toolbar) : WindowPeer(toolbar), toolbar_(toolbar) {
         createChild(TOOLBARCLASSNAMEA, {},
-                    TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | TBSTYLE_TRANSPARENT | CCS_NODIVIDER |
+                    TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | TBSTYLE_TRANSPARENT | TBSTYLE_WRAPABLE | CCS_NODIVIDER |
                         CCS_NOPARENTALIGN | CCS_NORESIZE | WS_CLIPSIBLINGS);
         if (handle() == nullptr)
             return;
         SendMessageA(handle(), TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
         SendMessageA(handle(), TB_SETUNICODEFORMAT, FALSE, 0);
         showWholeTips();
-        changed(forms::Property::imageList);
-        changed(forms::Property::buttons);
+        behind_ = true;
+        catchUp();
     }
 
     ~ToolbarPeer() override {
@@ -48,15 +50,42 @@ class ToolbarPeer : public WindowPeer {
         switch (property) {
         case forms::Property::imageList:
             imagesDirty_ = true;
-            rebuildLater();
+            catchUpLater();
             break;
         case forms::Property::buttons:
-            rebuildLater();
+        case forms::Property::position:
+            catchUpLater();
             break;
         default:
             WindowPeer::changed(property);
             break;
         }
+    }
+
+    /// The buttons are put in anew after each change, of the width too: how the control breaks its rows
+    /// depends on where it has broken them before (where separators are adjacent, under Wine), and the same
+    /// toolbar is to look the same whatever has been done to it.
+    void catchUp() override {
+        if (!behind_ || handle() == nullptr)
+            return;
+        behind_ = false;
+        // Nothing is painted on the way, and what is painted in the end is painted once.
+        SendMessageA(handle(), WM_SETREDRAW, FALSE, 0);
+        for (auto left = SendMessageA(handle(), TB_BUTTONCOUNT, 0, 0); left > 0; --left)
+            SendMessageA(handle(), TB_DELETEBUTTON, static_cast<WPARAM>(left - 1), 0);
+        // Buttons that come find the width that they are to be wrapped to.
+        takePlace(forms::toolbarButtonHeight);
+        renewImages();
+        SendMessageA(handle(), TB_SETBUTTONSIZE, 0,
+                     MAKELPARAM(forms::toolbarButtonWidth, forms::toolbarButtonHeight));
+        const std::vector<TBBUTTON> buttons = nativeButtons();
+        SendMessageA(handle(), TB_ADDBUTTONSA, buttons.size(), reinterpret_cast<LPARAM>(buttons.data()));
+        SendMessageA(handle(), TB_AUTOSIZE, 0, 0);
+        const int height = lowestEdge(buttons.size());
+        toolbar_.rowsLaidOut(height);
+        takePlace(height);
+        SendMessageA(handle(), WM_SETREDRAW, TRUE, 0);
+        InvalidateRect(handle(), nullptr, TRUE);
     }
 
     LRESULT notify(NMHDR& header) override {
@@ -72,23 +101,18 @@ class ToolbarPeer : public WindowPeer {
   protected:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
         switch (message) {
-        case rebuildMessage:
+        case catchUpMessage:
         case WM_PAINT:
-            rebuild();
-            break;
         case WM_MOUSEMOVE:
         case WM_LBUTTONDOWN:
-            rebuild();
-            break;
-        case WM_LBUTTONUP:
-            return released(message, wParam, lParam);
+        // Asked from outside: the answer is to be the present one.
         case TB_GETROWS:
         case TB_GETITEMRECT:
         case TB_BUTTONCOUNT:
-            // Asked from outside: the answer is to be the present one.
-            if (!rebuilding_)
-                rebuild();
+            catchUp();
             break;
+        case WM_LBUTTONUP:
+            return released(message, wParam, lParam);
         default:
             break;
         }
@@ -106,7 +130,7 @@ class ToolbarPeer : public WindowPeer {
     }
 
     void showWholeTips() {
-        const auto tips = reinterpret_cast<HWND>(SendMessageA(handle(), TB_GETTOOLTIPS, 0, 0)); // NOLINT
+        const auto tips = reinterpret_cast<HWND>(SendMessageA(handle(), TB_GETTOOLTIPS, 0, 0));
         if (tips != nullptr)
             SetWindowLongA(tips, GWL_STYLE, GetWindowLongA(tips, GWL_STYLE) | TTS_NOPREFIX | TTS_ALWAYSTIP);
     }
@@ -122,28 +146,25 @@ class ToolbarPeer : public WindowPeer {
     }
 
     /// A list of buttons is built one by one; the window follows once.
-    void rebuildLater() {
-        if (!dirty_)
-            PostMessageA(handle(), rebuildMessage, 0, 0);
-        dirty_ = true;
+    void catchUpLater() {
+        if (!behind_)
+            PostMessageA(handle(), catchUpMessage, 0, 0);
+        behind_ = true;
     }
 
-    void rebuild() {
-        if (!dirty_ || handle() == nullptr)
-            return;
-        dirty_ = false;
-        rebuilding_ = true;
-        SendMessageA(handle(), WM_SETREDRAW, FALSE, 0);
-        for (auto left = SendMessageA(handle(), TB_BUTTONCOUNT, 0, 0); left > 0; --left)
-            SendMessageA(handle(), TB_DELETEBUTTON, static_cast<WPARAM>(left - 1), 0);
-        renewImages();
-        const std::vector<TBBUTTON> buttons = nativeButtons();
-        SendMessageA(handle(), TB_ADDBUTTONSA, buttons.size(), reinterpret_cast<LPARAM>(buttons.data()));
-        SendMessageA(handle(), TB_SETBUTTONSIZE, 0,
-                     MAKELPARAM(forms::toolbarButtonWidth, forms::toolbarButtonHeight));
-        SendMessageA(handle(), WM_SETREDRAW, TRUE, 0);
-        rebuilding_ = false;
-        InvalidateRect(handle(), nullptr, TRUE);
+    /// Gives the window its place, with a height in pixels.
+    void takePlace(int height) {
+        SetWindowPos(handle(), nullptr, forms::toPixels(toolbar_.left()), forms::toPixels(toolbar_.top()),
+                     forms::toPixels(toolbar_.width()), height, SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+
+    /// Of so many buttons that the control has, in pixels: that of the last, which stands in the last row.
+    /// One row if there are none.
+    int lowestEdge(std::size_t buttons) {
+        RECT last{0, 0, 0, forms::toolbarButtonHeight};
+        if (buttons > 0)
+            SendMessageA(handle(), TB_GETITEMRECT, buttons - 1, reinterpret_cast<LPARAM>(&last));
+        return static_cast<int>(last.bottom);
     }
 
     void renewImages() {
@@ -162,30 +183,18 @@ class ToolbarPeer : public WindowPeer {
     }
 
     std::vector<TBBUTTON> nativeButtons() const {
-        const forms::ToolbarLayout& layout = toolbar_.layout();
         std::vector<TBBUTTON> buttons;
         buttons.reserve(toolbar_.buttons().size());
-        std::size_t lastShown = 0;
         for (const forms::ToolbarButton& button : toolbar_.buttons()) {
-            const std::size_t index = buttons.size();
-            const forms::ButtonCell& cell = layout.cells[index];
             const bool separator = button.style == forms::ButtonStyle::separator;
             TBBUTTON made{};
             made.iBitmap = separator           ? forms::toolbarSeparatorWidth
                            : button.image == 0 ? I_IMAGENONE
                                                : button.image - 1;
-            made.idCommand = firstCommand + static_cast<int>(index);
+            made.idCommand = firstCommand + static_cast<int>(buttons.size());
             made.fsState = TBSTATE_ENABLED;
             made.fsStyle = separator ? BTNS_SEP : BTNS_BUTTON;
             made.iString = -1;
-            if (cell.hidden) {
-                made.fsState |= TBSTATE_HIDDEN;
-            } else {
-                // The break stands on the last button that is shown in a row.
-                if (index > 0 && cell.row > layout.cells[lastShown].row)
-                    buttons[lastShown].fsState |= TBSTATE_WRAP;
-                lastShown = index;
-            }
             buttons.push_back(made);
         }
         return buttons;
@@ -193,10 +202,9 @@ class ToolbarPeer : public WindowPeer {
 
     forms::Toolbar& toolbar_;
     HIMAGELIST images_ = nullptr;
-    int clicked_ = 0; ///< command number of the button that the control has reported
-    bool dirty_ = false;
+    int clicked_ = 0;     ///< command number of the button that the control has reported
+    bool behind_ = false; ///< the window is to follow a change
     bool imagesDirty_ = true;
-    bool rebuilding_ = false;
 };
 
 } // namespace

@@ -1,8 +1,10 @@
 #include "win32/forms/windowPeer.h"
 
-#include "core/guard.h"
 #include "forms/event.h"
 #include "forms/units.h"
+#include "runtime/guard.h"
+#include "win32/common/resolution.h"
+#include "win32/common/windowChanges.h"
 #include "win32/forms/containerPeer.h"
 #include "win32/forms/dialogKeys.h"
 #include "win32/forms/hosted.h"
@@ -49,7 +51,7 @@ WindowPeer::~WindowPeer() {
         peers().erase(window);
         setToolTip(window, {});
         RemoveWindowSubclass(window, procedure, subclassId);
-        DestroyWindow(window);
+        destroyWindow(window);
     }
     if (font_ != nullptr)
         DeleteObject(font_);
@@ -79,7 +81,7 @@ void WindowPeer::createChild(const char* className, const std::string& text, DWO
     if (control_.tabStop)
         style |= WS_TABSTOP;
     const RECT place = childPlace();
-    const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(nextChildId())); // NOLINT
+    const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(nextChildId()));
     adopt(CreateWindowExA(exStyle | WS_EX_NOPARENTNOTIFY, className, text.c_str(), style | WS_CHILD,
                           place.left, place.top, place.right - place.left, place.bottom - place.top,
                           container->handle(), id, GetModuleHandleA(nullptr), nullptr));
@@ -144,7 +146,7 @@ void WindowPeer::adopt(HWND window) {
 
 LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                        UINT_PTR /*id*/, DWORD_PTR peer) {
-    auto* const self = reinterpret_cast<WindowPeer*>(peer); // NOLINT(performance-no-int-to-ptr)
+    auto* const self = reinterpret_cast<WindowPeer*>(peer);
     // An event may unload the form: the peer lives until its event has returned.
     const std::shared_ptr<Peer> kept = self->weak_from_this().lock();
     LRESULT result = 0;
@@ -155,10 +157,9 @@ LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam,
         RemoveWindowSubclass(window, procedure, subclassId);
         result = DefSubclassProc(window, message, wParam, lParam);
         self->handle_ = nullptr;
-        self->destroyed();
         return result;
     }
-    core::guarded([&] {
+    runtime::guarded([&] {
         if (self->mouseEventsFirst())
             self->reportMouse(message, wParam, lParam);
         // An event may have unloaded the form and the window with it.
@@ -225,7 +226,7 @@ void WindowPeer::changed(forms::Property property) {
     case forms::Property::visible:
         if (!control_.visible())
             leaveFocus();
-        ShowWindow(handle_, control_.visible() ? SW_SHOWNOACTIVATE : SW_HIDE);
+        showWindow(handle_, control_.visible() ? SW_SHOWNOACTIVATE : SW_HIDE);
         break;
     case forms::Property::colours:
         applyFont();
@@ -256,12 +257,12 @@ void WindowPeer::leaveFocus() const {
         next = GetNextDlgTabItem(dialog, next, FALSE);
     while (next != nullptr && next != focus && within(next));
     if (next != nullptr && next != focus)
-        SetFocus(next);
+        focusWindow(next);
 }
 
 void WindowPeer::setFocus() {
     if (handle_ != nullptr)
-        SetFocus(handle_);
+        focusWindow(handle_);
 }
 
 std::string WindowPeer::windowText() const {
@@ -280,10 +281,8 @@ void WindowPeer::applyFont() {
     if (handle_ == nullptr)
         return;
     const forms::Font& wanted = control_.font();
-    constexpr int dotsPerInch = 96; // the screen's, as a program that knows nothing of others sees it
-    constexpr int pointsPerInch = 72;
     LOGFONTA description{};
-    description.lfHeight = -static_cast<LONG>(wanted.points * dotsPerInch / pointsPerInch + 0.5F);
+    description.lfHeight = fontHeight(wanted.points, dotsPerInch);
     description.lfWeight = wanted.bold ? FW_BOLD : FW_NORMAL;
     description.lfItalic = wanted.italic ? TRUE : FALSE;
     description.lfCharSet = DEFAULT_CHARSET;
@@ -308,7 +307,7 @@ void registerClass(const char* name) {
     description.lpfnWndProc = DefWindowProcA;
     description.hInstance = GetModuleHandleA(nullptr);
     description.hCursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
-    description.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_BTNFACE + 1)); // NOLINT
+    description.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_BTNFACE + 1));
     description.hIcon = LoadIconA(description.hInstance, MAKEINTRESOURCEA(1));
     description.lpszClassName = name;
     RegisterClassExA(&description);

@@ -8,7 +8,7 @@
 #include "forms/control.h"
 #include "forms/form.h"
 #include "forms/peer.h"
-#include "win32/platform/native.h"
+#include "win32/common/native.h"
 
 #include <windows.h>
 
@@ -66,8 +66,6 @@ class WindowPeer : public forms::Peer {
     /// Sets the window's text if it differs.
     void setWindowText(const std::string& text);
     void applyFont();
-    /// The window has been destroyed; handle() is null from here on.
-    virtual void destroyed() {}
 
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,

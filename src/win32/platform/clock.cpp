@@ -1,6 +1,6 @@
 #include "platform/clock.h"
 
-#include "platform/system.h"
+#include "platform/codePage.h"
 #include "runtime/runtimeError.h"
 
 #include <windows.h>

@@ -1,8 +1,9 @@
 #include "platform/comdlg32.h"
 
-#include "win32/forms/modal.h"
-#include "win32/platform/focusKeeper.h"
-#include "win32/platform/native.h"
+#include "win32/common/focusKeeper.h"
+#include "win32/common/holding.h"
+#include "win32/common/native.h"
+#include "win32/common/ownerWindow.h"
 
 #include <windows.h>
 
@@ -31,7 +32,7 @@ int show(BOOL(WINAPI* dialog)(LPOPENFILENAMEA), platform::OPENFILENAMEA& record)
     made.Flags = record.Flags;
     made.lpstrDefExt = record.lpstrDefExt;
     const win32::FocusKeeper keeper;
-    const win32::HoldAll hold;
+    const win32::Hold hold;
     return dialog(&made);
 }
 

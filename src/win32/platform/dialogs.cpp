@@ -1,38 +1,17 @@
-// Message box and input box, and the keyboard's way back from them.
-#include "platform/system.h"
+// Message box and input box.
+#include "platform/dialogs.h"
 
-#include "core/hauptform.h"
 #include "forms/button.h"
 #include "forms/form.h"
 #include "forms/label.h"
 #include "forms/textBox.h"
-#include "win32/forms/modal.h"
-#include "win32/platform/focusKeeper.h"
-#include "win32/platform/native.h"
+#include "win32/common/focusKeeper.h"
+#include "win32/common/holding.h"
+#include "win32/common/ownerWindow.h"
 
 #include <windows.h>
 
 namespace win32 {
-
-HWND ownerWindow() {
-    return core::hauptform() == nullptr ? nullptr : native(core::hauptform()->hWnd());
-}
-
-FocusKeeper::FocusKeeper() : front_(GetForegroundWindow()) {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof info;
-    if (GetGUIThreadInfo(GetWindowThreadProcessId(front_, nullptr), &info) != FALSE)
-        focus_ = info.hwndFocus;
-}
-
-FocusKeeper::~FocusKeeper() {
-    if (front_ == nullptr || IsWindow(front_) == FALSE || !answers(front_))
-        return;
-    SetForegroundWindow(front_);
-    // The input of a host is joined with ours, so that the focus inside it can be set from here.
-    if (focus_ != nullptr && IsWindow(focus_) != FALSE)
-        SetFocus(focus_);
-}
 
 namespace {
 
@@ -89,7 +68,7 @@ namespace platform {
 
 int msgBox(std::string_view text, int style, std::string_view title) {
     const win32::FocusKeeper keeper;
-    const win32::HoldAll hold;
+    const win32::Hold hold;
     return MessageBoxA(win32::ownerWindow(), std::string(text).c_str(), std::string(title).c_str(),
                        static_cast<UINT>(style) | MB_SETFOREGROUND);
 }
@@ -98,6 +77,10 @@ std::string inputBox(std::string_view prompt, std::string_view title) {
     win32::InputForm form(prompt, title);
     form.showModal();
     return form.answer;
+}
+
+void beep() {
+    MessageBeep(MB_OK);
 }
 
 } // namespace platform

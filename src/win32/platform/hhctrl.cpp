@@ -1,7 +1,7 @@
 #include "platform/hhctrl.h"
 
 #include "runtime/runtimeError.h"
-#include "win32/platform/native.h"
+#include "win32/common/native.h"
 
 #include <windows.h>
 

@@ -15,7 +15,7 @@ bool walk(BOOL(WINAPI* step)(HANDLE, LPPROCESSENTRY32), platform::HANDLE snapsho
     ::PROCESSENTRY32 record{};
     record.dwSize = sizeof record;
     if (entry.dwSize != platform::processRecordSize ||
-        step(reinterpret_cast<HANDLE>(snapshot), &record) == FALSE) // NOLINT(performance-no-int-to-ptr)
+        step(reinterpret_cast<HANDLE>(snapshot), &record) == FALSE)
         return false;
     entry.th32ProcessID = record.th32ProcessID;
     std::copy_n(record.szExeFile, sizeof entry.szExeFile, entry.szExeFile);

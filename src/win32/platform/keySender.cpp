@@ -1,7 +1,8 @@
 // Injects key strokes: one batch for a text, so that nothing the user types gets between.
-#include "platform/system.h"
+#include "platform/keySender.h"
 
-#include "win32/forms/modal.h"
+#include "platform/codePage.h"
+#include "win32/common/messages.h"
 
 #include <windows.h>
 
@@ -10,8 +11,8 @@
 
 namespace {
 
-using runtime::Key;
-using runtime::KeyStroke;
+using platform::Key;
+using platform::KeyStroke;
 
 using Inputs = std::vector<INPUT>;
 
@@ -117,7 +118,10 @@ void addStroke(Inputs& inputs, const KeyStroke& stroke, std::string& text) {
 
 /// Serves our own messages until the window in front answers, but not for ever.
 void waitUntilProcessed() {
+    // Milliseconds: longer than EAGLE redraws a board after a command, so that what is typed next finds it
+    // ready, and well below the 5 s after which the system tells a program that hangs from one that is busy.
     constexpr DWORD longest = 2000;
+    // Between two looks at our own messages: shorter than the 200 from tick to tick.
     constexpr UINT slice = 50;
     const DWORD begin = GetTickCount();
     do {
@@ -133,7 +137,7 @@ void waitUntilProcessed() {
 
 namespace platform {
 
-void sendKeys(std::span<const runtime::KeyStroke> strokes, bool wait) {
+void sendKeys(std::span<const KeyStroke> strokes, bool wait) {
     Inputs inputs;
     inputs.reserve(strokes.size() * 2 + 8);
     releaseModifiers(inputs);

@@ -20,7 +20,10 @@ DWORD WINAPI run(void* parameter) {
 /// Waits for the end of the thread. Other programs may send messages to our windows meanwhile, the work's own
 /// calls among them: those are answered.
 bool await(HANDLE thread) {
-    constexpr DWORD patience = 3000; // milliseconds
+    // Milliseconds. A host that answers does so well within this; for one that does not the system takes half
+    // a minute. It has to stay below the 5 s after which a thread that fetches no message counts as hung:
+    // ours shares its input with EAGLE's.
+    constexpr DWORD patience = 3000;
     const ULONGLONG begin = GetTickCount64();
     for (;;) {
         const ULONGLONG passed = GetTickCount64() - begin;

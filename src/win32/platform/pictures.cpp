@@ -1,5 +1,5 @@
 // The pictures that the program carries as resources: GIF files, read by the system.
-#include "platform/system.h"
+#include "forms/picture.h"
 
 #include "win32/forms/bitmaps.h"
 
@@ -49,22 +49,21 @@ forms::Picture pixelsOf(HBITMAP bitmap) {
     ReleaseDC(nullptr, screen);
     if (rows != shape.bmHeight)
         return {};
-    constexpr std::uint32_t opaque = 0xFF000000U;
     for (std::uint32_t& pixel : pixels)
-        pixel |= opaque;
+        pixel |= forms::opaque;
     return {shape.bmWidth, shape.bmHeight, std::move(pixels)};
 }
 
 } // namespace
 
-namespace platform {
+namespace forms {
 
-forms::Picture loadPicture(std::string_view name) {
+Picture loadPicture(std::string_view name) {
     IStream* const stream = streamOf(std::string(name));
     if (stream == nullptr)
         return {};
     IPicture* read = nullptr;
-    forms::Picture picture;
+    Picture picture;
     OLE_HANDLE handle = 0;
     if (SUCCEEDED(OleLoadPicture(stream, 0, FALSE, IID_IPicture, reinterpret_cast<void**>(&read)))) {
         if (SUCCEEDED(read->get_Handle(&handle)))
@@ -75,4 +74,4 @@ forms::Picture loadPicture(std::string_view name) {
     return picture;
 }
 
-} // namespace platform
+} // namespace forms

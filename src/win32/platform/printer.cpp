@@ -1,7 +1,8 @@
 #include "platform/printer.h"
 
 #include "runtime/runtimeError.h"
-#include "win32/forms/modal.h"
+#include "win32/common/holding.h"
+#include "win32/common/resolution.h"
 
 #include <windows.h>
 
@@ -33,16 +34,15 @@ class Job {
         if (dc_ == nullptr)
             fail();
         // Twelve to the inch: the longest line of a wrapped text fits on a sheet of A4.
-        constexpr int points = 10;
-        constexpr int pointsPerInch = 72;
-        font_ = CreateFontA(-MulDiv(points, GetDeviceCaps(dc_, LOGPIXELSY), pointsPerInch), 0, 0, 0,
-                            FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                            CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN, "Courier New");
+        constexpr float points = 10;
+        font_ = CreateFontA(win32::fontHeight(points, GetDeviceCaps(dc_, LOGPIXELSY)), 0, 0, 0, FW_NORMAL,
+                            FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
+                            DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN, "Courier New");
         DOCINFOA document{};
         document.cbSize = sizeof document;
         document.lpszDocName = "Kestrel";
         // A printer that writes a file asks for its name.
-        const win32::HoldAll hold;
+        const win32::Hold hold;
         if (font_ == nullptr || StartDocA(dc_, &document) <= 0) {
             release();
             fail();

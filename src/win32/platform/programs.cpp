@@ -1,11 +1,9 @@
-// Other programs, and this one's own place among them.
-#include "platform/system.h"
-#include "platform/user32.h"
+#include "platform/programs.h"
 
+#include "platform/user32.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
-#include "win32/forms/modal.h"
-#include "win32/platform/native.h"
+#include "win32/common/native.h"
 
 #include <windows.h>
 
@@ -46,7 +44,7 @@ struct TitleSearch {
 };
 
 BOOL CALLBACK compareTitle(HWND window, LPARAM parameter) {
-    auto& search = *reinterpret_cast<TitleSearch*>(parameter); // NOLINT(performance-no-int-to-ptr)
+    auto& search = *reinterpret_cast<TitleSearch*>(parameter);
     std::array<char, 512> title{};
     const int length = GetWindowTextA(window, title.data(), static_cast<int>(title.size()));
     const std::string seen = runtime::lowerCase({title.data(), static_cast<std::size_t>(length)});
@@ -93,22 +91,8 @@ bool previousInstance() {
     return mutex == nullptr || GetLastError() == ERROR_ALREADY_EXISTS;
 }
 
-void doEvents() {
-    win32::servePending();
-}
-
 void endProgram() {
     ExitProcess(0);
-}
-
-void beep() {
-    MessageBeep(MB_OK);
-}
-
-double twipsPerPixelX() {
-    constexpr double twipsPerInch = 1440;
-    constexpr double dotsPerInch = 96; // as a program that knows nothing of others sees the screen
-    return twipsPerInch / dotsPerInch;
 }
 
 } // namespace platform

@@ -1,7 +1,8 @@
 #include "platform/shell32.h"
 
-#include "win32/forms/modal.h"
-#include "win32/platform/native.h"
+#include "win32/common/holding.h"
+#include "win32/common/native.h"
+#include "win32/platform/iconChooser.h"
 #include "win32/platform/patience.h"
 
 #include <windows.h>
@@ -54,7 +55,7 @@ NOTIFYICONDATAA trayRecord(const platform::NOTIFYICONDATA& record) {
     made.uID = record.uID;
     made.uFlags = record.uFlags;
     made.uCallbackMessage = record.uCallbackMessage;
-    made.hIcon = reinterpret_cast<HICON>(record.hIcon); // NOLINT(performance-no-int-to-ptr)
+    made.hIcon = reinterpret_cast<HICON>(record.hIcon);
     static_assert(sizeof made.szTip >= sizeof record.szTip);
     std::copy(std::begin(record.szTip), std::end(record.szTip), made.szTip);
     return made;
@@ -82,21 +83,16 @@ int iconCount(const char* file) {
     return count > INT_MAX ? 0 : static_cast<int>(count);
 }
 
-int PickIconDlg(HWND owner, std::span<char16_t> file, std::int32_t& index) {
-    using Chooser = int(WINAPI*)(::HWND, wchar_t*, UINT, int*);
+int PickIconDlg(HWND owner, std::string& file, std::int32_t& index) {
     constexpr WORD ordinal = 62; // it has no name
     const FARPROC found = GetProcAddress(GetModuleHandleA("shell32.dll"), MAKEINTRESOURCEA(ordinal));
     if (found == nullptr)
-        return -1;
-    Chooser choose = nullptr;
+        return noIconChooser;
+    win32::IconChooser choose = nullptr;
     static_assert(sizeof choose == sizeof found);
     std::memcpy(&choose, &found, sizeof choose);
-    const win32::HoldAll hold;
-    int chosen = index;
-    const int result = choose(win32::native(owner), reinterpret_cast<wchar_t*>(file.data()),
-                              static_cast<UINT>(file.size()), &chosen);
-    index = chosen;
-    return result;
+    const win32::Hold hold;
+    return win32::callIconChooser(choose, win32::native(owner), file, index);
 }
 
 bool Shell_NotifyIconA(std::uint32_t message, const NOTIFYICONDATA& record) {

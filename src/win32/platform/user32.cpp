@@ -1,6 +1,7 @@
 #include "platform/user32.h"
 
-#include "win32/platform/native.h"
+#include "win32/common/native.h"
+#include "win32/common/windowChanges.h"
 
 using win32::isForeign;
 using win32::native;
@@ -8,23 +9,14 @@ using win32::neutral;
 
 namespace {
 
-/// Longest wait for a window of another program, in milliseconds; none at all if it is known to hang.
-constexpr UINT patience = 200;
-
 struct Enumeration {
     platform::EnumWindowsCallback callback;
     std::intptr_t extra;
 };
 
 BOOL CALLBACK passOn(HWND window, LPARAM parameter) {
-    const auto& enumeration =
-        *reinterpret_cast<const Enumeration*>(parameter); // NOLINT(performance-no-int-to-ptr)
+    const auto& enumeration = *reinterpret_cast<const Enumeration*>(parameter);
     return enumeration.callback(neutral(window), enumeration.extra);
-}
-
-void changeStyle(HWND window, DWORD clear, DWORD set) {
-    const auto style = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
-    SetWindowLongA(window, GWL_STYLE, static_cast<LONG>((style & ~clear) | set));
 }
 
 } // namespace
@@ -65,17 +57,7 @@ bool GetClientRect(HWND window, RECT& rect) {
 }
 
 HWND SetParent(HWND child, HWND parent) {
-    // The styles must fit before the window goes in and after it has come out.
-    if (parent != HWND::none) {
-        if (::IsWindow(native(parent)) == FALSE)
-            return HWND::none;
-        changeStyle(native(child), WS_POPUP, WS_CHILD);
-    }
-    const ::HWND former = ::SetParent(native(child), native(parent));
-    const bool refused = former == nullptr && parent != HWND::none;
-    if (parent == HWND::none || refused)
-        changeStyle(native(child), WS_CHILD, WS_POPUP);
-    return neutral(former);
+    return neutral(win32::putInto(native(child), native(parent)));
 }
 
 bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint) {
@@ -90,26 +72,16 @@ bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int widt
                   std::uint32_t flags) {
     // A window of another program is never waited for.
     const UINT async = isForeign(native(window)) ? SWP_ASYNCWINDOWPOS : 0U;
-    return ::SetWindowPos(native(window),
-                          reinterpret_cast<::HWND>(insertAfter), // NOLINT(performance-no-int-to-ptr)
-                          x, y, width, height, flags | async) != FALSE;
+    return ::SetWindowPos(native(window), reinterpret_cast<::HWND>(insertAfter), x, y, width, height,
+                          flags | async) != FALSE;
 }
 
 bool BringWindowToTop(HWND window) {
-    const ::HWND raised = native(window);
-    if (!isForeign(raised))
-        return ::BringWindowToTop(raised) != FALSE;
-    if (::IsWindow(raised) == FALSE)
-        return false;
-    // The click that brought us here gives us the right to choose the window in front.
-    if (win32::answers(raised))
-        SetForegroundWindow(raised);
-    return ::SetWindowPos(raised, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_ASYNCWINDOWPOS) != FALSE;
+    return win32::raiseWindow(native(window));
 }
 
 bool ShowWindow(HWND window, int command) {
-    const ::HWND shown = native(window);
-    return (isForeign(shown) ? ShowWindowAsync(shown, command) : ::ShowWindow(shown, command)) != FALSE;
+    return win32::showWindow(native(window), command);
 }
 
 std::intptr_t SendMessageA(HWND window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) {
@@ -117,7 +89,8 @@ std::intptr_t SendMessageA(HWND window, std::uint32_t message, std::uintptr_t wP
     if (!isForeign(receiver))
         return ::SendMessageA(receiver, message, wParam, lParam);
     DWORD_PTR result = 0;
-    if (SendMessageTimeoutA(receiver, message, wParam, lParam, SMTO_ABORTIFHUNG, patience, &result) == 0 &&
+    if (SendMessageTimeoutA(receiver, message, wParam, lParam, SMTO_ABORTIFHUNG, win32::hostPatience,
+                            &result) == 0 &&
         message == WM_SETREDRAW)
         // Not waited for, but not lost either: the host would stay without drawing.
         SendNotifyMessageA(receiver, message, wParam, lParam);
@@ -139,12 +112,12 @@ bool RedrawWindow(HWND window, const RECT& rect, std::uint32_t flags) {
 
 bool DrawIconEx(HDC dc, int x, int y, HICON icon, int width, int height, std::uint32_t step,
                 std::uint32_t flags) {
-    return ::DrawIconEx(reinterpret_cast<::HDC>(dc), x, y, reinterpret_cast<::HICON>(icon), // NOLINT
-                        width, height, step, nullptr, flags) != FALSE;
+    return ::DrawIconEx(reinterpret_cast<::HDC>(dc), x, y, reinterpret_cast<::HICON>(icon), width, height,
+                        step, nullptr, flags) != FALSE;
 }
 
 bool DestroyIcon(HICON icon) {
-    return ::DestroyIcon(reinterpret_cast<::HICON>(icon)) != FALSE; // NOLINT(performance-no-int-to-ptr)
+    return ::DestroyIcon(reinterpret_cast<::HICON>(icon)) != FALSE;
 }
 
 void CharLowerBuffA(std::span<char> text) {

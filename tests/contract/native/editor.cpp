@@ -32,36 +32,36 @@ struct Editor {
 
     std::size_t lineEnd() const { return std::min(text.find('\n', caret), text.size()); }
 
-    void take(const runtime::KeyStroke& stroke) {
+    void take(const platform::KeyStroke& stroke) {
         const std::size_t before = caret == 0 ? 0 : caret - 1;
         const std::size_t behind = std::min(caret + 1, text.size());
         switch (stroke.key) {
-        case runtime::Key::none:
+        case platform::Key::none:
             type(stroke);
             break;
-        case runtime::Key::enter:
+        case platform::Key::enter:
             replaceSelection("\n");
             break;
-        case runtime::Key::backspace:
+        case platform::Key::backspace:
             if (anchor == caret)
                 anchor = before;
             replaceSelection({});
             break;
-        case runtime::Key::deleteKey:
+        case platform::Key::deleteKey:
             if (anchor == caret)
                 anchor = behind;
             replaceSelection({});
             break;
-        case runtime::Key::left:
+        case platform::Key::left:
             moveTo(before, stroke.shift);
             break;
-        case runtime::Key::right:
+        case platform::Key::right:
             moveTo(behind, stroke.shift);
             break;
-        case runtime::Key::home:
+        case platform::Key::home:
             moveTo(stroke.control ? 0 : lineStart(), stroke.shift);
             break;
-        case runtime::Key::end:
+        case platform::Key::end:
             moveTo(stroke.control ? text.size() : lineEnd(), stroke.shift);
             break;
         default:
@@ -69,7 +69,7 @@ struct Editor {
         }
     }
 
-    void type(const runtime::KeyStroke& stroke) {
+    void type(const platform::KeyStroke& stroke) {
         if (stroke.control || stroke.alt)
             throw std::logic_error("the edit field does not know this shortcut");
         char character = stroke.character;
@@ -81,9 +81,9 @@ struct Editor {
 
 } // namespace
 
-std::string textAfter(std::span<const runtime::KeyStroke> strokes) {
+std::string textAfter(std::span<const platform::KeyStroke> strokes) {
     Editor editor;
-    for (const runtime::KeyStroke& stroke : strokes)
+    for (const platform::KeyStroke& stroke : strokes)
         editor.take(stroke);
     std::string lines;
     for (const char character : editor.text)

@@ -1,7 +1,7 @@
 // An edit field of several lines as it answers key strokes, as far as the contract tests type into one.
 #pragma once
 
-#include "runtime/keyText.h"
+#include "platform/keyStroke.h"
 
 #include <span>
 #include <string>
@@ -9,6 +9,6 @@
 namespace contract {
 
 /// The text that an empty field holds after these strokes; lines end in CR LF.
-std::string textAfter(std::span<const runtime::KeyStroke> strokes);
+std::string textAfter(std::span<const platform::KeyStroke> strokes);
 
 } // namespace contract

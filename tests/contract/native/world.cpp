@@ -3,7 +3,8 @@
 
 #include "contract/native/editor.h"
 #include "desktop/desktop.h"
-#include "platform/system.h"
+#include "desktop/keyboard.h"
+#include "platform/messages.h"
 
 namespace contract {
 
@@ -65,7 +66,7 @@ platform::HWND World::openEditor() {
 }
 
 std::string World::editorText(platform::HWND editor) {
-    std::vector<runtime::KeyStroke> strokes;
+    std::vector<platform::KeyStroke> strokes;
     for (const desktop::TypedKeys& typed : desktop::world().typed)
         if (typed.window == editor)
             strokes.insert(strokes.end(), typed.strokes.begin(), typed.strokes.end());
@@ -151,6 +152,14 @@ int World::openIcons() {
     return static_cast<int>(desktop::world().icons.size());
 }
 
+int World::pickIcon(const ChooserAnswer& answer, std::string& file, std::int32_t& index, ChooserCall& call) {
+    desktop::world().chooserAnswers = {{answer.result, answer.file, answer.index}};
+    const int result = platform::PickIconDlg(platform::HWND::none, file, index);
+    const desktop::World::ChooserCall& made = desktop::world().chooserCalls.back();
+    call = {made.file, made.length, made.index};
+    return result;
+}
+
 std::optional<std::string> World::clipboardText() {
     return desktop::world().clipboard;
 }
@@ -165,8 +174,7 @@ bool World::withoutPrinter() {
 }
 
 void World::typeInto(forms::TextBox& box, std::string_view text) {
-    for (const char character : text)
-        box.typeCharacter(character);
+    desktop::typeInto(box, text);
 }
 
 std::string World::shownText(forms::TextBox& box) {

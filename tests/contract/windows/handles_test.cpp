@@ -3,11 +3,11 @@
 #include "contract/windows/icons.h"
 #include "contract/world.h"
 #include "core/hauptform.h"
-#include "platform/system.h"
+#include "platform/executable.h"
 #include "store/buttonLists.h"
 #include "store/frmIconChooser.h"
 #include "toolbars/frmToolbar.h"
-#include "win32/forms/modal.h"
+#include "win32/common/messages.h"
 
 #include <doctest/doctest.h>
 
@@ -77,6 +77,8 @@ void fillBoardButtons() {
 
 } // namespace
 
+TEST_SUITE_BEGIN("contract/windows/handles");
+
 TEST_CASE("a tick leaves one handle open, the snapshot of the process walk, and nothing else") {
     const contract::World world;
     core::Hauptform form;
@@ -134,7 +136,7 @@ TEST_CASE("an icon chooser that comes and goes leaves neither icons nor graphics
     const std::string file = world.iconFile(contract::IconSource::ico).path;
     int most = 0;
     const auto comeAndGo = [&] {
-        store::frmIconChooser form(platform::HWND::none, library, 2);
+        store::frmIconChooser form(platform::HWND::none, {library, 2});
         form.show();
         const auto painted = [&form] {
             RedrawWindow(reinterpret_cast<HWND>(form.hWnd()), nullptr, nullptr,
@@ -163,3 +165,5 @@ TEST_CASE("an icon chooser that comes and goes leaves neither icons nor graphics
     CHECK(openHandles() == handles);
     CHECK(openWindows() == windows);
 }
+
+TEST_SUITE_END();

@@ -5,7 +5,7 @@
 #include "forms/textBox.h"
 #include "forms/toolbar.h"
 #include "platform/user32.h"
-#include "win32/forms/modal.h"
+#include "win32/common/holding.h"
 
 #include <doctest/doctest.h>
 
@@ -74,10 +74,9 @@ void checkReturnsSoon(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
 
 } // namespace
 
-TEST_SUITE_BEGIN("contract");
+TEST_SUITE_BEGIN("contract/windows/hostedWindow");
 
-TEST_CASE(
-    "contract: pointer, wheel, menu and Alt key over a hosted window do not wait for a host that hangs") {
+TEST_CASE("pointer, wheel, menu and Alt key over a hosted window do not wait for a host that hangs") {
     World world;
     const platform::HWND host = world.openWindow("host", {100, 120, 900, 720});
     HostedForm form(host);
@@ -105,8 +104,7 @@ TEST_CASE(
     world.killOtherProgram();
 }
 
-TEST_CASE("contract: a hosted form that a dialog holds eats the clicks and stays enabled, or its host would "
-          "get them") {
+TEST_CASE("a hosted form that a dialog holds eats the clicks and stays enabled, or its host would get them") {
     World world;
     const platform::HWND host = world.openWindow("host", {100, 120, 900, 720});
     HostedForm form(host);
@@ -116,7 +114,7 @@ TEST_CASE("contract: a hosted form that a dialog holds eats the clicks and stays
                             MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN));
     };
     {
-        const win32::HoldAll hold;
+        const win32::Hold hold;
         CHECK(click(form.bar) == MA_NOACTIVATEANDEAT);
         CHECK(click(form.frame) == MA_NOACTIVATEANDEAT);
         CHECK(IsWindowEnabled(native(form)));
@@ -129,8 +127,7 @@ TEST_CASE("contract: a hosted form that a dialog holds eats the clicks and stays
     CHECK(click(form.frame) == MA_ACTIVATE);
 }
 
-TEST_CASE(
-    "contract: new colours of the system, told to top-level windows, reach the controls in a host's window") {
+TEST_CASE("new colours of the system, told to top-level windows, reach the controls in a host's window") {
     World world;
     HostedForm form(world.openWindow("host", {100, 120, 900, 720}));
     forms::TextBox field;
@@ -147,7 +144,7 @@ TEST_CASE(
     CHECK(inFrame.colourChanges == 2);
 }
 
-TEST_CASE("contract: a host that is busy while its drawing is switched on again draws afterwards") {
+TEST_CASE("a host that is busy while its drawing is switched on again draws afterwards") {
     World world;
     const platform::HWND host = world.openWindow("host", {100, 120, 900, 720});
     const auto draws = [host] {

@@ -2,8 +2,8 @@
 #include "contract/world.h"
 #include "forms/form.h"
 #include "forms/iconGrid.h"
-#include "win32/forms/modal.h"
-#include "win32/platform/native.h"
+#include "win32/common/messages.h"
+#include "win32/common/native.h"
 
 #include <doctest/doctest.h>
 
@@ -68,6 +68,8 @@ struct GridForm : forms::Form {
 using Told = std::vector<std::string>;
 
 } // namespace
+
+TEST_SUITE_BEGIN("contract/windows/iconGrid");
 
 TEST_CASE("the icons of a grid are numbered in its window, and new ones take the place of the old") {
     const contract::World world;
@@ -193,3 +195,5 @@ TEST_CASE("a double click may take the form away") {
     CHECK_FALSE(form.loaded());
     CHECK(IsWindow(view) == FALSE);
 }
+
+TEST_SUITE_END();

@@ -27,6 +27,8 @@ bool alike(std::uint32_t seen, std::uint32_t expected) {
 
 } // namespace
 
+TEST_SUITE_BEGIN("contract/windows/iconPicture");
+
 TEST_CASE("the picture of an icon is the one that stands in the file, opacity and colours") {
     const contract::World world;
     for (const char* name : {"brd.ico", "sch.ico", "lbr.ico"}) {
@@ -40,3 +42,5 @@ TEST_CASE("the picture of an icon is the one that stands in the file, opacity an
         CHECK_MESSAGE(wrong == 0, name);
     }
 }
+
+TEST_SUITE_END();

@@ -1,5 +1,5 @@
-// contract-tests.exe: the tests; with an argument the other program of the tests; under another name a
-// program that only tells that it was started.
+// contract-tests.exe: the tests; with an argument that says so the other program of the tests; under another
+// name a program that only tells that it was started.
 #define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>
 

@@ -1,7 +1,7 @@
 #include "contract/windows/otherProgram.h"
 
 #include "contract/windows/orders.h"
-#include "platform/system.h"
+#include "platform/messages.h"
 
 #include <stdexcept>
 

@@ -2,7 +2,7 @@
 #include "contract/world.h"
 #include "forms/form.h"
 #include "forms/timer.h"
-#include "win32/platform/native.h"
+#include "win32/common/native.h"
 
 #include <doctest/doctest.h>
 
@@ -18,6 +18,8 @@ struct Small : forms::Form {
 };
 
 } // namespace
+
+TEST_SUITE_BEGIN("contract/windows/ownedForm");
 
 TEST_CASE("a form stands in front of its owner, and without a living one it is nobody's or the program's") {
     const contract::World world;
@@ -46,3 +48,5 @@ TEST_CASE("a modal form whose owner goes waits no longer") {
     above.showModal(); // comes back
     CHECK(above.hWnd() == platform::HWND::none);
 }
+
+TEST_SUITE_END();

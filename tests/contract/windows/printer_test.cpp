@@ -111,9 +111,9 @@ int lastLeft(const FilePrinter& printer, std::string_view line) {
 
 } // namespace
 
-TEST_SUITE_BEGIN("contract");
+TEST_SUITE_BEGIN("contract/windows/printer");
 
-TEST_CASE("contract: a job goes to the printer when it is ended, and a full page makes room for the next") {
+TEST_CASE("a job goes to the printer when it is ended, and a full page makes room for the next") {
     if (contract::worldKind() != contract::WorldKind::wine) {
         MESSAGE("no printer of the tests' own: not tried");
         return;
@@ -137,7 +137,7 @@ TEST_CASE("contract: a job goes to the printer when it is ended, and a full page
     CHECK(pagesOf(printer) == 3);
 }
 
-TEST_CASE("contract: the longest line of a wrapped text fits on the page") {
+TEST_CASE("the longest line of a wrapped text fits on the page") {
     if (contract::worldKind() != contract::WorldKind::wine)
         return;
     World world;
@@ -148,7 +148,7 @@ TEST_CASE("contract: the longest line of a wrapped text fits on the page") {
     CHECK(left + left / 92 <= 2329);
 }
 
-TEST_CASE("contract: a printed line has a stop of the tab every eight columns") {
+TEST_CASE("a printed line has a stop of the tab every eight columns") {
     if (contract::worldKind() != contract::WorldKind::wine)
         return;
     World world;
@@ -161,7 +161,7 @@ TEST_CASE("contract: a printed line has a stop of the tab every eight columns") 
     CHECK(lastLeft(printer, "12345678\tm") == second);
 }
 
-TEST_CASE("contract: a line of ten thousand characters and one with NULs are printed") {
+TEST_CASE("a line of ten thousand characters and one with NULs are printed") {
     if (contract::worldKind() != contract::WorldKind::wine)
         return;
     World world;

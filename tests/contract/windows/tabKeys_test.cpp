@@ -6,8 +6,8 @@
 #include "forms/label.h"
 #include "forms/tabStrip.h"
 #include "forms/textBox.h"
+#include "win32/common/native.h"
 #include "win32/forms/dialogKeys.h"
-#include "win32/platform/native.h"
 
 #include <doctest/doctest.h>
 
@@ -58,7 +58,9 @@ class Dialog : public forms::Form {
 
 } // namespace
 
-TEST_CASE("contract: a tab strip is a stop of the Tab key in front of what stands on its page") {
+TEST_SUITE_BEGIN("contract/windows/tabKeys");
+
+TEST_CASE("a tab strip is a stop of the Tab key in front of what stands on its page") {
     const contract::World world;
     Dialog dialog;
     CHECK(dialog.after(dialog.ok) == &dialog.tabs);
@@ -69,7 +71,7 @@ TEST_CASE("contract: a tab strip is a stop of the Tab key in front of what stand
     CHECK(dialog.after(dialog.tabs) == &dialog.fields[2]);
 }
 
-TEST_CASE("contract: back again the Tab key comes to the strip behind its page") {
+TEST_CASE("back again the Tab key comes to the strip behind its page") {
     const contract::World world;
     Dialog dialog;
     constexpr bool back = true;
@@ -79,7 +81,7 @@ TEST_CASE("contract: back again the Tab key comes to the strip behind its page")
     CHECK(dialog.after(dialog.tabs, back) == &dialog.ok);
 }
 
-TEST_CASE("contract: a page without a stop is passed together with its strip") {
+TEST_CASE("a page without a stop is passed together with its strip") {
     const contract::World world;
     Dialog dialog;
     dialog.fields[0].setEnabled(false);
@@ -89,10 +91,12 @@ TEST_CASE("contract: a page without a stop is passed together with its strip") {
     CHECK(dialog.after(dialog.tabs, true) == &dialog.ok);
 }
 
-TEST_CASE("contract: from the last stop on a page that fills a dialog the Tab key comes to the strip") {
+TEST_CASE("from the last stop on a page that fills a dialog the Tab key comes to the strip") {
     const contract::World world;
     Dialog dialog;
     dialog.ok.setEnabled(false);
     CHECK(dialog.after(dialog.fields[1]) == &dialog.tabs);
     CHECK(dialog.after(dialog.tabs, true) == &dialog.fields[1]);
 }
+
+TEST_SUITE_END();

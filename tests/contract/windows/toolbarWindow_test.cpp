@@ -1,80 +1,59 @@
-// The system's toolbar control against the layout that the toolbar's model has worked out.
+// The system's toolbar control, which wraps its buttons by itself, against the layout of the model, which is
+// to be the same.
+#include "contract/windows/nativeBar.h"
 #include "contract/world.h"
-#include "forms/form.h"
-#include "forms/toolbar.h"
-#include "forms/units.h"
+#include "forms/toolbarLayout.h"
+#include "fuzz/random.h"
 
 #include <doctest/doctest.h>
 
-#include <windows.h>
-
-#include <commctrl.h>
-
+#include <sstream>
 #include <string>
 
 namespace {
 
+using contract::ask;
+using contract::BarForm;
 using contract::World;
 
-class BarForm : public forms::Form {
-  public:
-    BarForm() {
-        borderStyle = forms::BorderStyle::sizableToolWindow;
-        showInTaskbar = false;
-        activates = false;
-        setClientSize(1800, 300);
-        bar.setImageList(&images);
-        bar.place(*this, {});
+/// The places of all buttons as they are compared. Those of separators too, but under Wine alone: which
+/// rectangle Windows tells for one that ends a row is not known, and nobody sees it.
+template <typename Place>
+std::string allPlaces(const BarForm& form, Place place) {
+    std::ostringstream all;
+    for (std::size_t index = 0; index < form.bar.buttons().size(); ++index) {
+        const bool separator = form.bar.buttons()[index].style == forms::ButtonStyle::separator;
+        if (separator && contract::worldKind() != contract::WorldKind::wine)
+            continue;
+        const RECT rect = place(index, separator);
+        all << rect.left << ',' << rect.top << '-' << rect.right << ',' << rect.bottom << ' ';
     }
-    forms::ImageList images;
-    forms::Toolbar bar;
-
-    /// A button for each 'b', a separator for each '|'; the form gets the height that they need.
-    void fill(std::string_view pattern) {
-        bar.clearButtons();
-        for (const char sign : pattern)
-            bar.addButton("", "", sign == '|' ? forms::ButtonStyle::separator : forms::ButtonStyle::standard,
-                          images.count() > 0 && sign != '|' ? 1 : 0);
-        followRows();
-    }
-
-    void setClientWidth(int pixels) {
-        setWidth(forms::toTwips(pixels) + width() - scaleWidth());
-        followRows();
-    }
-
-    HWND toolbar() { return reinterpret_cast<HWND>(bar.hWnd()); }
-
-  private:
-    void followRows() { setHeight(bar.height() + height() - scaleHeight()); }
-};
-
-LRESULT ask(HWND toolbar, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-    return SendMessageA(toolbar, message, wParam, lParam);
+    return all.str();
 }
 
-/// The control's buttons stand where the model says. A control that rebuilds itself later gets the time for
-/// it.
+std::string inModel(const BarForm& form, const forms::ToolbarLayout& layout) {
+    return allPlaces(form, [&](std::size_t index, bool separator) {
+        const auto [left, top] = layout.places[index];
+        return RECT{left, top, left + (separator ? forms::toolbarSeparatorWidth : forms::toolbarButtonWidth),
+                    top + forms::toolbarButtonHeight};
+    });
+}
+
+std::string inControl(BarForm& form) {
+    return allPlaces(
+        form, [&](std::size_t index, bool /*separator*/) { return contract::placeOf(form.bar, index); });
+}
+
+/// The control's buttons stand where the model says, and the toolbar is as high as that.
 void checkAgree(BarForm& form) {
-    const HWND toolbar = form.toolbar();
-    const forms::ToolbarLayout& layout = form.bar.layout();
-    REQUIRE(World::until(
-        [&] { return ask(toolbar, TB_BUTTONCOUNT) == static_cast<LRESULT>(form.bar.buttons().size()); }));
-    CHECK(World::until([&] { return ask(toolbar, TB_GETROWS) == layout.rows; }));
-    for (std::size_t index = 0; index < layout.cells.size(); ++index) {
-        const forms::ButtonCell& cell = layout.cells[index];
-        RECT place{};
-        const LRESULT shown = ask(toolbar, TB_GETITEMRECT, index, reinterpret_cast<LPARAM>(&place));
-        INFO("button ", index);
-        CHECK((shown == 0) == cell.hidden);
-        if (cell.hidden)
-            continue;
-        CHECK(place.left == cell.x);
-        CHECK(place.top == cell.row * forms::toolbarButtonHeight);
-        CHECK(place.right - place.left ==
-              (cell.separator ? forms::toolbarSeparatorWidth : forms::toolbarButtonWidth));
-        CHECK(place.bottom - place.top == forms::toolbarButtonHeight);
-    }
+    const forms::ToolbarLayout layout =
+        forms::layoutToolbar(form.bar.buttons(), forms::toPixels(form.bar.width()));
+    REQUIRE(form.bar.height() == forms::toTwips(layout.height));
+    REQUIRE(ask(form.bar, TB_BUTTONCOUNT) == static_cast<LRESULT>(layout.places.size()));
+    REQUIRE(inControl(form) == inModel(form, layout));
+    RECT client{};
+    GetClientRect(contract::controlOf(form.bar), &client);
+    REQUIRE(client.bottom == layout.height);
 }
 
 constexpr const char* patterns[] = {
@@ -95,13 +74,15 @@ constexpr const char* patterns[] = {
     "b|b|b|b|b|b|b|b",
     "||||||||||||||||||b",
     "bbbbb|bbbbb|bbbbb|",
+    "bbbbbbbb||bbbbb",
+    "bbbbbbbb|||bbbbbbb||b",
 };
 
 } // namespace
 
-TEST_SUITE_BEGIN("contract");
+TEST_SUITE_BEGIN("contract/windows/toolbarWindow");
 
-TEST_CASE("contract, windows: the system's toolbar has the rows and places of the model") {
+TEST_CASE("the system's toolbar has the rows and places of the model") {
     World world;
     BarForm form;
     form.show();
@@ -112,7 +93,7 @@ TEST_CASE("contract, windows: the system's toolbar has the rows and places of th
     }
 }
 
-TEST_CASE("contract, windows: the system's toolbar has them with pictures too") {
+TEST_CASE("the system's toolbar has them with pictures too") {
     World world;
     BarForm form;
     form.images.add(0, "one", forms::Picture(16, 16, std::vector<std::uint32_t>(256, 0xFF0000FFU)));
@@ -125,37 +106,53 @@ TEST_CASE("contract, windows: the system's toolbar has them with pictures too") 
     }
 }
 
-TEST_CASE("contract, windows: the system's toolbar follows the form's width") {
+TEST_CASE("the system's toolbar wraps anew with the form's width, whatever it was before") {
     World world;
     BarForm form;
     form.show();
-    form.fill("bbb|bbbb|bbbbbbbb|bb");
-    for (const int width : {120, 137, 138, 139, 145, 146, 147, 200, 263, 421, 440, 600, 160, 120}) {
-        INFO("width ", width);
+    for (const char* pattern : {"bbb|bbbb|bbbbbbbb|bb", "bbbbbbb||b||bbbbb|||bbb||||b"}) {
+        form.fill(pattern);
+        for (const int width : {120, 134, 135, 139, 145, 60, 146, 147, 200, 263, 421, 440, 600, 160, 120}) {
+            INFO("width ", width);
+            form.setClientWidth(width);
+            checkAgree(form);
+        }
+    }
+}
+
+TEST_CASE("model and control agree on 2,000 random toolbars of 40 to 400 pixels") {
+    World world;
+    BarForm form;
+    form.load();
+    constexpr std::uint32_t seed = 11;
+    MESSAGE("seed ", seed);
+    fuzz::Random random(seed);
+    for (int number = 1; number <= 2'000; ++number) {
+        // From few separators to hardly anything else.
+        const std::string pattern =
+            random.text(random.oneOf({"bbbbbbbbb|", "bbbbb|", "bb|", "b|", "b||"}), 24);
+        const int width = 40 + static_cast<int>(random.below(361));
+        INFO("number ", number, ", pattern ", pattern, ", width ", width);
         form.setClientWidth(width);
+        form.fill(pattern);
         checkAgree(form);
     }
 }
 
-TEST_CASE("contract, windows: a button of the system's toolbar that is clicked raises its click") {
+TEST_CASE("a button of the system's toolbar that is clicked raises its click") {
     World world;
     BarForm form;
     form.show();
-    form.fill("bbb|bbbb");
-    checkAgree(form);
     std::string clicked;
-    form.bar.findButton("");
     form.bar.onButtonClick = [&](forms::ToolbarButton& button) { clicked += button.tag; };
-    form.bar.clearButtons();
     form.bar.addButton("first", "", forms::ButtonStyle::standard, 0).tag = "1";
     form.bar.addButton("gap", "", forms::ButtonStyle::separator, 0);
     form.bar.addButton("second", "", forms::ButtonStyle::standard, 0).tag = "2";
     checkAgree(form);
-    RECT place{};
-    ask(form.toolbar(), TB_GETITEMRECT, 2, reinterpret_cast<LPARAM>(&place));
+    const RECT place = contract::placeOf(form.bar, 2);
     const LPARAM middle = MAKELPARAM((place.left + place.right) / 2, (place.top + place.bottom) / 2);
-    ask(form.toolbar(), WM_LBUTTONDOWN, MK_LBUTTON, middle);
-    ask(form.toolbar(), WM_LBUTTONUP, 0, middle);
+    ask(form.bar, WM_LBUTTONDOWN, MK_LBUTTON, middle);
+    ask(form.bar, WM_LBUTTONUP, 0, middle);
     CHECK(World::until([&] { return clicked == "2"; }));
 }
 

@@ -6,13 +6,16 @@
 #include "contract/windows/orders.h"
 #include "contract/windows/otherProgram.h"
 #include "forms/form.h"
-#include "platform/system.h"
-#include "runtime/keyText.h"
+#include "platform/keySender.h"
+#include "platform/keyStroke.h"
+#include "platform/messages.h"
+#include "win32/platform/iconChooser.h"
 
 #include <doctest/doctest.h>
 
 #include <winspool.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace contract {
@@ -64,6 +67,18 @@ bool comesToFront(HWND window, const std::function<bool()>& hasFocus, const std:
 /// What a started program leaves beside itself: its command line.
 std::string reportOf(const std::string& program) {
     return program + ".started";
+}
+
+// A chooser's own parameters have no room for these.
+const ChooserAnswer* chooserAnswer = nullptr;
+ChooserCall* chooserCall = nullptr;
+
+int WINAPI answeringChooser(HWND /*owner*/, wchar_t* file, UINT size, int* index) {
+    auto* const buffer = reinterpret_cast<char16_t*>(file);
+    *chooserCall = {buffer, size, *index};
+    std::ranges::copy(chooserAnswer->file, buffer);
+    *index = chooserAnswer->index;
+    return chooserAnswer->result;
 }
 
 } // namespace
@@ -222,6 +237,12 @@ int World::openIcons() {
     return openIconHandles();
 }
 
+int World::pickIcon(const ChooserAnswer& answer, std::string& file, std::int32_t& index, ChooserCall& call) {
+    chooserAnswer = &answer;
+    chooserCall = &call;
+    return win32::callIconChooser(answeringChooser, nullptr, file, index);
+}
+
 std::optional<std::string> World::clipboardText() {
     const std::string answer = impl_->other.order("clipboardText");
     return answer == "none" ? std::nullopt : std::optional(fromWord(answer));
@@ -245,7 +266,7 @@ void World::typeInto(forms::TextBox& box, std::string_view text) {
             SetForegroundWindow(form);
             box.setFocus();
         }));
-    std::vector<runtime::KeyStroke> strokes;
+    std::vector<platform::KeyStroke> strokes;
     for (const char character : text)
         strokes.push_back({.character = character});
     platform::sendKeys(strokes, false);

@@ -1,8 +1,8 @@
 #include "controlsForm.h"
 
-#include "core/state.h"
 #include "journal.h"
 #include "store/iconExtract.h"
+#include "store/state.h"
 #include "store/textCatalogue.h"
 
 #include <string>
@@ -80,7 +80,7 @@ ControlsForm::ControlsForm() {
         button.setCaption(index == 0 ? "&Icon..." : "S&ymbol...");
         button.place(*this, {1600 + 950 * static_cast<float>(index), 6120, 900, 315});
         button.onClick = [this, index] {
-            core::languageOffset = index == 0 ? store::englishBank : 0;
+            store::languageOffset = index == 0 ? store::englishBank : 0;
             note("icon", store::chooseIconFile(txtField[0].text(), window()));
         };
     }

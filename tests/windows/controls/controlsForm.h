@@ -1,4 +1,5 @@
-// A form with every control of the form library, on three pages; what its events tell goes into the journal.
+// A form with the controls of the form library but for the toolbar, on three pages; the icon grid is in the
+// chooser that it opens. What its events tell goes into the journal.
 #pragma once
 
 #include "forms/button.h"

@@ -1,7 +1,7 @@
-// A program that shows every control of the form library as the windows that Kestrel makes of them.
+// A program that shows the controls of the form library as the windows that Kestrel makes of them.
 #include "controlsForm.h"
-#include "core/guard.h"
 #include "journal.h"
+#include "runtime/guard.h"
 
 #include <windows.h>
 
@@ -10,7 +10,7 @@
 int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*commandLine*/, int /*show*/) {
     INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&classes);
-    core::guarded([] {
+    runtime::guarded([] {
         controls::ControlsForm form;
         form.load();
         journal::write("ready\t");

@@ -1,9 +1,11 @@
 """Where the things of the project are that the driver uses."""
 
+import sys
 from pathlib import Path
 
 PROJECT = Path(__file__).resolve().parents[3]
 TOOLS = PROJECT / "tools"
+sys.path.insert(0, str(TOOLS))
 BUILD = PROJECT / "build"
 DEMO_SETTINGS = PROJECT / "tests" / "windows" / "demo" / "kestrel.ini"
 

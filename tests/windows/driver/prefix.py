@@ -8,9 +8,9 @@ from driver.paths import TOOLS
 
 
 def _wine_prefix(*arguments):
-    done = subprocess.run([TOOLS / "wine-prefix", *arguments], capture_output=True, text=True, check=False)
+    done = subprocess.run([TOOLS / "wine-prefix.sh", *arguments], capture_output=True, text=True, check=False)
     if done.returncode != 0:
-        raise RuntimeError(f"wine-prefix {arguments[0]}: {done.stderr.strip()}")
+        raise RuntimeError(f"wine-prefix.sh {arguments[0]}: {done.stderr.strip()}")
     return done.stdout.strip()
 
 
@@ -21,8 +21,8 @@ class Prefix:
 
     def __init__(self, display, locale=None, channel=None, registry=None):
         self._display = display
-        self._name = _wine_prefix("make")
-        self.drive = Path(_wine_prefix("folder", self._name))
+        self.name = _wine_prefix("make")
+        self.drive = Path(_wine_prefix("folder", self.name))
         self._register(registry or {})
         self._variables = self._locale(locale) if locale else []
         self._channel = channel
@@ -32,7 +32,7 @@ class Prefix:
         """The sandbox knows the locale C only. A copy of it under another name is enough for Wine, which goes by the name."""
         run, sandbox = self.drive.parent, self.drive.parents[2]
         shutil.copytree(sandbox / "usr/lib/locale/C.utf8", run / "locale" / f"{name}.UTF-8")
-        return ["--env", f"LOCPATH=/runs/{self._name}/locale", "--env", f"LC_ALL={name}.UTF-8"]
+        return ["--env", f"LOCPATH=/runs/{self.name}/locale", "--env", f"LC_ALL={name}.UTF-8"]
 
     def _register(self, registry):
         """Before anything runs, the user's registry is a text file; what stands last in it holds."""
@@ -56,18 +56,18 @@ class Prefix:
             else:
                 shutil.copy(source, folder)
 
-    def start(self, program, *arguments):
-        """Starts a Windows program and does not wait for it."""
-        command = [TOOLS / "wine-run", "--prefix", self._name, *self._variables, program, *arguments]
+    def start(self, program, *arguments, output=subprocess.DEVNULL):
+        """Starts a Windows program and does not wait for it. `output` is where what it prints goes."""
+        command = [TOOLS / "wine-run.sh", "--prefix", self.name, *self._variables, program, *arguments]
         environment = dict(self._display.environment)
         if self._channel:
             environment["WINEDEBUG"] = f"-all,+{self._channel}"
         with self.heard.open("ab") as heard:
             return subprocess.Popen(command, cwd="/", env=environment, stdin=subprocess.DEVNULL,
-                                    stdout=subprocess.DEVNULL, stderr=heard if self._channel else subprocess.DEVNULL)
+                                    stdout=output, stderr=heard if self._channel else subprocess.DEVNULL)
 
     def close(self):
-        _wine_prefix("drop", self._name)
+        _wine_prefix("drop", self.name)
 
     def __enter__(self):
         return self

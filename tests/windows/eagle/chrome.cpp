@@ -32,7 +32,7 @@ HMENU makeMenu(bool german) {
     const HMENU bar = CreateMenu(); // goes with its window
     for (const auto& word : words) {
         const HMENU menu = CreatePopupMenu();
-        AppendMenuW(menu, MF_STRING, closeCommand, german ? L"S&chließen" : L"&Close");
+        AppendMenuW(menu, MF_STRING, closeCommand, german ? L"S&chlie\u00DFen" : L"&Close");
         AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), word[german]);
     }
     return bar;

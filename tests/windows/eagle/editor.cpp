@@ -29,7 +29,8 @@ static std::wstring textOf(HWND window) {
 
 void execute(Editor& editor, const std::wstring& command) {
     journal::write("execute", {std::to_wstring(editor.id), textOf(editor.frame), command});
-    SetWindowTextW(editor.status, ((editor.german ? L" Ausgeführt: " : L" Executed: ") + command).c_str());
+    SetWindowTextW(editor.status,
+                   ((editor.german ? L" Ausgef\u00FChrt: " : L" Executed: ") + command).c_str());
     eagle::runCommands(command, editor.german);
 }
 

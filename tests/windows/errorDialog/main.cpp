@@ -1,11 +1,11 @@
 // A program that reports a failure and ends with what the user has chosen.
 //
-//     errorDialog.exe BITS short|long [OUTLET]
+//     error-dialog.exe BITS short|long [OUTLET]
 //
 // BITS says which ways to go on are offered. A long failure has more to say than there is room for. With an
 // OUTLET, 0 to 3, the protocol goes there once the dialog has closed.
-#include "core/guard.h"
 #include "errors/ErrPtnr.h"
+#include "runtime/guard.h"
 
 #include <windows.h>
 
@@ -68,7 +68,7 @@ int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR command
     INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&classes);
     int result = -1;
-    core::guarded([&] {
+    runtime::guarded([&] {
         forms::Form behind;
         behind.setCaption("Behind");
         behind.setClientSize(4500, 3000);

@@ -3,7 +3,9 @@
 from play import play
 
 from driver import settings
+from driver.desktop import Rect
 from driver.settings import button
+from driver.stage import PLAIN
 from driver.waiting import poll
 
 # What is wrong, the settings, the number and the text of the message.
@@ -18,6 +20,8 @@ BROKEN = (
      "Type mismatch"),
 )
 
+NO_ICONS = "icons that are not there"
+
 # What is odd, the settings, the number of buttons in the board's toolbar.
 ODD = (
     ("no file's worth of settings", "", 1),
@@ -25,8 +29,8 @@ ODD = (
     ("binary bytes",
      bytes(range(1, 256)) * 8 + b"\r\n[board]\r\n1name=\x01\xff\xfe\r\n1path=\x80\x81\r\n1dialog=0\r\n1type=1\r\n", 2),
     ("values of 60000 characters", settings.made(board=[button("A" * 60000, "p" * 60000, tooltip="t" * 60000)]), 2),
-    ("icons that are not there", settings.made(board=[button("A", "a", icon="C:\\no.ico,0"),
-                                                      button("B", "b", icon="C:\\windows,999999")]), 3),
+    (NO_ICONS, settings.made(board=[button("A", "a", icon="C:\\no.ico,0"),
+                                    button("B", "b", icon="C:\\windows,999999")]), 3),
     ("unknown kinds of dialog and type", settings.made(board=[button("A", "a", 7, 9)]), 2),
 )
 
@@ -34,6 +38,15 @@ ODD = (
 def message(stage):
     found = stage.look().top(class_name="#32770")
     return found[0] if found else None
+
+
+def blank(stage, toolbar):
+    """Whether all buttons but "Config" are of one colour, that of the toolbar around them."""
+    *rows, config = (button.place for button in toolbar.buttons)
+    rest = Rect(config.right + 5, config.top, toolbar.form.client.right - 1, config.bottom)
+    colours = stage.screen.colours_of([*rows, config, rest, Rect(rows[0].left, rows[0].top, rest.right, rest.bottom)])
+    pictured = colours[len(rows)]
+    return pictured > PLAIN and colours == [*(1 for _ in rows), pictured, 1, pictured]
 
 
 def story(stage, checks):
@@ -57,6 +70,9 @@ def story(stage, checks):
         toolbar = stage.toolbar(board)
         if checks.that(toolbar, f"{words}: the toolbar appears"):
             checks.equal(len(toolbar.buttons), count, f"{words}: it has {count} buttons with \"Config\"")
+        if words == NO_ICONS and toolbar:
+            checks.that(poll(lambda: blank(stage, stage.toolbar(board))), f"{words}: their buttons are blank")
+            stage.picture("blank", toolbar.form.place)
         checks.that(stage.witness.runs(kestrel) and not message(stage), f"{words}: no message, no end")
         stage.witness.order("terminate", kestrel)
         stage.witness.exit_code(kestrel)

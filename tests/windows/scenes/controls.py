@@ -1,5 +1,5 @@
-"""Every control of the form library, used with mouse and keyboard as a user does; the program of its own that shows
-them tells in its journal what their events said."""
+"""The controls of the form library but for the toolbar, used with mouse and keyboard as a user does; the program of its
+own that shows them tells in its journal what their events said."""
 
 from play import play
 

@@ -5,10 +5,11 @@ from play import play
 
 from driver import paths
 from driver.waiting import poll, stays
+from version import version
 
 FOLDER = "C:\\errors"
-PROGRAM = FOLDER + "\\errorDialog.exe"
-TITLE = "errorDialog  V5.1.5 - Fehlermeldung"
+PROGRAM = FOLDER + "\\error-dialog.exe"
+TITLE = f"error-dialog  V{version()} - Fehlermeldung"
 END = "Programm &beenden"
 KILLED = 9  # the witness's exit code for what it terminates
 PAINTED = 6  # colours of a dialog that has been painted
@@ -47,7 +48,7 @@ class ErrorDialog:
 
 
 def protocol(stage):
-    file = stage.prefix.path(FOLDER + "\\errorDialog.EPT")
+    file = stage.prefix.path(FOLDER + "\\error-dialog.EPT")
     return file.read_bytes() if file.exists() else b""
 
 
@@ -128,8 +129,8 @@ def long_texts(stage, checks):
 
 
 def saved(stage, checks):
-    file = stage.prefix.path(FOLDER + "\\errorDialog.ERR")
-    text = f"Das Fehlerprotokoll wurde in die Datei '{FOLDER}\\errorDialog.ERR' geschrieben !"
+    file = stage.prefix.path(FOLDER + "\\error-dialog.ERR")
+    text = f"Das Fehlerprotokoll wurde in die Datei '{FOLDER}\\error-dialog.ERR' geschrieben !"
     dialog = ErrorDialog(stage, "8 short 1")
     stage.wait_for_focus(dialog.shown.handle)
     stage.screen.key("alt+b")
@@ -144,7 +145,7 @@ def saved(stage, checks):
 
 def unwritable(stage, checks):
     """A folder stands where the protocol file should: the failure inside the component ends the program."""
-    file = stage.prefix.path(FOLDER + "\\errorDialog.EPT")
+    file = stage.prefix.path(FOLDER + "\\error-dialog.EPT")
     file.unlink()
     file.mkdir()
     process = stage.witness.run(f"{PROGRAM} 8 short")
@@ -162,7 +163,7 @@ def unwritable(stage, checks):
 
 
 def story(stage, checks):
-    stage.prefix.put([paths.built(stage.bits, "errorDialog.exe")], FOLDER)
+    stage.prefix.put([paths.built(stage.bits, "error-dialog.exe")], FOLDER)
     written = killed(stage, checks)
     ended(stage, checks, written)
     no_way_out(stage, checks)

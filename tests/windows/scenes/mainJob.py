@@ -6,7 +6,7 @@ from driver import paths, settings
 from driver.waiting import poll
 
 GAP, TOP = 25, 21  # pixels: to the right end of the host's outer rectangle, from the top of its client area
-ROW = 22
+ROW, SEPARATED = 22, 27  # pixels from a row of buttons to the next: where it breaks at a button, at a separator
 
 
 def stands_right(checks, stage, kind, editor):
@@ -23,7 +23,10 @@ def stands_right(checks, stage, kind, editor):
     checks.equal(len(found[0].buttons), len(configured) + 1, f"{kind}: all configured buttons and \"Config\" are there")
     lowest = max(button.place.bottom for button in found[0].buttons)
     checks.equal(lowest, form.client.bottom, f"{kind}: it is just as high as its rows of buttons")
-    checks.equal(form.client.height % ROW, 0, f"{kind}: a row is {ROW} pixels high")
+    rows = sorted({button.place.top for button in found[0].buttons})
+    checks.equal(lowest - rows[-1], ROW, f"{kind}: a row is {ROW} pixels high")
+    steps = {below - above for above, below in zip(rows, rows[1:])}
+    checks.that(steps and steps <= {ROW, SEPARATED}, f"{kind}: the rows follow each other, a gap where a separator was")
 
 
 def types_the_command(checks, stage, kind, editor):

@@ -1,0 +1,90 @@
+"""Windows programs whose CPU time and memory are measured from outside, the Wine server's part of it among it."""
+
+import os
+import resource
+import select
+import subprocess
+from pathlib import Path
+
+from driver import paths
+from driver.prefix import Prefix
+
+BITS = "win32"
+FOLDER = "C:\\bench"
+START = 60  # seconds until a program that is to stay says that it is ready
+
+
+def processes(prefix, program):
+    """Folders in /proc of those that run in the prefix, and there alone: others may run the same program."""
+    mark = f"WINEPREFIX=/runs/{prefix.name}".encode()
+    found = []
+    for process in Path("/proc").glob("[0-9]*"):
+        try:
+            if (process / "comm").read_text().startswith(program) and mark in (process / "environ").read_bytes().split(b"\0"):
+                found.append(process)
+        except OSError:
+            continue  # it has ended
+    return found
+
+
+def private_kb(prefix, program):
+    """Private memory of the program, 0 while it does not run."""
+    most = 0
+    for process in processes(prefix, program):
+        try:
+            lines = (process / "smaps_rollup").read_text().splitlines()
+        except OSError:
+            continue
+        most = max(most, sum(int(line.split()[1]) for line in lines if line.startswith("Private_")))
+    return most
+
+
+class Bench:
+    """A prefix with a bench program and its icons, in which the program runs and, to keep the Wine server, stays once. Use
+    it in a with statement."""
+
+    def __init__(self, display, program, *keeper):
+        self._prefix = Prefix(display)
+        try:
+            icons = sorted((paths.PROJECT / "resources").glob("???.ico"))
+            self._prefix.put([paths.built(BITS, f"{program}.exe"), *icons], FOLDER)
+            self._program = f"{FOLDER}\\{program}.exe"
+            self._keeper = self._prefix.start(self._program, *map(str, keeper), output=subprocess.PIPE)
+            said, _, _ = select.select([self._keeper.stdout], [], [], START)
+            if not said or not self._keeper.stdout.readline():
+                raise RuntimeError(f"{program} {keeper[0]} does not say that it is ready")
+        except BaseException:
+            self.close()
+            raise
+
+    def close(self):
+        self._prefix.close()
+
+    def cpu(self, *arguments):
+        """Seconds of CPU that a run of the program takes, with the server's part."""
+        server = self._server_cpu()
+        before = resource.getrusage(resource.RUSAGE_CHILDREN)
+        code = self._prefix.start(self._program, *map(str, arguments)).wait()
+        if code != 0:
+            raise RuntimeError(f"{self._program} {' '.join(map(str, arguments))} ends with {code}")
+        after = resource.getrusage(resource.RUSAGE_CHILDREN)
+        own = after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
+        return own + self._server_cpu() - server
+
+    def _server_cpu(self):
+        """Seconds of CPU that the prefix's Wine server has taken."""
+        servers = processes(self._prefix, "wineserver")
+        if not servers:
+            raise RuntimeError("the Wine server is not there")
+        fields = (servers[0] / "stat").read_text().rsplit(")", 1)[1].split()
+        return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+
+    def each(self, work, few, many):
+        """Milliseconds for one round of some work, its start-up left out."""
+        return (self.cpu(work, many) - self.cpu(work, few)) / (many - few) * 1000
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()

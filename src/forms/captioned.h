@@ -1,0 +1,28 @@
+// What the controls with a caption share.
+#pragma once
+
+#include "forms/control.h"
+
+#include <string>
+#include <string_view>
+
+namespace forms {
+
+/// A control, or a container, with a caption. An ampersand in it marks the mnemonic where the control has
+/// one.
+template <typename Base>
+class Captioned : public Base {
+  public:
+    using Base::Base;
+
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string_view caption) {
+        caption_ = std::string(caption);
+        this->tellPeer(Property::text);
+    }
+
+  private:
+    std::string caption_;
+};
+
+} // namespace forms

@@ -1,0 +1,107 @@
+#include "forms/toolbarLayout.h"
+
+#include "forms/toolbar.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <utility>
+
+namespace forms {
+
+namespace {
+
+/// A row's last button need not fit: the control is content when its picture does.
+constexpr int pictureWidth = 16;
+constexpr int overhang = (toolbarButtonWidth - pictureWidth) / 2;
+
+/// What a separator adds to the distance of two rows when it ends the upper one.
+constexpr int rowGap = toolbarSeparatorWidth * 2 / 3;
+
+/// Finds the ends of the rows, one after the other.
+///
+/// That a row ends at its rightmost separator, and on a button only where it has none, is what Windows
+/// documents of a toolbar that wraps. The rest is what the control does under Wine, which was modelled on
+/// Windows' own and is assumed to do the same: the overhang, the gap, a separator beyond the edge that takes
+/// its neighbours with it, and the groups of separators that are torn.
+class RowEnds {
+  public:
+    RowEnds(const std::deque<ToolbarButton>& buttons, int width) : buttons_(buttons), width_(width) {}
+
+    /// Index of the last button of the row that begins with the button `first`. Rows are asked for in order.
+    std::size_t after(std::size_t first) {
+        const bool tearsGroups = std::exchange(endedOnButton_, false);
+        const bool firstCounts = !std::exchange(tornGroup_, false);
+        std::optional<std::size_t> separator;
+        int x = 0;
+        for (std::size_t index = first; index < buttons_.size(); ++index) {
+            if (!isSeparator(index)) {
+                if (!fits(x, toolbarButtonWidth)) {
+                    if (separator)
+                        return *separator;
+                    endedOnButton_ = true;
+                    return std::max(first + 1, index) - 1;
+                }
+                x += toolbarButtonWidth;
+                continue;
+            }
+            if (index > first || firstCounts) {
+                if (tearsGroups && isSeparator(index + 1)) {
+                    tornGroup_ = true;
+                    return index;
+                }
+                if (!fits(x, toolbarSeparatorWidth))
+                    return lastOfGroup(index);
+                x += toolbarSeparatorWidth;
+            }
+            separator = index;
+        }
+        return buttons_.size() - 1;
+    }
+
+  private:
+    bool isSeparator(std::size_t index) const {
+        return index < buttons_.size() && buttons_[index].style == ButtonStyle::separator;
+    }
+
+    bool fits(int x, int buttonWidth) const {
+        return x + buttonWidth - overhang <= width_ && (x > 0 || buttonWidth <= width_);
+    }
+
+    std::size_t lastOfGroup(std::size_t index) const {
+        while (isSeparator(index + 1))
+            ++index;
+        return index;
+    }
+
+    const std::deque<ToolbarButton>& buttons_;
+    int width_;
+    /// The row before has ended on a button. Then the first of the adjacent separators that come next ends
+    /// its row, whatever room is left ...
+    bool endedOnButton_ = false;
+    /// ... and the second, which begins the next row, takes room that the control does not count.
+    bool tornGroup_ = false;
+};
+
+} // namespace
+
+ToolbarLayout layoutToolbar(const std::deque<ToolbarButton>& buttons, int width) {
+    ToolbarLayout layout;
+    layout.places.reserve(buttons.size());
+    RowEnds ends(buttons, width);
+    int top = 0;
+    for (std::size_t first = 0; first < buttons.size(); first = layout.places.size()) {
+        const std::size_t last = ends.after(first);
+        layout.height = top + toolbarButtonHeight;
+        bool gap = false;
+        for (int left = 0; layout.places.size() <= last;) {
+            gap = buttons[layout.places.size()].style == ButtonStyle::separator;
+            layout.places.push_back({left, top});
+            left += gap ? toolbarSeparatorWidth : toolbarButtonWidth;
+        }
+        top += toolbarButtonHeight + (gap ? rowGap : 0);
+    }
+    return layout;
+}
+
+} // namespace forms

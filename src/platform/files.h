@@ -1,0 +1,21 @@
+// Directory lookup, deleting, the current folder. Paths are in the ANSI code page.
+//
+// A failure that is named here is thrown as runtime::RuntimeError.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// The bare name, in its stored case, of the first normal file that `path` (with `*` and `?`) matches; empty
+/// if there is none. Directories, hidden and system files do not match, an empty path matches nothing.
+std::string dir(std::string_view path);
+
+/// Deletes a file. Errors 53, 70, 75.
+void kill(std::string_view path);
+
+/// The current folder, for a file dialog's start.
+std::string currentDirectory();
+
+} // namespace platform

@@ -1,0 +1,101 @@
+#include "win32/common/holding.h"
+
+#include "win32/common/native.h"
+
+namespace win32 {
+
+namespace {
+
+struct Known {
+    HWND window;
+    const forms::Form* form;
+};
+
+struct Held {
+    const forms::Form* modal; ///< none for a dialog of the system
+    std::vector<HWND> windows;
+};
+
+/// All forms that have a window.
+std::vector<Known>& known() {
+    static std::vector<Known> all;
+    return all;
+}
+
+/// The innermost comes last.
+std::vector<Held>& holders() {
+    static std::vector<Held> all;
+    return all;
+}
+
+void hold(Held& held, const Known& other) {
+    // Hosted forms are held by isHeld.
+    if (other.form == held.modal || !other.form->activates || IsWindowEnabled(other.window) == FALSE)
+        return;
+    EnableWindow(other.window, FALSE);
+    held.windows.push_back(other.window);
+}
+
+void release(Held& held) {
+    for (const HWND window : held.windows)
+        // It may have gone meanwhile.
+        if (!isForeign(window))
+            EnableWindow(window, TRUE);
+    held.windows.clear();
+}
+
+void holdOthers(const forms::Form* modal) {
+    holders().push_back({modal, {}});
+    for (const Known& other : known())
+        hold(holders().back(), other);
+}
+
+} // namespace
+
+void windowMade(HWND window, const forms::Form& form) {
+    known().push_back({window, &form});
+    if (!holders().empty())
+        hold(holders().back(), known().back());
+}
+
+void windowGone(HWND window) {
+    std::erase_if(known(), [window](const Known& gone) { return gone.window == window; });
+}
+
+std::vector<HWND> formWindows() {
+    std::vector<HWND> windows;
+    for (const Known& form : known())
+        windows.push_back(form.window);
+    return windows;
+}
+
+void leaving(const forms::Form& form) {
+    if (!holders().empty() && holders().back().modal == &form)
+        release(holders().back());
+    // Its loop may be waiting for a message: it is to see that the form has gone.
+    PostThreadMessageA(GetCurrentThreadId(), WM_NULL, 0, 0);
+}
+
+bool isHeld(const forms::Form& form) {
+    return !holders().empty() && holders().back().modal != &form;
+}
+
+Hold::Hold() {
+    holdOthers(nullptr);
+}
+
+Hold::Hold(forms::Form& form) {
+    holdOthers(&form);
+    // One that was made while another form was modal has been held from the start.
+    const HWND window = native(form.hWnd());
+    for (Held& held : holders())
+        if (std::erase(held.windows, window) != 0)
+            EnableWindow(window, TRUE);
+}
+
+Hold::~Hold() {
+    release(holders().back());
+    holders().pop_back();
+}
+
+} // namespace win32

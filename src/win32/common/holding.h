@@ -1,0 +1,38 @@
+// Which of our forms hear the user: a modal form, or a dialog of the system, holds the others as long as it
+// is up.
+#pragma once
+
+#include "forms/form.h"
+
+#include <windows.h>
+
+#include <vector>
+
+namespace win32 {
+
+/// A form has got its window: while another form is modal it is held.
+void windowMade(HWND window, const forms::Form& form);
+void windowGone(HWND window);
+/// All forms that have a window, hosted ones too.
+std::vector<HWND> formWindows();
+/// A form is about to be hidden: if it is the modal one in front, the forms that it holds hear the user
+/// again.
+void leaving(const forms::Form& form);
+
+/// Whether a modal form, or a dialog of the system, keeps the user from this form. One that stands in another
+/// program's window has to ask: it cannot be disabled, since the clicks on it would go on to the host.
+bool isHeld(const forms::Form& form);
+
+/// Holds forms from its making to its end.
+class Hold {
+  public:
+    /// All forms, for a dialog of the system.
+    Hold();
+    /// All but this one, which is modal from now on: it hears the user even if it was held itself.
+    explicit Hold(forms::Form& form);
+    ~Hold();
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
+};
+
+} // namespace win32

@@ -1,0 +1,23 @@
+#include "win32/common/messages.h"
+
+namespace win32 {
+
+void serve(MSG& message) {
+    if (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST && doneAsDialogKey(message))
+        return;
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+}
+
+void servePending() {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        serve(message);
+    }
+}
+
+} // namespace win32

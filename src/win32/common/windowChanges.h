@@ -1,0 +1,40 @@
+// The calls that change which window is in front, which has the focus, which is seen and what it stands in.
+//
+// A form that stands in a host's window shares its input with the host's thread from then on, and the system
+// does none of this before that thread has heard of it: while a host sleeps, each of these calls may take as
+// long as it sleeps. So all of them stand here, and the rest of the Windows side makes none by itself. What
+// the system does on its own at the start and the end of its dialogs and menus cannot be had here; see
+// FocusKeeper.
+#pragma once
+
+#include <windows.h>
+
+namespace win32 {
+
+/// Makes a top-level window the one that the user works in. The system may refuse; nothing tells.
+void activateWindow(HWND window);
+
+/// Gives the keyboard to a window of ours, or to one whose thread shares its input with ours. Null takes it
+/// from all.
+void focusWindow(HWND window);
+
+/// Puts a window in front of its siblings; one of another program only if it answers, and it is never waited
+/// for. False if there is no such window.
+bool raiseWindow(HWND window);
+
+/// Shows or hides a window, by a command SW_*; one of another program does it when it comes to it. Gives
+/// whether it was seen before.
+bool showWindow(HWND window, int command);
+
+/// Shows a window of ours where it is, in front of nothing that it is behind, and leaves the keyboard alone.
+void showInPlace(HWND window);
+
+/// Puts a window of ours into another one, or with null back onto the desktop, its styles with it. Gives what
+/// it stood in before. Null, with nothing changed, if there is no such parent; null, with the styles of a
+/// top-level window, if the system refuses.
+HWND putInto(HWND window, HWND parent);
+
+/// Ends a window of ours. If it was in front, the system chooses the next one.
+void destroyWindow(HWND window);
+
+} // namespace win32

@@ -1,0 +1,26 @@
+#include "win32/platform/iconChooser.h"
+
+#include "platform/codePage.h"
+#include "platform/shell32.h"
+
+#include <algorithm>
+#include <array>
+
+namespace win32 {
+
+int callIconChooser(IconChooser choose, HWND owner, std::string& file, std::int32_t& index) {
+    std::array<char16_t, platform::iconPathSize> buffer = {};
+    const std::u16string start = platform::toUtf16(file);
+    std::copy_n(start.begin(), std::min(start.size(), buffer.size() - 1), buffer.begin());
+    int chosen = index;
+    const int result =
+        choose(owner, reinterpret_cast<wchar_t*>(buffer.data()), static_cast<UINT>(buffer.size()), &chosen);
+    if (result == platform::iconPicked) {
+        const auto end = std::find(buffer.begin(), buffer.end(), u'\0');
+        file = platform::toAnsi(std::u16string_view(buffer.begin(), end));
+        index = chosen;
+    }
+    return result;
+}
+
+} // namespace win32

@@ -1,0 +1,41 @@
+// A form with a toolbar, made as the program's toolbar forms are.
+#pragma once
+
+#include "forms/form.h"
+#include "forms/toolbar.h"
+#include "forms/units.h"
+
+#include <string_view>
+
+namespace contract {
+
+class BarForm : public forms::Form {
+  public:
+    BarForm() {
+        borderStyle = forms::BorderStyle::sizableToolWindow;
+        showInTaskbar = false;
+        activates = false;
+        setClientSize(1800, 300);
+        bar.setImageList(&images);
+        bar.place(*this, {});
+    }
+    forms::ImageList images;
+    forms::Toolbar bar;
+
+    /// A button for each 'b', with the first picture if there is one, and a separator for each '|'.
+    void fill(std::string_view pattern) {
+        bar.clearButtons();
+        for (const char sign : pattern)
+            if (sign == '|')
+                bar.addButton("", "", forms::ButtonStyle::separator, 0);
+            else
+                bar.addButton("", "", forms::ButtonStyle::standard, images.count() > 0 ? 1 : 0);
+    }
+
+    void setClientWidth(int pixels) {
+        const float frame = width() - scaleWidth();
+        setWidth(forms::toTwips(pixels) + frame);
+    }
+};
+
+} // namespace contract

@@ -1,0 +1,17 @@
+#include "platform/hhctrl.h"
+
+#include "desktop/desktop.h"
+
+namespace platform {
+
+HWND HtmlHelpA(HWND owner, const char* file, std::uint32_t command, std::uintptr_t data) {
+    desktop::World& desk = desktop::world();
+    desk.helpCalls.push_back({owner, file, command, data});
+    if (desk.helpFailures > 0) {
+        --desk.helpFailures;
+        throw runtime::RuntimeError(runtime::ErrorNumber::fileNotFound);
+    }
+    return HWND::none;
+}
+
+} // namespace platform

@@ -1,0 +1,18 @@
+// The pictures that the program carries, on the simulated desktop: plain areas of the right size.
+#include "forms/picture.h"
+
+namespace forms {
+
+Picture loadPicture(std::string_view name) {
+    const auto plain = [](int width, int height) {
+        const auto pixels = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+        return Picture(width, height, std::vector<std::uint32_t>(pixels, 0xFF336699U));
+    };
+    if (name == "splashSquare")
+        return plain(93, 93);
+    if (name == "splashWide")
+        return plain(361, 76);
+    return {};
+}
+
+} // namespace forms

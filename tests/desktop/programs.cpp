@@ -1,0 +1,81 @@
+// Starting and calling up programs on the simulated desktop.
+#include "platform/programs.h"
+
+#include "desktop/desktop.h"
+#include "runtime/text.h"
+
+#include <algorithm>
+
+namespace {
+
+using desktop::world;
+
+/// Handle of the first top-level window that `fits`; none if there is none.
+template <typename Test>
+platform::HWND firstWindow(Test fits) {
+    for (const platform::HWND handle : world().order)
+        if (fits(runtime::lowerCase(world().window(handle).title)))
+            return handle;
+    return platform::HWND::none;
+}
+
+bool isFile(const std::string& path) {
+    const desktop::File* found = world().file(path);
+    return found != nullptr && !found->directory;
+}
+
+/// The file that a command line starts: what stands in quotes, else the shortest of its beginnings, up to a
+/// blank, that is a file, with ".exe" behind it if need be. Empty if there is none.
+std::string programOf(std::string_view commandLine) {
+    if (commandLine.starts_with('"')) {
+        const std::string quoted(commandLine.substr(1, commandLine.find('"', 1) - 1));
+        return isFile(quoted) ? quoted : std::string();
+    }
+    for (std::size_t end = 0; end < commandLine.size();) {
+        end = std::min(commandLine.find(' ', end + 1), commandLine.size());
+        const std::string beginning(commandLine.substr(0, end));
+        for (const std::string& file : {beginning, beginning + ".exe"})
+            if (isFile(file))
+                return file;
+    }
+    return {};
+}
+
+} // namespace
+
+namespace platform {
+
+void shell(std::string_view commandLine, int windowStyle) {
+    desktop::World& desk = world();
+    if (!desk.shellFailures.empty()) {
+        const runtime::RuntimeError failure = desk.shellFailures.front();
+        desk.shellFailures.pop_front();
+        throw failure;
+    }
+    const std::string program = programOf(commandLine);
+    if (program.empty())
+        throw runtime::RuntimeError(runtime::ErrorNumber::fileNotFound);
+    desk.started.push_back({std::string(commandLine), windowStyle, program});
+}
+
+void appActivate(std::string_view title) {
+    const std::string wanted = runtime::lowerCase(title);
+    world().activations.emplace_back(title);
+    HWND found = firstWindow([&](const std::string& seen) { return seen == wanted; });
+    if (found == HWND::none)
+        found = firstWindow([&](const std::string& seen) { return seen.starts_with(wanted); });
+    if (found == HWND::none)
+        throw runtime::RuntimeError(runtime::ErrorNumber::invalidCall);
+    world().raise(found);
+    world().foreground = found;
+}
+
+bool previousInstance() {
+    return world().otherInstance;
+}
+
+void endProgram() {
+    throw desktop::ProgramEnded();
+}
+
+} // namespace platform

@@ -1,0 +1,70 @@
+#include "platform/textFile.h"
+
+#include "desktop/desktop.h"
+#include "runtime/runtimeError.h"
+
+#include <algorithm>
+
+namespace {
+
+using desktop::world;
+
+[[noreturn]] void fail(runtime::ErrorNumber number) {
+    throw runtime::RuntimeError(number);
+}
+
+bool folderExists(const std::string& path) {
+    const std::string key = desktop::pathKey(path);
+    if (const desktop::File* found = world().file(path))
+        return found->directory;
+    // The drive's root, and the folder that the program has been put into.
+    return key == "c:" || key == "c:\\kestrel" || std::ranges::any_of(world().files, [&](const auto& entry) {
+               return entry.first.starts_with(key + "\\");
+           });
+}
+
+/// The file at a path that is to be written, made if need be.
+desktop::File& writable(const std::string& path) {
+    const std::string folder = path.substr(0, path.find_last_of('\\'));
+    if (!folderExists(folder))
+        fail(runtime::ErrorNumber::pathNotFound);
+    desktop::File* found = world().file(path);
+    if (found != nullptr && found->locked)
+        fail(runtime::ErrorNumber::permissionDenied);
+    const desktop::File* around = world().file(folder);
+    if (found != nullptr ? found->directory || found->readOnly : around != nullptr && around->readOnly)
+        fail(runtime::ErrorNumber::pathFileAccess);
+    if (found == nullptr)
+        world().writeFile(path, "");
+    return *world().file(path);
+}
+
+} // namespace
+
+namespace platform {
+
+std::string readFirstLine(std::string_view path) {
+    const std::string whole(path);
+    const std::size_t slash = whole.find_last_of('\\');
+    if (slash != std::string::npos && !folderExists(whole.substr(0, slash)))
+        fail(runtime::ErrorNumber::pathNotFound);
+    const desktop::File* file = world().file(whole);
+    if (file == nullptr)
+        fail(runtime::ErrorNumber::fileNotFound);
+    if (file->directory)
+        fail(runtime::ErrorNumber::pathFileAccess);
+    if (file->locked)
+        fail(runtime::ErrorNumber::permissionDenied);
+    constexpr std::size_t longestLine = 1U << 20U;
+    return file->content.substr(0, std::min(file->content.find_first_of("\r\n"), longestLine));
+}
+
+void appendToFile(std::string_view path, std::string_view text) {
+    writable(std::string(path)).content += text;
+}
+
+void writeFile(std::string_view path, std::string_view text) {
+    writable(std::string(path)).content = text;
+}
+
+} // namespace platform
