@@ -1,0 +1,112 @@
+// The rows of a toolbar: where they end, what stands between them, how high they are.
+#include "forms/toolbar.h"
+#include "forms/toolbarLayout.h"
+
+#include <doctest/doctest.h>
+
+#include <string>
+
+using forms::ButtonStyle;
+
+namespace {
+
+/// Buttons by a picture of them: `b` a button, `|` a separator.
+std::deque<forms::ToolbarButton> buttonsOf(const std::string& drawing) {
+    std::deque<forms::ToolbarButton> buttons;
+    for (const char sign : drawing)
+        buttons.emplace_back().style = sign == '|' ? ButtonStyle::separator : ButtonStyle::standard;
+    return buttons;
+}
+
+/// The rows as they are drawn. Each button stands where the ones before it in its row end, and each row where
+/// the one above it and the gap end.
+std::string drawn(const std::string& drawing, int width) {
+    const forms::ToolbarLayout layout = forms::layoutToolbar(buttonsOf(drawing), width);
+    REQUIRE(layout.places.size() == drawing.size());
+    std::string result;
+    int left = 0;
+    int top = 0;
+    for (std::size_t index = 0; index < drawing.size(); ++index) {
+        const forms::ButtonPlace& place = layout.places[index];
+        if (place.top != top) {
+            top += drawing[index - 1] == '|' ? 27 : 22;
+            left = 0;
+            result += '/';
+        }
+        result += drawing[index];
+        CHECK(place.left == left);
+        CHECK(place.top == top);
+        left += drawing[index] == '|' ? 8 : 23;
+    }
+    CHECK(layout.height == top + 22);
+    return result;
+}
+
+} // namespace
+
+TEST_SUITE_BEGIN("forms/toolbarLayout");
+
+TEST_CASE("of a row's last button only the edge may hang over, up to 3 pixels") {
+    CHECK(drawn("bbbbb", 115) == "bbbbb");
+    CHECK(drawn("bbbbb", 112) == "bbbbb");
+    CHECK(drawn("bbbbb", 111) == "bbbb/b");
+    CHECK(drawn("bbbbbb", 120) == "bbbbb/b");
+    CHECK(drawn("bbbbbbbbbbb", 120) == "bbbbb/bbbbb/b");
+    CHECK(drawn("b|b", 51) == "b|b");
+    CHECK(drawn("b|b", 50) == "b|/b");
+}
+
+TEST_CASE("a row ends at its rightmost separator, and on a button only where it has none") {
+    CHECK(drawn("bb|bb|bbbb", 120) == "bb|bb|/bbbb");
+    CHECK(drawn("bb|bbbbbbbb", 120) == "bb|/bbbbb/bbb");
+    CHECK(drawn("b|bbb|bbb|bb", 120) == "b|bbb|/bbb|bb");
+}
+
+TEST_CASE("a separator that a row has no room for ends the row") {
+    CHECK(drawn("bbbbb|b", 115) == "bbbbb|/b");
+    CHECK(drawn("bbbbb|||bb", 115) == "bbbbb|||/bb");
+}
+
+TEST_CASE("at the end of all separators need no room") {
+    CHECK(drawn("bbbbb|", 115) == "bbbbb|");
+    CHECK(drawn("bbbbb|||", 115) == "bbbbb|||");
+    CHECK(drawn("b|bbb|||", 115) == "b|bbb|||");
+    CHECK(drawn(std::string(20, '|'), 115) == std::string(20, '|'));
+}
+
+TEST_CASE("adjacent separators hold together where a row ends at one of them") {
+    CHECK(drawn("bbb||bb", 115) == "bbb||/bb");
+    CHECK(drawn("bbb|||b", 115) == "bbb|||b");
+    CHECK(drawn("||||||||||||||||||b", 115) == "||||||||||||||||||/b");
+}
+
+TEST_CASE("behind a row that ended on a button, adjacent separators are torn apart after the first") {
+    CHECK(drawn("bbbbbb||b", 115) == "bbbbb/b|/|b");
+    CHECK(drawn("bbbbbb|||b", 115) == "bbbbb/b|/||b");
+    CHECK(drawn("bbbbbb|b||b", 115) == "bbbbb/b|b|/|b");
+    CHECK(drawn("bbbbbb||", 115) == "bbbbb/b|/|");
+    // Only the first time, and not where the row before ended at a separator.
+    CHECK(drawn("bbbbbb||b||b", 115) == "bbbbb/b|/|b||b");
+    CHECK(drawn("bbbb|bb||b", 115) == "bbbb|/bb||b");
+}
+
+TEST_CASE("the second of two that were torn apart takes room that is not counted") {
+    CHECK(drawn("bbbbbb||bbbbb", 115) == "bbbbb/b|/|bbbbb");
+    CHECK(drawn("bbbbbb||bbbbbb", 115) == "bbbbb/b|/|/bbbbb/b");
+}
+
+TEST_CASE("a row holds at least one button, however narrow the toolbar is") {
+    CHECK(drawn("bbb", 22) == "b/b/b");
+    CHECK(drawn("b|b", 22) == "b/|/b");
+    CHECK(drawn("b|b", 0) == "b/|/b");
+    CHECK(drawn("bb", -5) == "b/b");
+    CHECK(drawn("|b", 27) == "|/b");
+    CHECK(drawn("|b", 28) == "|b");
+}
+
+TEST_CASE("no buttons are one row") {
+    CHECK(drawn("", 120).empty());
+    CHECK(forms::layoutToolbar({}, 120).height == 22);
+}
+
+TEST_SUITE_END();
