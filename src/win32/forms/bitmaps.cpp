@@ -44,7 +44,8 @@ class Bits {
           bytes_(static_cast<std::size_t>(stride_) * static_cast<std::size_t>(height)) {}
 
     void set(int x, int y) {
-        bytes_[static_cast<std::size_t>(y * stride_ + x / 8)] |= static_cast<std::uint8_t>(0x80 >> x % 8);
+        const auto row = static_cast<std::size_t>(stride_) * static_cast<std::size_t>(y);
+        bytes_[row + static_cast<std::size_t>(x / 8)] |= static_cast<std::uint8_t>(0x80 >> x % 8);
     }
     /// The caller's to delete.
     HBITMAP bitmap() const { return CreateBitmap(width_, height_, 1, 1, bytes_.data()); }
