@@ -47,6 +47,16 @@ void open(Opening& opening) {
         CoUninitialize();
 }
 
+/// An icon at one size; null if it cannot be had. The size is asked for in pixels: the system's own measures
+/// change when a window of ours goes into a host that knows of another resolution.
+::HICON iconAt(const char* file, std::int32_t index, int side) {
+    ::HICON icon = nullptr;
+    UINT number = 0;
+    const UINT extracted = PrivateExtractIconsA(file, index, side, side, &icon, &number, 1, 0);
+    // A file that cannot be read gives the largest number. Wine leaves anything in the handle when it fails.
+    return extracted == 0 || extracted == UINT_MAX ? nullptr : icon;
+}
+
 /// Older than the system's present record: the shell takes it with the version that its size tells.
 NOTIFYICONDATAA trayRecord(const platform::NOTIFYICONDATA& record) {
     NOTIFYICONDATAA made{};
@@ -66,15 +76,18 @@ NOTIFYICONDATAA trayRecord(const platform::NOTIFYICONDATA& record) {
 namespace platform {
 
 std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeIcon, HICON& smallIcon) {
-    ::HICON large = nullptr;
-    ::HICON little = nullptr;
-    const UINT extracted = ::ExtractIconExA(file, index, &large, &little, 1);
-    // A file that cannot be read gives the largest number. Wine leaves anything in the handles when it fails.
-    if (extracted == 0 || extracted == UINT_MAX || little == nullptr)
+    constexpr int largeSide = 32;
+    constexpr int smallSide = 16;
+    const ::HICON large = iconAt(file, index, largeSide);
+    const ::HICON little = iconAt(file, index, smallSide);
+    if (large == nullptr || little == nullptr) {
+        ::DestroyIcon(large);
+        ::DestroyIcon(little);
         return 0;
+    }
     largeIcon = HICON{reinterpret_cast<std::uintptr_t>(large)};
     smallIcon = HICON{reinterpret_cast<std::uintptr_t>(little)};
-    return 1; // with both sizes asked for the platform may count each
+    return 1;
 }
 
 int iconCount(const char* file) {
