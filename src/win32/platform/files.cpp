@@ -1,8 +1,8 @@
 #include "platform/files.h"
 
 #include "win32/platform/fileError.h"
+#include "win32/platform/hosts.h"
 #include "win32/platform/paths.h"
-#include "win32/platform/patience.h"
 
 #include <windows.h>
 
@@ -15,34 +15,20 @@ runtime::RuntimeError lastError() {
     return win32::lastFileError(runtime::ErrorNumber::fileNotFound);
 }
 
-/// The bare name of the first plain file that a path matches.
-std::string findFile(const std::string& path) {
+/// The bare name of the first plain file that a path matches, none if there is none. Tells whether the path's
+/// host has answered.
+bool findFile(const std::string& path, std::string& name) {
     WIN32_FIND_DATAA found;
     const HANDLE search = FindFirstFileA(path.c_str(), &found);
     if (search == INVALID_HANDLE_VALUE)
-        return {};
-    std::string name;
+        return win32::isAnswer(GetLastError());
     do {
         constexpr DWORD special = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
         if ((found.dwFileAttributes & special) == 0)
             name = found.cFileName;
     } while (name.empty() && FindNextFileA(search, &found) != FALSE);
     FindClose(search);
-    return name;
-}
-
-bool isRemote(const std::string& path) {
-    if (path.starts_with("\\\\") || path.starts_with("//"))
-        return true;
-    return path.size() > 1 && path[1] == ':' &&
-           GetDriveTypeA((path.substr(0, 2) + "\\").c_str()) == DRIVE_REMOTE;
-}
-
-/// A host that does not answer takes the system half a minute: what has not been found by then counts as
-/// missing.
-std::string findPatiently(const std::string& path) {
-    const auto name = std::make_shared<std::string>();
-    return win32::doPatiently([path, name] { *name = findFile(path); }) ? *name : std::string();
+    return true;
 }
 
 } // namespace
@@ -53,8 +39,10 @@ std::string dir(std::string_view path) {
     // The platform takes some characters that no file name holds for wildcards of its own.
     if (path.empty() || path.find_first_of("<>\"|") != std::string_view::npos)
         return {};
-    const std::string whole(path);
-    return isRemote(whole) ? findPatiently(whole) : findFile(whole);
+    const auto name = std::make_shared<std::string>();
+    const bool asked =
+        win32::askHost(path, [whole = std::string(path), name] { return findFile(whole, *name); });
+    return asked ? *name : std::string();
 }
 
 void kill(std::string_view path) {

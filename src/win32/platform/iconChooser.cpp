@@ -2,6 +2,7 @@
 
 #include "platform/codePage.h"
 #include "platform/shell32.h"
+#include "win32/platform/hosts.h"
 
 #include <algorithm>
 #include <array>
@@ -10,7 +11,9 @@ namespace win32 {
 
 int callIconChooser(IconChooser choose, HWND owner, std::string& file, std::int32_t& index) {
     std::array<char16_t, platform::iconPathSize> buffer = {};
-    const std::u16string start = platform::toUtf16(file);
+    // The chooser reads the file on our thread, for as long as a host that does not answer takes. Without a
+    // file it begins with icons of its own.
+    const std::u16string start = platform::toUtf16(hostAnswers(file) ? file : std::string());
     std::copy_n(start.begin(), std::min(start.size(), buffer.size() - 1), buffer.begin());
     int chosen = index;
     const int result =

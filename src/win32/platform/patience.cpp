@@ -1,7 +1,5 @@
 #include "win32/platform/patience.h"
 
-#include <windows.h>
-
 #include <memory>
 #include <utility>
 
@@ -19,18 +17,15 @@ DWORD WINAPI run(void* parameter) {
 
 /// Waits for the end of the thread. Other programs may send messages to our windows meanwhile, the work's own
 /// calls among them: those are answered.
-bool await(HANDLE thread) {
-    // Milliseconds. A host that answers does so well within this; for one that does not the system takes half
-    // a minute. It has to stay below the 5 s after which a thread that fetches no message counts as hung:
-    // ours shares its input with EAGLE's.
-    constexpr DWORD patience = 3000;
+bool await(HANDLE thread, ULONGLONG longest) {
     const ULONGLONG begin = GetTickCount64();
     for (;;) {
         const ULONGLONG passed = GetTickCount64() - begin;
-        if (passed >= patience)
-            return false;
-        const DWORD woken = MsgWaitForMultipleObjects(1, &thread, FALSE,
-                                                      static_cast<DWORD>(patience - passed), QS_SENDMESSAGE);
+        // It may have ended while a message was answered.
+        if (passed >= longest)
+            return WaitForSingleObject(thread, 0) == WAIT_OBJECT_0;
+        const DWORD woken = MsgWaitForMultipleObjects(1, &thread, FALSE, static_cast<DWORD>(longest - passed),
+                                                      QS_SENDMESSAGE);
         if (woken == WAIT_OBJECT_0)
             return true;
         if (woken == WAIT_FAILED)
@@ -42,13 +37,13 @@ bool await(HANDLE thread) {
 
 } // namespace
 
-bool doPatiently(std::function<void()> work) {
+bool doPatiently(std::function<void()> work, ULONGLONG longest) {
     auto handed = std::make_unique<Work>(std::move(work));
     const HANDLE thread = CreateThread(nullptr, 0, run, handed.get(), 0, nullptr);
     if (thread == nullptr)
         return false;
     (void)handed.release(); // the thread's
-    const bool done = await(thread);
+    const bool done = await(thread, longest);
     CloseHandle(thread);
     return done;
 }

@@ -1,13 +1,21 @@
 // Calls of the system that can hang, on a network that does not answer for instance.
 #pragma once
 
+#include <windows.h>
+
 #include <functional>
 
 namespace win32 {
 
-/// Does the work on a thread of its own and waits a few seconds at most: our windows stand inside EAGLE's,
-/// whose thread shares its input with ours and would stand still as long. False if the work has not ended by
-/// then; it goes on by itself, so it must own all that it uses. The work must not throw.
-bool doPatiently(std::function<void()> work);
+/// Milliseconds that our thread waits at most. A host that answers does so well within this; for one that
+/// does not the system takes half a minute. It has to stay below the 5 s after which a thread that fetches no
+/// message counts as hung: ours shares its input with EAGLE's.
+inline constexpr ULONGLONG patience = 3000;
+
+/// Does the work on a thread of its own and waits so many milliseconds at most: our windows stand inside
+/// EAGLE's, whose thread would stand still as long. False if the work has not ended by then; it goes on by
+/// itself, so it must own all that it uses. It must not throw. False as well if no thread can be made; the
+/// work is not done then.
+bool doPatiently(std::function<void()> work, ULONGLONG longest = patience);
 
 } // namespace win32

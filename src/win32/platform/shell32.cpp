@@ -1,13 +1,15 @@
 #include "platform/shell32.h"
 
+#include "runtime/text.h"
 #include "win32/common/holding.h"
 #include "win32/common/native.h"
+#include "win32/platform/hosts.h"
 #include "win32/platform/iconChooser.h"
+#include "win32/platform/opening.h"
 #include "win32/platform/patience.h"
 
 #include <windows.h>
 
-#include <objbase.h>
 #include <shellapi.h>
 
 #include <algorithm>
@@ -15,44 +17,32 @@
 #include <cstring>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace {
 
-struct Opening {
-    platform::HWND owner;
-    std::string verb;
-    std::string file;
-    std::string parameters;
-    std::string folder;
-    int command;
-    std::intptr_t result = 0;
-};
+/// What is read of one file's icon: no more than is taken of it outlives it.
+class ExtractedIcon {
+  public:
+    ExtractedIcon() = default;
+    ~ExtractedIcon() {
+        for (const ::HICON icon : {large, little})
+            if (icon != nullptr)
+                ::DestroyIcon(icon);
+    }
+    ExtractedIcon(const ExtractedIcon&) = delete;
+    ExtractedIcon& operator=(const ExtractedIcon&) = delete;
 
-/// On a thread of its own.
-void open(Opening& opening) {
-    const HRESULT prepared = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
-    SHELLEXECUTEINFOA call{};
-    call.cbSize = sizeof call;
-    // No message of the shell's own; the thread ends behind the call.
-    call.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC;
-    call.hwnd = win32::native(opening.owner);
-    call.lpVerb = opening.verb.c_str();
-    call.lpFile = opening.file.c_str();
-    call.lpParameters = opening.parameters.c_str();
-    call.lpDirectory = opening.folder.c_str();
-    call.nShow = opening.command;
-    ShellExecuteExA(&call);
-    opening.result = reinterpret_cast<std::intptr_t>(call.hInstApp);
-    if (SUCCEEDED(prepared))
-        CoUninitialize();
-}
+    ::HICON large = nullptr;
+    ::HICON little = nullptr;
+};
 
 /// An icon at one size; null if it cannot be had. The size is asked for in pixels: the system's own measures
 /// change when a window of ours goes into a host that knows of another resolution.
-::HICON iconAt(const char* file, std::int32_t index, int side) {
+::HICON iconAt(const std::string& file, std::int32_t index, int side) {
     ::HICON icon = nullptr;
     UINT number = 0;
-    const UINT extracted = PrivateExtractIconsA(file, index, side, side, &icon, &number, 1, 0);
+    const UINT extracted = PrivateExtractIconsA(file.c_str(), index, side, side, &icon, &number, 1, 0);
     // A file that cannot be read gives the largest number. Wine leaves anything in the handle when it fails.
     return extracted == 0 || extracted == UINT_MAX ? nullptr : icon;
 }
@@ -78,22 +68,31 @@ namespace platform {
 std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeIcon, HICON& smallIcon) {
     constexpr int largeSide = 32;
     constexpr int smallSide = 16;
-    const ::HICON large = iconAt(file, index, largeSide);
-    const ::HICON little = iconAt(file, index, smallSide);
-    if (large == nullptr || little == nullptr) {
-        ::DestroyIcon(large);
-        ::DestroyIcon(little);
+    const auto icon = std::make_shared<ExtractedIcon>();
+    const bool asked = win32::askHost(file, [path = std::string(file), index, icon] {
+        if (!win32::fileAnswers(path))
+            return false;
+        icon->large = iconAt(path, index, largeSide);
+        icon->little = iconAt(path, index, smallSide);
+        return true;
+    });
+    if (!asked || icon->large == nullptr || icon->little == nullptr)
         return 0;
-    }
-    largeIcon = HICON{reinterpret_cast<std::uintptr_t>(large)};
-    smallIcon = HICON{reinterpret_cast<std::uintptr_t>(little)};
+    largeIcon = HICON{reinterpret_cast<std::uintptr_t>(std::exchange(icon->large, nullptr))};
+    smallIcon = HICON{reinterpret_cast<std::uintptr_t>(std::exchange(icon->little, nullptr))};
     return 1;
 }
 
 int iconCount(const char* file) {
     constexpr int all = -1;
-    const UINT count = ::ExtractIconExA(file, all, nullptr, nullptr, 0);
-    return count > INT_MAX ? 0 : static_cast<int>(count);
+    const auto count = std::make_shared<UINT>(0);
+    const bool asked = win32::askHost(file, [path = std::string(file), count] {
+        if (!win32::fileAnswers(path))
+            return false;
+        *count = ::ExtractIconExA(path.c_str(), all, nullptr, nullptr, 0);
+        return true;
+    });
+    return !asked || *count > INT_MAX ? 0 : static_cast<int>(*count);
 }
 
 int PickIconDlg(HWND owner, std::string& file, std::int32_t& index) {
@@ -121,9 +120,13 @@ std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, cons
     constexpr std::size_t longestParameters = 32767;
     if (std::strlen(file) > longestFile || std::strlen(parameters) > longestParameters)
         return SE_ERR_FNF;
-    const auto opening = std::make_shared<Opening>(Opening{owner, verb, file, parameters, folder, command});
+    // Without a file the shell would open the current folder.
+    if (runtime::trim(file).empty() || !win32::hostAnswers(file))
+        return SE_ERR_FNF;
+    const auto opening =
+        std::make_shared<win32::Opening>(win32::Opening{owner, verb, file, parameters, folder, command});
     // What is not open by then is still being opened.
-    return win32::doPatiently([opening] { open(*opening); }) ? opening->result : SE_ERR_DDEBUSY;
+    return win32::doPatiently([opening] { win32::open(*opening); }) ? opening->result : SE_ERR_DDEBUSY;
 }
 
 HICON programIcon() {

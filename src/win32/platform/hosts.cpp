@@ -1,0 +1,188 @@
+#include "win32/platform/hosts.h"
+
+#include "runtime/text.h"
+#include "win32/platform/patience.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <map>
+#include <memory>
+
+namespace win32 {
+
+namespace {
+
+/// Milliseconds for which a host counts as away that has not answered.
+constexpr ULONGLONG pause = 60'000;
+
+/// Used by our thread but for the two that its thread sets.
+struct Host {
+    std::atomic<bool> busy = false;     ///< its thread is at work
+    std::atomic<bool> answered = false; ///< since it was last asked
+    ULONGLONG waited = 0;               ///< since its last answer
+    ULONGLONG awayUntil = 0;            ///< 0: it is not known to be away
+};
+
+/// A host's thread from its making to its end, and where none can be made.
+class Turn {
+  public:
+    explicit Turn(std::shared_ptr<Host> host) : host_(std::move(host)) { host_->busy = true; }
+    ~Turn() { host_->busy = false; }
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+
+    void answered() { host_->answered = true; }
+
+  private:
+    std::shared_ptr<Host> host_;
+};
+
+std::shared_ptr<Host> knownHost(const std::string& name) {
+    static std::map<std::string, std::shared_ptr<Host>> hosts;
+    std::shared_ptr<Host>& host = hosts[name];
+    if (!host)
+        host = std::make_shared<Host>();
+    return host;
+}
+
+/// A host that has answered, if late, is there, and one whose minute has passed may be.
+bool mayBeAsked(Host& host, ULONGLONG now) {
+    if (host.answered.exchange(false) || (host.awayUntil != 0 && now >= host.awayUntil)) {
+        host.waited = 0;
+        host.awayUntil = 0;
+    }
+    return host.awayUntil == 0 && !host.busy;
+}
+
+std::string upToSeparator(std::string_view text) {
+    return std::string(text.substr(0, text.find('\\')));
+}
+
+/// What the system has a drive letter for, "\Device\HarddiskVolume2" for instance; empty if it has none.
+std::string targetOf(char letter) {
+    const std::array<char, 3> drive = {letter, ':', '\0'};
+    std::array<char, 1024> target{};
+    if (QueryDosDeviceA(drive.data(), target.data(), static_cast<DWORD>(target.size())) == 0)
+        return {};
+    return runtime::lowerCase(target.data());
+}
+
+bool isFixed(char letter) {
+    const std::array<char, 4> root = {letter, ':', '\\', '\0'};
+    const UINT type = GetDriveTypeA(root.data());
+    return type == DRIVE_FIXED || type == DRIVE_RAMDISK || type == DRIVE_NO_ROOT_DIR;
+}
+
+std::string hostOfLower(const std::string& path, int letters);
+
+/// `letters`: how many letters may still stand for a folder that another letter leads to.
+std::string hostOfDrive(char letter, int letters) {
+    const std::string target = targetOf(letter);
+    if (target.empty())
+        return {};
+    // A letter for a folder.
+    if (target.starts_with("\\??\\"))
+        return letters == 0 ? std::string() : hostOfLower("\\\\?\\" + target.substr(4), letters - 1);
+    // A letter for a share: \Device\LanmanRedirector\;X:00000000000a1b2c\server\share, with or without the
+    // redirector's name as the last part but one.
+    const std::size_t mark = target.rfind("\\;");
+    const std::size_t server = mark == std::string::npos ? mark : target.find('\\', mark + 1);
+    if (server != std::string::npos)
+        return upToSeparator(std::string_view(target).substr(server + 1));
+    // Of other devices the type is not asked: that could be the network's to tell.
+    const bool disk = target.starts_with("\\device\\harddisk");
+    return disk && isFixed(letter) ? std::string() : std::string{letter, ':'};
+}
+
+/// Of a path in lower case with backslashes.
+std::string hostOfLower(const std::string& path, int letters) {
+    constexpr std::string_view longShare = "\\\\?\\unc\\";
+    if (path.starts_with(longShare))
+        return upToSeparator(std::string_view(path).substr(longShare.size()));
+    if (path.starts_with("\\\\?\\") || path.starts_with("\\\\.\\"))
+        return hostOfLower(path.substr(4), letters);
+    if (path.starts_with("\\\\"))
+        return upToSeparator(std::string_view(path).substr(2));
+    if (path.size() > 1 && path[1] == ':')
+        return hostOfDrive(path[0], letters);
+    return {};
+}
+
+/// Whether a path says by itself where it leads.
+bool isAbsolute(const std::string& path) {
+    return path.starts_with("\\\\") || (path.size() > 1 && path[1] == ':');
+}
+
+std::string currentFolder() {
+    std::string folder(GetCurrentDirectoryA(0, nullptr), '\0');
+    folder.resize(GetCurrentDirectoryA(static_cast<DWORD>(folder.size()), folder.data()));
+    return folder;
+}
+
+} // namespace
+
+std::string hostOf(std::string_view path) {
+    std::string plain = runtime::lowerCase(path.starts_with('"') ? path.substr(1) : path);
+    std::ranges::replace(plain, '/', '\\');
+    constexpr int letters = 4;
+    return hostOfLower(isAbsolute(plain) ? plain : runtime::lowerCase(currentFolder()), letters);
+}
+
+bool askHost(std::string_view path, const std::function<bool()>& work) {
+    const std::string name = hostOf(path);
+    if (name.empty()) {
+        work();
+        return true;
+    }
+    const std::shared_ptr<Host> host = knownHost(name);
+    const ULONGLONG begin = GetTickCount64();
+    if (!mayBeAsked(*host, begin))
+        return false;
+    const bool done = doPatiently(
+        [turn = std::make_shared<Turn>(host), work] {
+            if (work())
+                turn->answered();
+        },
+        patience - host->waited);
+    const ULONGLONG end = GetTickCount64();
+    host->waited += end - begin;
+    if (!done || (!host->answered && host->waited >= patience))
+        host->awayUntil = end + pause;
+    return done;
+}
+
+bool hostAnswers(std::string_view path) {
+    if (hostOf(path).empty())
+        return true;
+    const auto answers = std::make_shared<bool>(false);
+    const bool done =
+        askHost(path, [whole = std::string(path), answers] { return *answers = fileAnswers(whole); });
+    return done && *answers;
+}
+
+bool isAnswer(DWORD error) {
+    switch (error) {
+    case ERROR_SUCCESS:
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_ACCESS_DENIED:
+    case ERROR_NO_MORE_FILES:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_BAD_EXE_FORMAT:
+    case elevationRequired:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool fileAnswers(const std::string& path) {
+    return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES || isAnswer(GetLastError());
+}
+
+void askForNoMedium() {
+    SetErrorMode(SEM_FAILCRITICALERRORS);
+}
+
+} // namespace win32
