@@ -2,6 +2,7 @@
 #include "core/hauptform.h"
 #include "runtime/guard.h"
 #include "win32/common/messages.h"
+#include "win32/platform/hosts.h"
 
 #include <windows.h>
 
@@ -19,6 +20,7 @@ void __verbose_terminate_handler() {
 } // namespace __gnu_cxx
 
 int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*commandLine*/, int /*show*/) {
+    win32::askForNoMedium();
     // The file dialogs host the shell's extensions.
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};

@@ -4,12 +4,18 @@
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
 #include "win32/common/native.h"
+#include "win32/platform/hosts.h"
+#include "win32/platform/opening.h"
+#include "win32/platform/paths.h"
+#include "win32/platform/patience.h"
 
 #include <windows.h>
 
 #include <sddl.h>
 
+#include <algorithm>
 #include <array>
+#include <memory>
 #include <string>
 
 namespace {
@@ -34,6 +40,73 @@ std::string userSid() {
     }
     CloseHandle(token);
     return sid;
+}
+
+struct Start {
+    std::string commandLine;
+    int windowStyle = 0;
+    DWORD failure = ERROR_SUCCESS;
+    /// Set if the program needs more rights than ours.
+    std::string program;
+    std::string parameters;
+};
+
+/// The file that the system starts for the beginning of a command line; empty if there is none.
+std::string programFile(const std::string& beginning) {
+    std::string file(win32::longestPath, '\0');
+    file.resize(SearchPathA(nullptr, beginning.c_str(), ".exe", win32::longestPath, file.data(), nullptr));
+    const DWORD attributes = file.empty() ? INVALID_FILE_ATTRIBUTES : GetFileAttributesA(file.c_str());
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? std::string() : file;
+}
+
+/// Parts a command line as the system does: the program is what stands in quotes, else the shortest
+/// beginning up to a blank that is one.
+void partProgram(Start& start) {
+    const std::string& line = start.commandLine;
+    std::size_t end = 0;
+    if (line.starts_with('"')) {
+        end = std::min(line.find('"', 1), line.size());
+        start.program = programFile(line.substr(1, end - 1));
+        end = std::min(end + 1, line.size());
+    }
+    while (start.program.empty() && end < line.size()) {
+        end = std::min(line.find(' ', end + 1), line.size());
+        start.program = programFile(line.substr(0, end));
+    }
+    start.parameters = runtime::trim(std::string_view(line).substr(end));
+}
+
+/// Tells whether the program's host has answered.
+bool begin(Start& start) {
+    std::string line(start.commandLine); // the call may write into it
+    STARTUPINFOA how{};
+    how.cb = sizeof how;
+    how.dwFlags = STARTF_USESHOWWINDOW;
+    how.wShowWindow = static_cast<WORD>(start.windowStyle);
+    PROCESS_INFORMATION started{};
+    if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_DEFAULT_ERROR_MODE, nullptr,
+                       nullptr, &how, &started) == FALSE) {
+        start.failure = GetLastError();
+        if (start.failure == win32::elevationRequired)
+            partProgram(start);
+        return win32::isAnswer(start.failure);
+    }
+    CloseHandle(started.hThread);
+    CloseHandle(started.hProcess);
+    return true;
+}
+
+/// The shell asks the user for the rights that a program needs. Nobody waits for the answer, which may be no.
+void startWithMoreRights(const Start& start) {
+    const auto opening = std::make_shared<win32::Opening>();
+    // The system's question comes up over the window that the user works in, and not in the task bar.
+    opening->owner = win32::neutral(GetForegroundWindow());
+    opening->verb = "Open";
+    opening->file = start.program;
+    opening->parameters = start.parameters;
+    opening->command = start.windowStyle;
+    constexpr ULONGLONG notAtAll = 0;
+    win32::doPatiently([opening] { win32::open(*opening); }, notAtAll);
 }
 
 /// A search for a window by its title: the whole of it, or how it begins.
@@ -62,17 +135,14 @@ BOOL CALLBACK compareTitle(HWND window, LPARAM parameter) {
 namespace platform {
 
 void shell(std::string_view commandLine, int windowStyle) {
-    std::string line(commandLine); // the call may write into it
-    STARTUPINFOA start{};
-    start.cb = sizeof start;
-    start.dwFlags = STARTF_USESHOWWINDOW;
-    start.wShowWindow = static_cast<WORD>(windowStyle);
-    PROCESS_INFORMATION started{};
-    if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                       &started) == FALSE)
+    const auto start = std::make_shared<Start>();
+    start->commandLine = commandLine;
+    start->windowStyle = windowStyle;
+    const bool asked = win32::askHost(commandLine, [start] { return begin(*start); });
+    if (asked && start->failure == win32::elevationRequired)
+        startWithMoreRights(*start);
+    else if (!asked || start->failure != ERROR_SUCCESS)
         throw RuntimeError(ErrorNumber::fileNotFound);
-    CloseHandle(started.hThread);
-    CloseHandle(started.hProcess);
 }
 
 void appActivate(std::string_view title) {
