@@ -159,6 +159,11 @@ LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam,
         self->handle_ = nullptr;
         return result;
     }
+    // No code of the program runs then, but the window goes on: a message that is answered by nothing vetoes
+    // the end of the session or a change of the window in front, and a picture that is due is asked for
+    // without end.
+    if (runtime::endingByError())
+        return self->defaultMessage(message, wParam, lParam);
     runtime::guarded([&] {
         if (self->mouseEventsFirst())
             self->reportMouse(message, wParam, lParam);

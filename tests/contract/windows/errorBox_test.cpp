@@ -1,0 +1,285 @@
+// While the error box is up: our windows live on as the system's own do, and no code of the program runs.
+#include "contract/barForm.h"
+#include "contract/windows/endByError.h"
+#include "contract/world.h"
+#include "forms/button.h"
+#include "forms/frame.h"
+#include "forms/textBox.h"
+#include "forms/timer.h"
+#include "platform/keySender.h"
+#include "platform/user32.h"
+#include "runtime/guard.h"
+#include "win32/common/holding.h"
+#include "win32/common/native.h"
+
+#include <doctest/doctest.h>
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <atomic>
+#include <functional>
+#include <string_view>
+#include <thread>
+
+namespace {
+
+using contract::World;
+
+constexpr ULONGLONG patience = 10'000; // milliseconds
+
+/// Waits for a condition beside the thread of our windows.
+bool comes(const std::function<bool()>& condition) {
+    const ULONGLONG begin = GetTickCount64();
+    while (!condition()) {
+        if (GetTickCount64() - begin > patience)
+            return false;
+        Sleep(10);
+    }
+    return true;
+}
+
+BOOL CALLBACK takeBox(HWND window, LPARAM result) {
+    char name[16] = {};
+    GetClassNameA(window, name, sizeof name);
+    if (std::string_view(name) != "#32770" || IsWindowVisible(window) == FALSE)
+        return TRUE;
+    *reinterpret_cast<HWND*>(result) = window;
+    return FALSE;
+}
+
+HWND boxOf(DWORD thread) {
+    HWND found = nullptr;
+    EnumThreadWindows(thread, takeBox, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+bool hasKeyboard(HWND box) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    return GetForegroundWindow() == box &&
+           GetGUIThreadInfo(GetWindowThreadProcessId(box, nullptr), &info) != FALSE &&
+           IsChild(box, info.hwndFocus) != FALSE;
+}
+
+/// An error that nothing handles, and what happens while it is shown, on a thread of its own: ours is in the
+/// box. Closes the box afterwards if it is still there.
+void showError(const std::function<void(HWND box)>& meanwhile) {
+    std::thread user([&meanwhile, thread = GetCurrentThreadId()] {
+        HWND box = nullptr;
+        if (comes([&] { return (box = boxOf(thread)) != nullptr; }))
+            meanwhile(box);
+        PostMessageA(box, WM_COMMAND, IDOK, 0);
+    });
+    CHECK_THROWS_AS(runtime::guarded([] { throw runtime::RuntimeError(runtime::ErrorNumber::typeMismatch); }),
+                    contract::EndedByError);
+    user.join();
+}
+
+LRESULT ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+    DWORD_PTR answer = 0;
+    constexpr UINT longest = 3'000; // milliseconds
+    if (SendMessageTimeoutA(window, message, wParam, lParam, SMTO_NORMAL, longest, &answer) == 0)
+        return -1;
+    return static_cast<LRESULT>(answer);
+}
+
+/// A dialog with a field and a button.
+class Dialog : public forms::Form {
+  public:
+    Dialog() {
+        setClientSize(4500, 1800);
+        field.place(*this, {150, 150, 3000, 300});
+        field.setText("text");
+        button.place(*this, {150, 900, 1500, 375});
+        button.onClick = [this] { ++events; };
+        field.onChange = [this] { ++events; };
+        field.onMouseMove = [this](int, int, float, float) { ++events; };
+    }
+    void Form_Click() override { ++events; }
+    void Form_Resize() override { ++events; }
+    void Form_QueryUnload(bool& /*cancel*/) override { ++events; }
+
+    forms::TextBox field;
+    forms::CommandButton button;
+    std::atomic<int> events = 0;
+};
+
+/// The two that stand in a host's window: a toolbar, and a frame with a field.
+class Guest : public contract::BarForm {
+  public:
+    explicit Guest(platform::HWND host) {
+        frame.place(*this, {0, 0, 1500, 600});
+        field.place(frame, {0, 0, 1200, 300});
+        show();
+        platform::SetParent(hWnd(), host);
+        platform::MoveWindow(hWnd(), 0, 60, 200, 60, true);
+        platform::SetParent(frame.hWnd(), host);
+    }
+    forms::Frame frame;
+    forms::TextBox field;
+};
+
+/// Counts one of the messages that a window gets.
+class Counter {
+  public:
+    Counter(HWND window, UINT message) : window_(window), message_(message) {
+        SetWindowSubclass(window_, hear, 2, reinterpret_cast<DWORD_PTR>(this));
+    }
+    ~Counter() { RemoveWindowSubclass(window_, hear, 2); }
+    Counter(const Counter&) = delete;
+    Counter& operator=(const Counter&) = delete;
+
+    std::atomic<int> count = 0;
+
+  private:
+    static LRESULT CALLBACK hear(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR /*id*/,
+                                 DWORD_PTR counter) {
+        auto& self = *reinterpret_cast<Counter*>(counter);
+        if (message == self.message_)
+            ++self.count;
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
+
+    HWND window_;
+    UINT message_;
+};
+
+/// Whether the box comes in front, and an Enter of the user's closes it.
+void checkKeyboard(const char* over) {
+    bool inFront = false;
+    bool closed = false;
+    showError([&](HWND box) {
+        inFront = comes([box] { return hasKeyboard(box); });
+        const platform::KeyStroke enter{.key = platform::Key::enter};
+        closed = comes([&, asked = ULONGLONG{0}]() mutable {
+            constexpr ULONGLONG again = 1'000; // milliseconds
+            if (IsWindow(box) != FALSE && GetTickCount64() - asked > again) {
+                platform::sendKeys({&enter, 1}, false);
+                asked = GetTickCount64();
+            }
+            return IsWindow(box) == FALSE;
+        });
+    });
+    INFO("over ", over);
+    CHECK(inFront);
+    CHECK(closed);
+}
+
+} // namespace
+
+TEST_SUITE_BEGIN("contract/windows/errorBox");
+
+TEST_CASE("the error box has the keyboard over each kind of window of ours") {
+    World world;
+    {
+        Dialog dialog;
+        dialog.show();
+        checkKeyboard("a dialog");
+        const win32::Hold held(dialog);
+        checkKeyboard("a modal dialog");
+    }
+    {
+        forms::Form plain;
+        plain.controlBox = false;
+        plain.showInTaskbar = false;
+        plain.setClientSize(3000, 1500);
+        plain.show();
+        checkKeyboard("a form without a title");
+    }
+    const platform::HWND editor = world.openEditor();
+    Guest guest(editor);
+    checkKeyboard("a toolbar in the window in front");
+    guest.field.setFocus();
+    REQUIRE(World::until([&] { return GetFocus() == win32::native(guest.field.hWnd()); }));
+    checkKeyboard("a field in the window in front");
+}
+
+TEST_CASE("under the error box a window is painted once") {
+    World world;
+    Dialog dialog;
+    dialog.show();
+    Guest guest(world.openWindow("host", {100, 400, 900, 720}));
+    World::until([&] { return GetUpdateRect(win32::native(dialog.hWnd()), nullptr, FALSE) == FALSE; });
+    for (forms::Control* control :
+         {static_cast<forms::Control*>(&dialog), static_cast<forms::Control*>(&dialog.field),
+          static_cast<forms::Control*>(&dialog.button), static_cast<forms::Control*>(&guest.bar),
+          static_cast<forms::Control*>(&guest.frame)}) {
+        const HWND window = win32::native(control->hWnd());
+        Counter painting(window, WM_PAINT);
+        bool clean = false;
+        int once = 0;
+        showError([&](HWND box) {
+            comes([box] { return hasKeyboard(box); });
+            comes([&] { return ask(window, WM_NULL) == 0; });
+            painting.count = 0;
+            InvalidateRect(window, nullptr, TRUE);
+            clean = comes([&] { return painting.count > 0; });
+            for (int look = 0; look < 20; ++look)
+                ask(box, WM_NULL);
+            Sleep(200);
+            once = painting.count;
+        });
+        INFO("control ", static_cast<int>(control->kind()));
+        CHECK(clean);
+        CHECK(once == 1);
+    }
+}
+
+TEST_CASE(
+    "under the error box our windows let the session end and the front change, and speak for themselves") {
+    World world;
+    Dialog dialog;
+    dialog.show();
+    Guest guest(world.openWindow("host", {100, 400, 900, 720}));
+    for (forms::Control* form : {static_cast<forms::Control*>(&dialog), static_cast<forms::Control*>(&guest),
+                                 static_cast<forms::Control*>(&guest.frame)}) {
+        LRESULT sessionMayEnd = FALSE;
+        LRESULT frontMayChange = FALSE;
+        showError([&](HWND /*box*/) {
+            sessionMayEnd = ask(win32::native(form->hWnd()), WM_QUERYENDSESSION);
+            frontMayChange = ask(win32::native(form->hWnd()), WM_NCACTIVATE, FALSE);
+        });
+        CHECK(sessionMayEnd == TRUE);
+        CHECK(frontMayChange == TRUE);
+    }
+    LRESULT length = 0;
+    LRESULT styles = 0;
+    showError([&](HWND /*box*/) {
+        length = ask(win32::native(dialog.field.hWnd()), WM_GETTEXTLENGTH);
+        styles = ask(win32::native(guest.bar.hWnd()), TB_GETSTYLE);
+    });
+    CHECK(length == 4);
+    CHECK((styles & TBSTYLE_WRAPABLE) != 0);
+}
+
+TEST_CASE("under the error box no code of the program runs") {
+    const World world;
+    Dialog dialog;
+    dialog.show();
+    forms::Timer timer;
+    timer.setInterval(20);
+    timer.onTimer = [&] { ++dialog.events; };
+    timer.setEnabled(true);
+    World::until([&] { return dialog.events > 0; });
+    int before = 0;
+    int after = 0;
+    showError([&](HWND box) {
+        before = dialog.events;
+        const HWND form = win32::native(dialog.hWnd());
+        const HWND field = win32::native(dialog.field.hWnd());
+        ask(form, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+        ask(form, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
+        ask(field, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
+        ask(field, WM_CHAR, 'x');
+        ask(win32::native(dialog.button.hWnd()), BM_CLICK);
+        SetWindowPos(form, nullptr, 0, 0, 400, 300, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        Sleep(100); // several times the timer's interval
+        ask(box, WM_NULL);
+        after = dialog.events;
+    });
+    CHECK(after == before);
+}
+
+TEST_SUITE_END();
