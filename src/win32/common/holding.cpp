@@ -1,5 +1,6 @@
 #include "win32/common/holding.h"
 
+#include "win32/common/joinedHosts.h"
 #include "win32/common/native.h"
 
 namespace win32 {
@@ -81,6 +82,7 @@ bool isHeld(const forms::Form& form) {
 }
 
 Hold::Hold() {
+    partFromSilentHosts(); // the dialog comes up by itself
     holdOthers(nullptr);
 }
 

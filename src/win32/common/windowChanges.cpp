@@ -1,5 +1,6 @@
 #include "win32/common/windowChanges.h"
 
+#include "win32/common/joinedHosts.h"
 #include "win32/common/native.h"
 
 namespace win32 {
@@ -11,37 +12,60 @@ void changeStyle(HWND window, DWORD clear, DWORD set) {
     SetWindowLongA(window, GWL_STYLE, static_cast<LONG>((style & ~clear) | set));
 }
 
+/// Before a window of ours comes or goes. A control that does not have the focus does so among our own
+/// windows alone.
+void prepare(HWND window) {
+    const bool isControl = (GetWindowLongA(window, GWL_STYLE) & WS_CHILD) != 0;
+    const HWND focus = GetFocus();
+    if (!isControl || (focus != nullptr && (focus == window || IsChild(window, focus) != FALSE)))
+        partFromSilentHosts();
+}
+
 } // namespace
 
 void activateWindow(HWND window) {
+    partFromSilentHosts();
+    joinAgain(window);
     SetForegroundWindow(window);
 }
 
 void focusWindow(HWND window) {
+    partFromSilentHosts();
+    joinAgain(window);
     SetFocus(window);
 }
 
 bool raiseWindow(HWND window) {
-    if (!isForeign(window))
+    if (!isForeign(window)) {
+        partFromSilentHosts();
         return BringWindowToTop(window) != FALSE;
+    }
     if (IsWindow(window) == FALSE)
         return false;
     // The click that brought us here gives us the right to choose the window in front.
     if (answers(window))
-        SetForegroundWindow(window);
+        activateWindow(window);
     return SetWindowPos(window, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_ASYNCWINDOWPOS) != FALSE;
 }
 
 bool showWindow(HWND window, int command) {
-    return (isForeign(window) ? ShowWindowAsync(window, command) : ShowWindow(window, command)) != FALSE;
+    if (isForeign(window))
+        return ShowWindowAsync(window, command) != FALSE;
+    prepare(window);
+    return ShowWindow(window, command) != FALSE;
 }
 
 void showInPlace(HWND window) {
+    prepare(window);
     SetWindowPos(window, nullptr, 0, 0, 0, 0,
                  SWP_SHOWWINDOW | SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER);
 }
 
 HWND putInto(HWND window, HWND parent) {
+    const bool isTop = (GetWindowLongA(window, GWL_STYLE) & WS_CHILD) == 0;
+    if (parent == nullptr && isTop)
+        return GetAncestor(window, GA_PARENT);
+    partFromSilentHosts();
     // The styles must fit before the window goes in and after it has come out.
     if (parent != nullptr) {
         if (IsWindow(parent) == FALSE)
@@ -52,10 +76,13 @@ HWND putInto(HWND window, HWND parent) {
     const bool refused = former == nullptr && parent != nullptr;
     if (parent == nullptr || refused)
         changeStyle(window, WS_CHILD, WS_POPUP);
+    else
+        hostJoined(parent);
     return former;
 }
 
 void destroyWindow(HWND window) {
+    prepare(window);
     DestroyWindow(window);
 }
 

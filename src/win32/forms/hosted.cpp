@@ -1,6 +1,7 @@
 #include "win32/forms/hosted.h"
 
 #include "win32/common/holding.h"
+#include "win32/common/joinedHosts.h"
 #include "win32/forms/windowPeer.h"
 
 namespace win32 {
@@ -67,6 +68,8 @@ bool answerAsHosted(HWND window, UINT message, WPARAM wParam, LPARAM lParam, LRE
         const forms::Form* form = peer == nullptr ? nullptr : peer->control().form();
         // A click gives the focus to a field of ours, and that waits for the window that has it now.
         const bool heard = (form == nullptr || !isHeld(*form)) && answers(GetAncestor(window, GA_ROOT));
+        if (heard)
+            joinAgain(window);
         result = heard ? MA_ACTIVATE : MA_NOACTIVATEANDEAT;
         return true;
     }

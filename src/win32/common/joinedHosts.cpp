@@ -1,0 +1,127 @@
+#include "win32/common/joinedHosts.h"
+
+#include "win32/common/native.h"
+
+#include <algorithm>
+#include <map>
+#include <vector>
+
+namespace win32 {
+
+namespace {
+
+constexpr UINT watchInterval = 250; // milliseconds, and as long may a host take to answer
+
+struct Host {
+    std::vector<HWND> windows; ///< that ours have gone into; any of them will do to ask
+    bool asked = false;        ///< without an answer yet
+    bool silent = false;       ///< it did not answer in time, and we are parted from it
+    int joins = 0;             ///< how often we were joined with it when we parted
+};
+
+/// By their threads.
+std::map<DWORD, Host>& hosts() {
+    static std::map<DWORD, Host> all;
+    return all;
+}
+
+Host* find(DWORD thread) {
+    const auto found = hosts().find(thread);
+    return found == hosts().end() ? nullptr : &found->second;
+}
+
+void CALLBACK heard(HWND /*window*/, UINT /*message*/, ULONG_PTR thread, LRESULT /*result*/) {
+    if (Host* host = find(static_cast<DWORD>(thread)))
+        host->asked = false;
+}
+
+void ask(DWORD thread, Host& host) {
+    if (!host.asked)
+        host.asked = SendMessageCallbackA(host.windows.front(), WM_NULL, 0, 0, heard, thread) != FALSE;
+}
+
+void part(DWORD thread, Host& host) {
+    host.silent = true;
+    // Each window that has gone in there has joined us once more.
+    int joins = 0;
+    while (AttachThreadInput(GetCurrentThreadId(), thread, FALSE) != FALSE)
+        ++joins;
+    host.joins = std::max(host.joins, joins);
+    ask(thread, host);
+}
+
+void join(DWORD thread, Host& host) {
+    while (host.joins > 0 && AttachThreadInput(GetCurrentThreadId(), thread, TRUE) != FALSE)
+        --host.joins;
+    host.joins = 0;
+    host.silent = false;
+}
+
+bool oursIsInFront() {
+    const HWND front = GetForegroundWindow();
+    return front != nullptr && !isForeign(front);
+}
+
+void watchHost(DWORD thread, Host& host) {
+    if (host.asked) {
+        if (!host.silent)
+            part(thread, host);
+    } else if (!host.silent) {
+        ask(thread, host);
+    } else if (!oursIsInFront()) {
+        join(thread, host);
+    }
+}
+
+/// Forgets the windows that have gone. Whether any is left.
+bool lives(Host& host) {
+    std::erase_if(host.windows, [](HWND window) { return IsWindow(window) == FALSE; });
+    return !host.windows.empty();
+}
+
+void CALLBACK watch(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/, DWORD /*time*/) {
+    for (auto& [thread, host] : hosts())
+        if (lives(host))
+            watchHost(thread, host);
+    std::erase_if(hosts(), [](const auto& host) { return host.second.windows.empty(); });
+}
+
+} // namespace
+
+void hostJoined(HWND host) {
+    const DWORD thread = GetWindowThreadProcessId(host, nullptr);
+    if (thread == 0 || thread == GetCurrentThreadId())
+        return;
+    // A timer of the thread: it goes on in the loops of the system's dialogs and menus.
+    static const UINT_PTR timer = SetTimer(nullptr, 0, watchInterval, watch);
+    static_cast<void>(timer);
+    Host& joined = hosts()[thread];
+    if (std::ranges::find(joined.windows, host) == joined.windows.end())
+        joined.windows.push_back(host);
+    if (joined.silent)
+        part(thread, joined);
+}
+
+void partFromSilentHosts() {
+    std::vector<DWORD> threads;
+    for (const auto& [thread, host] : hosts())
+        threads.push_back(thread);
+    for (const DWORD thread : threads) {
+        // While another one was waited for it may have come or gone.
+        Host* host = find(thread);
+        if (host == nullptr || host->silent || !lives(*host) || answers(host->windows.front()))
+            continue;
+        host = find(thread);
+        if (host != nullptr && lives(*host))
+            part(thread, *host);
+    }
+}
+
+void joinAgain(HWND window) {
+    const DWORD thread = GetWindowThreadProcessId(GetAncestor(window, GA_ROOT), nullptr);
+    Host* host = find(thread);
+    if (host != nullptr && host->silent && !host->asked)
+        join(thread, *host);
+}
+
+} // namespace win32

@@ -1,0 +1,28 @@
+// The hosts whose input is joined with ours.
+//
+// When a window of ours goes into a host's the system joins the input of the two threads: they have one
+// window in front, one focus, one state of the keys. That is how the Tab key and the focus work inside a
+// hosted window. But every change of these then waits for the other side, as long as that sleeps, and not in
+// the calls of windowChanges.h alone: the system's dialogs and menus, and a click of the user, wait as well.
+//
+// So a host that does not answer is parted from us until it does: asked before each change, and four times a
+// second without waiting for the answer, since the user's click comes without a call of ours.
+#pragma once
+
+#include <windows.h>
+
+namespace win32 {
+
+/// A window of ours has gone into a window of this host.
+void hostJoined(HWND host);
+
+/// To be called before anything that changes which window is in front, has the focus or is seen: from here on
+/// it does not wait for a host that hangs. Takes `hostPatience` at most, once for a hang.
+void partFromSilentHosts();
+
+/// The keyboard is about to go into this window or one inside it: if it is a host that we were parted from,
+/// and that answers again, we are joined with it again at once. By itself that waits until no window of
+/// ours is in front: the joined input has one focus, and it need not be ours.
+void joinAgain(HWND window);
+
+} // namespace win32

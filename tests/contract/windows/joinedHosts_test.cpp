@@ -1,0 +1,220 @@
+// A host that has the keyboard and hangs: nothing of ours waits for it, and it gets back what it had.
+#include "contract/world.h"
+#include "forms/form.h"
+#include "forms/frame.h"
+#include "forms/menu.h"
+#include "forms/peer.h"
+#include "forms/textBox.h"
+#include "forms/timer.h"
+#include "platform/comdlg32.h"
+#include "platform/dialogs.h"
+#include "platform/user32.h"
+#include "win32/common/native.h"
+
+#include <doctest/doctest.h>
+
+#include <windows.h>
+
+#include <array>
+#include <chrono>
+
+namespace {
+
+using contract::World;
+
+constexpr int longHang = 5'000;         // milliseconds
+constexpr std::chrono::seconds soon{3}; // a file dialog takes two by itself
+
+/// What a toolbar and a calculator put into a host.
+class Guest : public forms::Form {
+  public:
+    explicit Guest(platform::HWND host) {
+        borderStyle = forms::BorderStyle::sizableToolWindow;
+        showInTaskbar = false;
+        activates = false;
+        setClientSize(1800, 300);
+        frame.border = false;
+        frame.place(*this, {0, 0, 1500, 270});
+        field.place(frame, {0, 0, 900, 285});
+        show();
+        platform::SetParent(hWnd(), host);
+        platform::SetParent(frame.hWnd(), host);
+    }
+    forms::Frame frame;
+    forms::TextBox field;
+};
+
+class Dialog : public forms::Form {
+  public:
+    Dialog() {
+        borderStyle = forms::BorderStyle::fixedDialog;
+        showInTaskbar = false;
+        setCaption("dialog");
+        setClientSize(3000, 900);
+        field.place(*this, {150, 150, 1500, 285});
+    }
+    forms::TextBox field;
+};
+
+/// A modal form that goes as soon as it has come.
+class ShortDialog : public Dialog {
+  public:
+    ShortDialog() {
+        close.setInterval(1);
+        close.onTimer = [this] { unload(); };
+        close.setEnabled(true);
+    }
+    forms::Timer close;
+};
+
+bool joined(platform::HWND host) {
+    // Under Wine the input of two threads is one object, and parting fails when it is not.
+    const DWORD thread = GetWindowThreadProcessId(win32::native(host), nullptr);
+    if (AttachThreadInput(GetCurrentThreadId(), thread, FALSE) == FALSE)
+        return false;
+    AttachThreadInput(GetCurrentThreadId(), thread, TRUE);
+    return true;
+}
+
+/// Asked for again: a window manager may move the keyboard a moment later.
+void takeFront(platform::HWND editor) {
+    REQUIRE(World::until([&] {
+        SetForegroundWindow(win32::native(editor));
+        return GetForegroundWindow() == win32::native(editor);
+    }));
+}
+
+/// Presses Cancel in a dialog of the system that comes up.
+class Canceller {
+  public:
+    explicit Canceller(const char* title) {
+        timer_.setInterval(10);
+        timer_.onTimer = [title] {
+            if (const HWND dialog = FindWindowA("#32770", title); IsWindowVisible(dialog) != FALSE)
+                PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+        };
+        timer_.setEnabled(true);
+    }
+
+  private:
+    forms::Timer timer_;
+};
+
+void openFile(platform::HWND owner) {
+    std::array<char, MAX_PATH> file{};
+    platform::OPENFILENAMEA record{};
+    record.hwndOwner = owner;
+    record.lpstrFilter = "All\0*.*\0";
+    record.lpstrFile = file.data();
+    record.nMaxFile = static_cast<std::uint32_t>(file.size());
+    record.lpstrTitle = "open";
+    platform::GetOpenFileNameA(record);
+}
+
+void openMenu(forms::Form& owner) {
+    forms::Menu menu;
+    menu.items.push_back({0, "entry"});
+    forms::Timer close;
+    close.setInterval(10);
+    close.onTimer = [] { EndMenu(); };
+    close.setEnabled(true);
+    forms::popUp(owner, menu);
+}
+
+} // namespace
+
+TEST_SUITE_BEGIN("contract/windows/joinedHosts");
+
+TEST_CASE("nothing that comes up or goes waits for a host that has the keyboard and hangs") {
+    World world;
+    Dialog owner; // hidden: the program's own window
+    const HWND hidden = win32::native(owner.window());
+    const platform::HWND editor = world.openEditor();
+    Guest guest(editor);
+    Dialog shown;
+    const auto hang = [&] { world.hangOtherProgram(longHang); };
+    const auto takesShort = [](const std::function<void()>& change) {
+        const auto begin = std::chrono::steady_clock::now();
+        change();
+        CHECK(std::chrono::steady_clock::now() - begin < soon);
+    };
+    SUBCASE("a form") {
+        hang();
+        takesShort([&] { shown.show(); });
+        CHECK(World::until([&] { return GetForegroundWindow() == win32::native(shown.hWnd()); }));
+        takesShort([&] { shown.hide(); });
+    }
+    SUBCASE("a modal form") {
+        hang();
+        takesShort([] { ShortDialog().showModal(); });
+    }
+    SUBCASE("a form that goes") {
+        shown.show();
+        takeFront(editor);
+        hang();
+        takesShort([&] { shown.unload(); });
+    }
+    SUBCASE("a menu") {
+        hang();
+        takesShort([&] { openMenu(owner); });
+    }
+    SUBCASE("a message") {
+        const Canceller cancel("message");
+        hang();
+        takesShort([] { platform::msgBox("text", platform::criticalStyle, "message"); });
+    }
+    SUBCASE("a file dialog") {
+        const Canceller cancel("open");
+        hang();
+        takesShort([&] { openFile(owner.hWnd()); });
+    }
+    SUBCASE("a form that comes out of the host") {
+        hang();
+        takesShort([&] { platform::SetParent(guest.hWnd(), platform::HWND::none); });
+    }
+    SUBCASE("a form on the desktop that is to come out") {
+        shown.show();
+        takeFront(editor);
+        hang();
+        takesShort([&] { platform::SetParent(shown.hWnd(), platform::HWND::none); });
+    }
+    SUBCASE("the program's hidden window") {
+        hang();
+        takesShort([&] { platform::SetWindowPos(owner.hWnd(), 0, 0, 0, 0, 0, 3); });
+        CHECK(GetForegroundWindow() != hidden);
+    }
+    SUBCASE("the focus") {
+        hang();
+        takesShort([&] { guest.field.setFocus(); });
+    }
+    CHECK(guest.hWnd() != platform::HWND::none);
+    world.killOtherProgram();
+}
+
+TEST_CASE("a host that answers stays joined, one that hangs is joined again when it answers") {
+    World world;
+    const platform::HWND editor = world.openEditor();
+    Guest guest(editor);
+    Dialog shown;
+    shown.show();
+    shown.hide();
+    CHECK(joined(editor));
+    world.hangOtherProgram(1'000);
+    shown.show();
+    CHECK_FALSE(joined(editor));
+    shown.hide();
+    CHECK(World::until([&] { return joined(editor); }));
+    CHECK(guest.hWnd() != platform::HWND::none);
+}
+
+TEST_CASE("a host that hangs is left without a change of ours, since the user may click on our windows") {
+    World world;
+    const platform::HWND editor = world.openEditor();
+    Guest guest(editor);
+    REQUIRE(joined(editor));
+    world.hangOtherProgram(2'000);
+    CHECK(World::until([&] { return !joined(editor); }));
+    CHECK(World::until([&] { return joined(editor); }));
+}
+
+TEST_SUITE_END();
