@@ -17,6 +17,8 @@ namespace platform {
 using EnumWindowsCallback = int (*)(HWND window, std::intptr_t extra);
 
 /// Calls back for each top-level window, hidden ones included, from the top of the window order downwards.
+/// The picture that the system shows in place of a window that hangs (class Ghost) is left out: it bears that
+/// window's title and would be taken for it.
 bool EnumWindows(EnumWindowsCallback callback, std::intptr_t extra);
 
 /// Copies the title, cut to `size - 1` characters and terminated by NUL, and returns the number of

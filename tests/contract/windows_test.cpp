@@ -64,6 +64,19 @@ void setWindowOnTop(HWND window) {
 
 TEST_SUITE_BEGIN("contract/windows");
 
+TEST_CASE("the system's picture of a window that hangs is left out of the enumeration, for every caller") {
+    World world;
+    const HWND hung = world.openWindow("1 Board - C:\\work\\a.brd - EAGLE");
+    const HWND ghost = world.openGhost("1 Board - C:\\work\\a.brd - EAGLE (Not Responding)");
+    setWindowOnTop(ghost);
+    // Twice: what is known of a window is the same the next time.
+    CHECK(enumerated({hung, ghost}) == std::vector{hung});
+    CHECK(enumerated({hung, ghost}) == std::vector{hung});
+    platform::appActivate("1 Board - ");
+    CHECK(World::until([&] { return World::foreground() == hung; }));
+    CHECK(platform::IsWindow(ghost));
+}
+
 TEST_CASE("windows are enumerated from the top of their order down, hidden ones too") {
     World world;
     const HWND bottom = world.openWindow("bottom");

@@ -69,6 +69,8 @@ class World {
     /// Opens one of its windows on top of the order.
     platform::HWND openWindow(const std::string& title, platform::RECT rect = {60, 60, 460, 360},
                               bool visible = true);
+    /// Opens a window of the class that the system gives its pictures of windows that hang.
+    platform::HWND openGhost(const std::string& title);
     void closeWindow(platform::HWND window);
     void renameWindow(platform::HWND window, const std::string& title);
     /// Opens a window with an edit field of several lines that has the keyboard focus.

@@ -39,6 +39,9 @@ struct Stuck : std::logic_error {
 
 inline constexpr std::uint32_t programProcess = 1;
 
+/// Of the pictures that the system shows in place of windows that hang.
+inline constexpr const char* ghostClass = "Ghost";
+
 /// Frame of an ordinary window of another program, in pixels.
 inline constexpr int frameSide = 4;
 inline constexpr int frameTop = 23;
@@ -46,6 +49,7 @@ inline constexpr int frameTop = 23;
 struct Window {
     HWND handle = HWND::none;
     std::string title;
+    std::string className = "Window";
     RECT rect; ///< outer; screen pixels, or client pixels of the parent for a child
     HWND parent = HWND::none;
     HWND owner = HWND::none;
@@ -147,6 +151,11 @@ class World {
     /// Opens a window of another program on top of the others and in front.
     HWND openWindow(const std::string& title, RECT rect = {0, 0, 1024, 768}, std::uint32_t process = 100);
     HWND addWindow(Window window);
+    /// The window does not answer: the system hides it and shows a picture of it in its place. Gives the
+    /// picture.
+    HWND makeGhost(HWND hung);
+    /// It answers again: the picture goes, with what stood in it.
+    void endGhost(HWND ghost, HWND awake);
     /// The window dies with all that stands in it.
     void closeWindow(HWND handle);
     Window* find(HWND handle);

@@ -14,7 +14,8 @@ using desktop::world;
 template <typename Test>
 platform::HWND firstWindow(Test fits) {
     for (const platform::HWND handle : world().order)
-        if (fits(runtime::lowerCase(world().window(handle).title)))
+        if (world().window(handle).className != desktop::ghostClass &&
+            fits(runtime::lowerCase(world().window(handle).title)))
             return handle;
     return platform::HWND::none;
 }

@@ -68,8 +68,10 @@ bool EnumWindows(EnumWindowsCallback callback, std::intptr_t extra) {
     static std::vector<HWND> snapshot;
     snapshot = world().order;
     for (const HWND window : snapshot)
-        if (callback(window, extra) == 0)
-            return false;
+        if (const Window* seen = world().find(window);
+            seen != nullptr && seen->className != desktop::ghostClass)
+            if (callback(window, extra) == 0)
+                return false;
     return true;
 }
 

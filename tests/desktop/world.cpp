@@ -52,6 +52,25 @@ HWND World::addWindow(Window made) {
     return handle;
 }
 
+HWND World::makeGhost(HWND hung) {
+    Window ghost;
+    ghost.title = window(hung).title + " (Not Responding)";
+    ghost.className = ghostClass;
+    ghost.rect = window(hung).rect;
+    constexpr std::uint32_t windowManager = 4;
+    ghost.process = windowManager;
+    const HWND made = addWindow(std::move(ghost));
+    std::erase(order, made);
+    order.insert(std::ranges::find(order, hung), made);
+    window(hung).visible = false;
+    return made;
+}
+
+void World::endGhost(HWND ghost, HWND awake) {
+    closeWindow(ghost);
+    window(awake).visible = true;
+}
+
 Window* World::find(HWND handle) {
     const auto found = windows_.find(handle);
     return found == windows_.end() ? nullptr : &found->second;

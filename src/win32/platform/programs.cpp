@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -116,18 +117,19 @@ struct TitleSearch {
     HWND beginning = nullptr;
 };
 
-BOOL CALLBACK compareTitle(HWND window, LPARAM parameter) {
+int compareTitle(platform::HWND seenWindow, std::intptr_t parameter) {
+    const HWND window = win32::native(seenWindow);
     auto& search = *reinterpret_cast<TitleSearch*>(parameter);
     std::array<char, 512> title{};
     const int length = GetWindowTextA(window, title.data(), static_cast<int>(title.size()));
     const std::string seen = runtime::lowerCase({title.data(), static_cast<std::size_t>(length)});
     if (seen == search.wanted) {
         search.exact = window;
-        return FALSE;
+        return 0;
     }
     if (search.beginning == nullptr && seen.starts_with(search.wanted))
         search.beginning = window;
-    return TRUE;
+    return 1;
 }
 
 } // namespace
@@ -147,7 +149,7 @@ void shell(std::string_view commandLine, int windowStyle) {
 
 void appActivate(std::string_view title) {
     TitleSearch search{runtime::lowerCase(title)};
-    ::EnumWindows(compareTitle, reinterpret_cast<LPARAM>(&search));
+    EnumWindows(compareTitle, reinterpret_cast<std::intptr_t>(&search));
     const ::HWND found = search.exact != nullptr ? search.exact : search.beginning;
     if (found == nullptr)
         throw RuntimeError(ErrorNumber::invalidCall);

@@ -2,6 +2,7 @@
 
 #include "win32/common/native.h"
 #include "win32/common/windowChanges.h"
+#include "win32/platform/ghosts.h"
 
 using win32::isForeign;
 using win32::native;
@@ -15,6 +16,9 @@ struct Enumeration {
 };
 
 BOOL CALLBACK passOn(HWND window, LPARAM parameter) {
+    // The window that it shows is in the walk too, hidden.
+    if (win32::isGhost(window))
+        return TRUE;
     const auto& enumeration = *reinterpret_cast<const Enumeration*>(parameter);
     return enumeration.callback(neutral(window), enumeration.extra);
 }

@@ -53,6 +53,12 @@ platform::HWND World::openWindow(const std::string& title, platform::RECT rect, 
     return opened;
 }
 
+platform::HWND World::openGhost(const std::string& title) {
+    const platform::HWND opened = openWindow(title);
+    desktop::world().window(opened).className = desktop::ghostClass;
+    return opened;
+}
+
 void World::closeWindow(platform::HWND window) {
     desktop::world().closeWindow(window);
 }

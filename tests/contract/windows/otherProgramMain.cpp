@@ -17,6 +17,7 @@ namespace {
 constexpr UINT orderMessage = WM_APP;
 constexpr UINT hangMessage = WM_APP + 1;
 constexpr const char* windowClass = "KestrelContractWindow";
+constexpr const char* ghostClass = "Ghost"; // as the system's own are named
 constexpr int editorId = 100;
 
 HANDLE hanging = nullptr; // set as soon as the thread of the windows sleeps
@@ -42,8 +43,9 @@ std::string answerOf(HWND window) {
     return std::to_string(reinterpret_cast<std::uintptr_t>(window));
 }
 
-HWND makeWindow(const std::string& title, const RECT& place, DWORD exStyle) {
-    return CreateWindowExA(exStyle, windowClass, title.c_str(), WS_OVERLAPPEDWINDOW, place.left, place.top,
+HWND makeWindow(const std::string& title, const RECT& place, DWORD exStyle,
+                const char* className = windowClass) {
+    return CreateWindowExA(exStyle, className, title.c_str(), WS_OVERLAPPEDWINDOW, place.left, place.top,
                            place.right - place.left, place.bottom - place.top, nullptr, nullptr,
                            GetModuleHandleA(nullptr), nullptr);
 }
@@ -57,6 +59,12 @@ std::string open(std::istringstream& words) {
     const HWND made = makeWindow(textFrom(words), place, WS_EX_NOACTIVATE);
     if (visible != 0)
         ShowWindow(made, SW_SHOWNOACTIVATE);
+    return answerOf(made);
+}
+
+std::string openGhost(std::istringstream& words) {
+    const HWND made = makeWindow(textFrom(words), {60, 60, 460, 360}, WS_EX_NOACTIVATE, ghostClass);
+    ShowWindow(made, SW_SHOWNOACTIVATE);
     return answerOf(made);
 }
 
@@ -107,6 +115,8 @@ void carryOut(HWND receiver, Order& order) {
     order.words >> verb;
     if (verb == "open") {
         order.answer = open(order.words);
+    } else if (verb == "openGhost") {
+        order.answer = openGhost(order.words);
     } else if (verb == "openEditor") {
         order.answer = openEditor();
     } else if (verb == "close") {
@@ -177,6 +187,8 @@ int otherProgramMain() {
     description.hCursor = LoadCursorA(nullptr, IDC_ARROW);
     description.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_WINDOW + 1));
     description.lpszClassName = windowClass;
+    RegisterClassA(&description);
+    description.lpszClassName = ghostClass;
     RegisterClassA(&description);
     // Receives the orders and is no top-level window, so that no test sees it.
     const HWND receiver = CreateWindowExA(0, windowClass, "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,

@@ -132,6 +132,10 @@ platform::HWND World::openWindow(const std::string& title, platform::RECT rect, 
     return handleFrom(impl_->other.order(order.str()));
 }
 
+platform::HWND World::openGhost(const std::string& title) {
+    return handleFrom(impl_->other.order("openGhost " + asWord(title)));
+}
+
 void World::closeWindow(platform::HWND window) {
     impl_->other.order("close " + wordOf(window));
 }
