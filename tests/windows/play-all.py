@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
-"""Plays the scenes one after the other: play-all.py win32|win64 [SCENE]...
+"""Plays the scenes, two at a time: play-all.py win32|win64 [SCENE]...
 
-Each prints its checks and its counts; a scene without counts has broken off and counts as one failure. The table at
-the end says how long each took. The exit code tells whether all went well.
+Each has a display, a prefix and files of its own, and waits most of its time. What a scene prints, its checks and its
+counts, comes when it has ended; a scene without counts has broken off and counts as one failure. The table at the end
+says how long each took. The exit code tells whether all went well.
 """
 
+import concurrent.futures
 import signal
 import subprocess
 import sys
@@ -14,25 +16,32 @@ from pathlib import Path
 SCENES = Path(__file__).resolve().parent / "scenes"
 NO_SCENE = "play"  # what the scenes share
 LONGEST = 240  # seconds for a scene
+AT_ONCE = 2
+ALONE = {"manyWindows"}  # its hundreds of windows keep the machine busy by themselves
 
 
 def play(scene, bits):
-    """Passes on what the scene prints. Gives its outcome."""
+    """Gives what the scene has printed, and how long it took."""
+    begin = time.monotonic()
+    print(f"-- {scene}, {bits}: begins\n", end="", flush=True)  # in one piece, beside the other player's
     with subprocess.Popen([sys.executable, SCENES / f"{scene}.py", bits], stdout=subprocess.PIPE,
-                          stderr=subprocess.STDOUT, text=True, bufsize=1) as process:
-        timer = time.monotonic() + LONGEST
-        last = ""
-        signal.signal(signal.SIGALRM, lambda *_: process.send_signal(signal.SIGINT))
-        signal.alarm(LONGEST)
-        for line in process.stdout:
-            print(line, end="", flush=True)
-            last = line.strip()
-        signal.alarm(0)
-    if not last.endswith(" failed"):
-        print("   FAIL  the scene " + ("takes too long" if time.monotonic() >= timer else "breaks off"))
-        print("0 passed, 1 failed", flush=True)
-        return "broken off"
-    return last
+                          stderr=subprocess.STDOUT, text=True) as process:
+        try:
+            printed = process.communicate(timeout=LONGEST)[0]
+        except subprocess.TimeoutExpired:
+            # It ends as by Ctrl+C, so that it clears up behind itself.
+            process.send_signal(signal.SIGINT)
+            printed = process.communicate()[0]
+    return printed, time.monotonic() - begin
+
+
+def outcomeOf(printed, seconds):
+    """The counts that a scene ends with; one failure if there are none, and what to print about that."""
+    last = printed.rstrip().rpartition("\n")[2].strip()
+    if last.endswith(" failed"):
+        return last, ""
+    why = "takes too long" if seconds >= LONGEST else "breaks off"
+    return "broken off", f"   FAIL  the scene {why}\n0 passed, 1 failed\n"
 
 
 def main():
@@ -41,13 +50,18 @@ def main():
         # The main job first: without it there is no use in the others.
         scenes = sorted((file.stem for file in SCENES.glob("*.py") if file.stem != NO_SCENE),
                         key=lambda name: (name != "mainJob", name))
-    table, good = [], True
-    for scene in scenes:
-        begin = time.monotonic()
-        outcome = play(scene, bits)
-        good = good and outcome.endswith(" 0 failed")
-        table.append(f"   {bits} {scene:16} {time.monotonic() - begin:4.0f} s   {outcome}")
-    print("\n".join(table))
+    table, good = {}, True
+    together = [scene for scene in scenes if scene not in ALONE]
+    for at_once, part in ((AT_ONCE, together), (1, [scene for scene in scenes if scene in ALONE])):
+        with concurrent.futures.ThreadPoolExecutor(at_once) as players:
+            played = {players.submit(play, scene, bits): scene for scene in part}
+            for future in concurrent.futures.as_completed(played):
+                printed, seconds = future.result()
+                outcome, failure = outcomeOf(printed, seconds)
+                print(printed + failure, end="", flush=True)
+                good = good and outcome.endswith(" 0 failed")
+                table[played[future]] = f"   {bits} {played[future]:16} {seconds:4.0f} s   {outcome}"
+    print("\n".join(table[scene] for scene in scenes))
     return 0 if good else 1
 
 
