@@ -133,9 +133,9 @@ void loadBare(int count) {
     form.load();
     form.show();
     const HWND host = reinterpret_cast<HWND>(form.window());
-    const HWND bar =
-        CreateWindowExA(0, TOOLBARCLASSNAMEA, "", WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | CCS_NORESIZE, 0, 0,
-                        120, 440, host, nullptr, nullptr, nullptr);
+    const HWND bar = CreateWindowExA(0, TOOLBARCLASSNAMEA, "",
+                                     WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_WRAPABLE | CCS_NORESIZE,
+                                     0, 0, 120, 440, host, nullptr, nullptr, nullptr);
     SendMessageA(bar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     for (int round = 0; round < count; ++round) {
         while (SendMessageA(bar, TB_BUTTONCOUNT, 0, 0) > 0)
@@ -157,7 +157,7 @@ void loadBare(int count) {
             TBBUTTON made{};
             made.iBitmap = button;
             made.idCommand = button + 1;
-            made.fsState = TBSTATE_ENABLED | ((button + 1) % 5 == 0 ? TBSTATE_WRAP : 0);
+            made.fsState = TBSTATE_ENABLED;
             SendMessageA(bar, TB_ADDBUTTONSA, 1, reinterpret_cast<LPARAM>(&made));
         }
         win32::servePending();
