@@ -1,0 +1,66 @@
+#!/usr/bin/env bash
+# Plays what takes too long for test.sh:
+#
+#   tools/long-run.sh [STEP]...    all steps, or those named
+#   tools/long-run.sh --list       what there is, and how far it has come
+#
+# A step has a number of rounds. It may be stopped at any time (Ctrl+C) and goes on with the round that it had reached;
+# rounds of another commit do not count. build/long-run keeps a line for each round, with its date, and what it printed.
+set -uo pipefail
+. "$(dirname "$0")/lib.sh"
+cd "$PROJECT" || exit 1
+
+# NAME ROUNDS COMMAND: $round is the number of the round, from 1.
+steps=(
+    'native-random 50 build/native/bin/kestrel-tests -ob=rand -rs=$round'
+    'win64-scenes 1 "$PYTHON" tests/windows/play-all.py win64'
+    'win32-contract 50 tools/test-contract.sh i686'
+    'win64-contract 50 tools/test-contract.sh x86_64'
+    'win32-scenes 50 "$PYTHON" tests/windows/play-all.py win32'
+)
+
+commit=$(git rev-parse --short=10 HEAD)
+kept=build/long-run
+mkdir -p "$kept"
+
+# The rounds of a step that this commit has behind it.
+roundsOf() { grep -c " $commit " "$kept/$1" 2>/dev/null || true; }
+
+# The rounds among them with a failure.
+failuresOf() { grep " $commit " "$kept/$1" 2>/dev/null | grep -vc ' 0 failed$' || true; }
+
+tell() {
+    printf '   %-16s %3d of %3d rounds   %d with a failure\n' "$1" "$(roundsOf "$1")" "$2" "$(failuresOf "$1")"
+}
+
+play() {
+    local name=$1 rounds=$2 command=$3 round log good bad code begin
+    for ((round = $(roundsOf "$name") + 1; round <= rounds; ++round)); do
+        log=$kept/$name-$commit-$round.log
+        begin=$SECONDS
+        eval "$command" </dev/null >"$log" 2>&1
+        code=$?
+        ((code != 130)) || exit 130 # Ctrl+C is no failure
+        read -r good bad < <(awk -f tools/test-counts.awk "$log")
+        ((code == 0 || bad > 0)) || bad=1
+        printf '%s %s round %d: %d passed, %d failed\n' "$(date '+%Y-%m-%d %H:%M')" "$commit" "$round" "$good" "$bad" >>"$kept/$name"
+        say "$name, round $round of $rounds: $good passed, $bad failed, $((SECONDS - begin)) s"
+        ((bad > 0)) || rm -f "$log" # only what is to be read
+    done
+}
+
+trap 'exit 130' INT
+[ -z "$(git status --porcelain)" ] || say "the checkout has changes; the rounds count for $commit all the same"
+if [ "${1:-}" != --list ]; then
+    tools/setup-toolchain.sh && tools/build.sh native && tools/build.sh i686 && tools/build.sh x86_64 && tools/setup-wine.sh || exit 1
+fi
+failed=0
+for step in "${steps[@]}"; do
+    read -r name rounds command <<<"$step"
+    if [ "${1:-}" != --list ] && [[ $# = 0 || " $* " = *" $name "* ]]; then
+        play "$name" "$rounds" "$command"
+        failed=$((failed + $(failuresOf "$name")))
+    fi
+    tell "$name" "$rounds"
+done
+((failed == 0))
