@@ -33,7 +33,9 @@ bool GetWindowRect(HWND window, RECT& rect);
 bool GetClientRect(HWND window, RECT& rect);
 
 /// Makes a window of ours the child of `parent`, also of a window of another process, or a top-level
-/// window again if `parent` is none. Gives the former parent.
+/// window again if `parent` is none. Gives the former parent; none if the system refuses or `parent` has
+/// died: the window stands where it stood and is not seen, whatever is done to it, until it has been put
+/// somewhere.
 HWND SetParent(HWND child, HWND parent);
 
 /// Pixels: client coordinates of the parent for a child, screen coordinates otherwise.

@@ -84,6 +84,9 @@ class World {
     /// nothing there waits for another program.
     void hangOtherProgram(int milliseconds);
 
+    /// Whether a window and all that it stands in are shown.
+    static bool isSeen(platform::HWND window);
+
     /// The window in front, whoever's it is.
     static platform::HWND foreground();
 

@@ -4,7 +4,9 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <string>
+#include <string_view>
 
 using desktop::Program;
 using platform::HWND;
@@ -19,6 +21,18 @@ struct Running : Program {
         REQUIRE(start());
     }
 };
+
+/// Windows of the program's own that stand on the desktop for the user to see.
+int seenOnDesktop(desktop::World& desk) {
+    return static_cast<int>(std::ranges::count_if(desk.order, [&desk](HWND window) {
+        return desk.window(window).process == desktop::programProcess && desk.isSeen(window);
+    }));
+}
+
+int callsOf(desktop::World& desk, std::string_view name) {
+    return static_cast<int>(std::ranges::count_if(
+        desk.calls, [name](const std::string& call) { return call.starts_with(name); }));
+}
 
 } // namespace
 
@@ -47,6 +61,48 @@ TEST_CASE("a board that hangs before it has been seen gets its toolbar all the s
     REQUIRE(program.hosted(EditorKind::board) == 1);
     CHECK(program.toolbar(EditorKind::board, 1).eagHND == board);
     CHECK(program.desk().window(ghost).children.empty());
+}
+
+TEST_CASE("an EAGLE run as administrator refuses toolbar and calculator, once, and nothing stands about") {
+    Running program;
+    store::unitCalcActive = 1;
+    const int before = seenOnDesktop(program.desk());
+    const HWND board = program.desk().openWindow("1 Board - x.brd - EAGLE");
+    program.desk().window(board).elevated = true;
+    program.ticks(1);
+    REQUIRE(program.hosted(EditorKind::board) == 1);
+    CHECK(program.toolbar(EditorKind::board, 1).eagHND == board);
+    REQUIRE(program.form().calculators.size() == 2);
+    CHECK(program.desk().window(board).children.empty());
+    // A calculator's own form is an empty one beyond all screens, as it is beside a host that takes its
+    // frame.
+    CHECK_FALSE(program.desk().isSeen(program.toolbar(EditorKind::board, 1).window()));
+    CHECK_FALSE(program.desk().isSeen(program.form().calculators[1]->fraMil.hWnd()));
+    CHECK(seenOnDesktop(program.desk()) == before + 1);
+    program.desk().calls.clear();
+    program.ticks(20);
+    CHECK(program.hosted(EditorKind::board) == 1);
+    CHECK(program.form().calculators.size() == 2);
+    CHECK(callsOf(program.desk(), "SetParent") == 0);
+    CHECK_FALSE(program.desk().isSeen(program.toolbar(EditorKind::board, 1).window()));
+    CHECK_FALSE(program.desk().isSeen(program.form().calculators[1]->fraMil.hWnd()));
+    // Another EAGLE beside it has its toolbar.
+    const HWND other = program.desk().openWindow("1 Board - y.brd - EAGLE");
+    program.ticks(1);
+    REQUIRE(program.hosted(EditorKind::board) == 2);
+    CHECK(program.desk().window(other).children.size() == 2);
+    CHECK(program.desk().isSeen(program.toolbar(EditorKind::board, 2).window()));
+}
+
+TEST_CASE("a board that dies while its toolbar is built leaves nothing on the desktop") {
+    Running program;
+    const HWND board = program.desk().openWindow("1 Board - x.brd - EAGLE");
+    program.desk().window(board).dying = true;
+    const int before = seenOnDesktop(program.desk());
+    program.ticks(3);
+    CHECK(program.desk().find(board) == nullptr);
+    CHECK(program.hosted(EditorKind::board) == 1);
+    CHECK(seenOnDesktop(program.desk()) == before);
 }
 
 TEST_SUITE_END();

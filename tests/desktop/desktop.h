@@ -55,7 +55,11 @@ struct Window {
     HWND owner = HWND::none;
     bool visible = true;
     bool minimised = false;
-    bool redraw = true; ///< as switched by message 11
+    bool elevated = false; ///< its program has more rights than ours: nothing of ours gets in or moves it
+    bool dying = false;    ///< dies when something is about to go into it
+    bool refused = false;  ///< was to go into a host and could not: not seen, whatever it is told
+    bool toBeSeen = false; ///< what it was told meanwhile
+    bool redraw = true;    ///< as switched by message 11
     std::uint32_t process = 0;
     int frameWidth = 2 * frameSide; ///< outer size less client size
     int frameHeight = frameTop + frameSide;
@@ -164,6 +168,13 @@ class World {
     /// Outer size in pixels; the program's own windows hear of it.
     void resizeWindow(HWND handle, int width, int height);
     void raise(HWND handle);
+    /// Shows or hides a window, unless it was refused.
+    void show(HWND handle, bool visible);
+    /// Whether the user could see a window: it and all that it stands in are shown.
+    bool isSeen(HWND handle);
+    /// Puts a window of ours into another one, or onto the desktop. False if the system refuses: the parent
+    /// has died, has more rights, or stands in the window itself.
+    bool put(HWND child, HWND parent);
     /// Client area's corner on the screen.
     RECT screenRect(HWND handle);
     /// Top-level windows, top of the order first.

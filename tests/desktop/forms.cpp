@@ -66,7 +66,7 @@ class WindowPeer : public forms::Peer {
         if (window == nullptr)
             return;
         if (property == forms::Property::visible)
-            window->visible = control_.visible();
+            world().show(handle_, control_.visible());
         if (property == forms::Property::text)
             if (const auto* form = dynamic_cast<forms::Form*>(&control_))
                 window->title = form->caption();

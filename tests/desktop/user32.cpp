@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -115,22 +116,25 @@ bool GetClientRect(HWND window, RECT& rect) {
 HWND SetParent(HWND child, HWND parent) {
     noteCall("SetParent", {number(child), number(parent)});
     Window* moved = world().find(child);
-    if (moved == nullptr || (parent != HWND::none && world().find(parent) == nullptr))
+    if (moved == nullptr)
         return HWND::none;
     const HWND former = moved->parent;
-    auto& from = former == HWND::none ? world().order : world().window(former).children;
-    std::erase(from, child);
-    auto& to = parent == HWND::none ? world().order : world().window(parent).children;
-    to.insert(to.begin(), child);
-    moved->parent = parent;
-    return former;
+    const bool done = world().put(child, parent);
+    if (!done && !moved->refused) {
+        moved->toBeSeen = std::exchange(moved->visible, false);
+        moved->refused = true;
+    } else if (done && moved->refused && parent != HWND::none) {
+        moved->refused = false;
+        moved->visible = moved->toBeSeen;
+    }
+    return done ? former : HWND::none;
 }
 
 bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint) {
     noteCall("MoveWindow",
              {number(window), number(x), number(y), number(width), number(height), number(repaint ? 1 : 0)});
     Window* moved = world().find(window);
-    if (moved == nullptr)
+    if (moved == nullptr || moved->elevated)
         return false;
     const int oldWidth = moved->rect.right - moved->rect.left;
     const int oldHeight = moved->rect.bottom - moved->rect.top;
@@ -146,7 +150,7 @@ bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int widt
                   std::uint32_t flags) {
     noteCall("SetWindowPos", {number(window), number(insertAfter), number(x), number(y), number(width),
                               number(height), number(static_cast<std::intptr_t>(flags))});
-    if (world().find(window) == nullptr)
+    if (const Window* found = world().find(window); found == nullptr || found->elevated)
         return false;
     world().raise(window);
     return true;
@@ -164,10 +168,10 @@ bool BringWindowToTop(HWND window) {
 bool ShowWindow(HWND window, int command) {
     noteCall("ShowWindow", {number(window), number(command)});
     Window* shown = world().find(window);
-    if (shown == nullptr)
+    if (shown == nullptr || shown->elevated)
         return false;
     const bool was = shown->visible;
-    shown->visible = command != 0;
+    world().show(window, command != 0);
     if (command == 9)
         shown->minimised = false;
     return was;
@@ -176,8 +180,13 @@ bool ShowWindow(HWND window, int command) {
 std::intptr_t SendMessageA(HWND window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) {
     noteCall("SendMessage", {number(window), number(static_cast<std::intptr_t>(message)),
                              number(static_cast<std::intptr_t>(wParam)), number(lParam)});
-    if (Window* receiver = world().find(window); receiver != nullptr && message == 11)
+    if (Window* receiver = world().find(window);
+        receiver != nullptr && !receiver->elevated && message == 11) {
         receiver->redraw = wParam != 0;
+        // The system shows a window whose drawing is switched on, even if it was hidden.
+        if (receiver->redraw)
+            world().show(window, true);
+    }
     return 0;
 }
 

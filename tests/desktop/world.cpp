@@ -117,6 +117,33 @@ void World::raise(HWND handle) {
     siblings.insert(siblings.begin(), handle);
 }
 
+void World::show(HWND handle, bool visible) {
+    Window& shown = window(handle);
+    (shown.refused ? shown.toBeSeen : shown.visible) = visible;
+}
+
+bool World::isSeen(HWND handle) {
+    for (const Window* seen = find(handle); seen != nullptr && seen->visible; seen = find(seen->parent))
+        if (seen->parent == HWND::none)
+            return true;
+    return false;
+}
+
+bool World::put(HWND child, HWND parent) {
+    if (const Window* host = find(parent); host != nullptr && host->dying)
+        closeWindow(parent);
+    Window& moved = window(child);
+    for (HWND above = parent; above != HWND::none; above = window(above).parent)
+        if (find(above) == nullptr || window(above).elevated || above == child)
+            return false;
+    auto& from = moved.parent == HWND::none ? order : window(moved.parent).children;
+    std::erase(from, child);
+    auto& to = parent == HWND::none ? order : window(parent).children;
+    to.insert(to.begin(), child);
+    moved.parent = parent;
+    return true;
+}
+
 RECT World::screenRect(HWND handle) {
     const Window& seen = window(handle);
     RECT rect = seen.rect;

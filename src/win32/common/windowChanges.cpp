@@ -2,6 +2,7 @@
 
 #include "win32/common/joinedHosts.h"
 #include "win32/common/native.h"
+#include "win32/common/refusal.h"
 
 namespace win32 {
 
@@ -49,6 +50,8 @@ bool raiseWindow(HWND window) {
 }
 
 bool showWindow(HWND window, int command) {
+    if (keptFromSight(window, command != SW_HIDE))
+        return false;
     if (isForeign(window))
         return ShowWindowAsync(window, command) != FALSE;
     prepare(window);
@@ -56,29 +59,36 @@ bool showWindow(HWND window, int command) {
 }
 
 void showInPlace(HWND window) {
+    if (keptFromSight(window, true))
+        return;
     prepare(window);
     SetWindowPos(window, nullptr, 0, 0, 0, 0,
                  SWP_SHOWWINDOW | SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER);
 }
 
 HWND putInto(HWND window, HWND parent) {
-    const bool isTop = (GetWindowLongA(window, GWL_STYLE) & WS_CHILD) == 0;
-    if (parent == nullptr && isTop)
+    const auto before = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
+    if (parent == nullptr && (before & WS_CHILD) == 0)
         return GetAncestor(window, GA_PARENT);
     partFromSilentHosts();
     // The styles must fit before the window goes in and after it has come out.
-    if (parent != nullptr) {
-        if (IsWindow(parent) == FALSE)
-            return nullptr;
-        changeStyle(window, WS_POPUP, WS_CHILD);
-    }
-    const HWND former = SetParent(window, parent);
-    const bool refused = former == nullptr && parent != nullptr;
-    if (parent == nullptr || refused)
+    if (parent == nullptr) {
+        const HWND former = SetParent(window, nullptr);
         changeStyle(window, WS_CHILD, WS_POPUP);
-    else
+        return former;
+    }
+    changeStyle(window, WS_POPUP, WS_CHILD);
+    const HWND former = SetParent(window, parent);
+    // The host may have died before or behind the call, so the window is asked.
+    if (GetAncestor(window, GA_PARENT) == parent) {
         hostJoined(parent);
-    return former;
+        letBeSeen(window);
+        return former;
+    }
+    constexpr DWORD kinds = WS_POPUP | WS_CHILD;
+    changeStyle(window, kinds, before & kinds);
+    keepFromSight(window, parent);
+    return nullptr;
 }
 
 void destroyWindow(HWND window) {

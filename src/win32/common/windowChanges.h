@@ -30,8 +30,8 @@ bool showWindow(HWND window, int command);
 void showInPlace(HWND window);
 
 /// Puts a window of ours into another one, or with null back onto the desktop, its styles with it. Gives what
-/// it stood in before. Null, with nothing changed, if there is no such parent; null, with the styles of a
-/// top-level window, if the system refuses.
+/// it stood in before. Null if the system refuses, or the parent has died: the window stands where it stood,
+/// its styles are as before, and it is kept from sight (refusal.h).
 HWND putInto(HWND window, HWND parent);
 
 /// Ends a window of ours. If it was in front, the system chooses the next one.

@@ -1,6 +1,7 @@
 #include "platform/user32.h"
 
 #include "win32/common/native.h"
+#include "win32/common/refusal.h"
 #include "win32/common/windowChanges.h"
 #include "win32/platform/ghosts.h"
 
@@ -92,6 +93,9 @@ bool ShowWindow(HWND window, int command) {
 
 std::intptr_t SendMessageA(HWND window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) {
     const ::HWND receiver = native(window);
+    // A window whose drawing is switched on is seen from then on, even if it was hidden.
+    if (message == WM_SETREDRAW && win32::keptFromSight(receiver, wParam != 0))
+        return 0;
     if (!isForeign(receiver))
         return ::SendMessageA(receiver, message, wParam, lParam);
     DWORD_PTR result = 0;

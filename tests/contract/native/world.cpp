@@ -90,6 +90,10 @@ void World::killOtherProgram() {
 
 void World::hangOtherProgram(int /*milliseconds*/) {}
 
+bool World::isSeen(platform::HWND window) {
+    return desktop::world().isSeen(window);
+}
+
 platform::HWND World::foreground() {
     return desktop::world().foreground;
 }

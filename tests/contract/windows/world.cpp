@@ -168,6 +168,10 @@ void World::hangOtherProgram(int milliseconds) {
     impl_->other.order("hang " + std::to_string(milliseconds));
 }
 
+bool World::isSeen(platform::HWND window) {
+    return IsWindowVisible(native(window)) != FALSE;
+}
+
 platform::HWND World::foreground() {
     return platform::HWND{reinterpret_cast<std::uintptr_t>(GetForegroundWindow())};
 }
