@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Makes the pictures of all documents from the real program: pictures.py [LANGUAGE] [PICTURE]...
 
-Without arguments all of them: those of the help, in both languages, into resources/help/pictures; those of the setup side
-by side into docs/setup-en.png and docs/setup-de.png as well; and the moving picture of the demonstration, docs/demo.gif.
+Without arguments all of them: those of the help, in both languages, into resources/help/pictures, and the moving picture of
+the demonstration, docs/demo.gif.
 Needs dist/win32, the stand-in EAGLE of the 32-bit build and the witness (tools/build.sh i686 dist eagle;
 tools/build.sh x86_64 witness).
 """
@@ -270,17 +270,6 @@ ALL = ("toolbars", "toolbar", "input-box", "file-dialog", "setup-general", "setu
        "calculator")
 
 
-PAGES = ("setup-general", "setup-board", "setup-schematic", "setup-library")
-
-
-def lay_side_by_side(language):
-    """The four pages of the setup in one picture."""
-    pages = [TARGET / language / f"{page}.png" for page in PAGES]
-    sheet = paths.PROJECT / "docs" / f"setup-{language}.png"
-    subprocess.run(["convert", *pages, "+append", "-strip", "+dither", "-colors", str(COLOURS),
-                    "-define", "png:exclude-chunks=date,time", f"png8:{sheet}"], check=True)
-
-
 def film():
     """The demonstration is played in a virtual display, whatever the user has."""
     environment = {name: value for name, value in os.environ.items() if name != "DISPLAY"}
@@ -303,8 +292,6 @@ def main(arguments):
             artist = Artist(stage, language)
             artist.set_up()
             artist.take(names)
-        if set(names) & set(PAGES):
-            lay_side_by_side(language)
     return 0
 
 
