@@ -1,5 +1,7 @@
 #!/usr/bin/env python3
-"""Checks the help: its source against the program, what is compiled from it by unpacking it again, and the pages of docs/help.
+"""Checks the help: its source against the program, each page against that in the other language, what is compiled from it
+by unpacking it again, and the pages of docs/help. Of all documents it checks links, pictures and the texts for those who
+cannot see them.
 
     check-help.py [HELPFILE]...    help files that must hold the same bytes as one made now
 
@@ -100,9 +102,87 @@ def check_source():
                   if element.get("data-text")}
         same_names(quoted & set(texts), set(texts) - NOT_QUOTED, f"{language}: each text of the program is quoted")
         check_settings(next(page for page in pages if page.topic.name == "settings"))
+        check_ways(pages)
+        check_pictures(language, pages)
+    same_names(*(pictures_of(language) for language in book.LANGUAGES), "both languages have the same pictures")
     for topic in book.topics():
-        shapes = [[element.tag for element in book.page(language, topic).body] for language in book.LANGUAGES]
-        equal(shapes[0], shapes[1], f"{topic.name}: both languages have the same blocks")
+        check_same(*(book.page(language, topic) for language in book.LANGUAGES))
+
+
+def check_ways(pages):
+    """The links of a language's pages: each leads somewhere, and to each page there is one."""
+    anchors = {page.file: {element.get("id") for element in page.body.iter()} - {None} for page in pages}
+    linked = {f"{pages[0].language}/{book.START_TOPIC}.html"}
+    for page in pages:
+        for link in page.elements("a"):
+            address = link.get("href", "")
+            name, _, anchor = address.partition("#")
+            target = resolved(page.file, name) if name else page.file
+            expect(book.text_of(link), f"{page.file}: the link {address} has no words")
+            if expect(target in anchors, f"{page.file}: the link {address!r} leads to no page of its language"):
+                expect(not anchor or anchor in anchors[target], f"{page.file}: the link {address} leads to no place on the page")
+                expect(anchor or target != page.file, f"{page.file}: a link leads to the page that it stands on")
+                linked |= {target} - {page.file}
+    same_names(linked, anchors, f"{pages[0].language}: each page is linked from another")
+
+
+def pictures_of(language):
+    return {path.relative_to(book.PICTURES / language).as_posix() for path in (book.PICTURES / language).rglob("*.*")}
+
+
+def check_pictures(language, pages):
+    """Each page shows pictures of its language, every one of them is shown, and each has a text of its own."""
+    folder = f"pictures/{language}/"
+    used, texts = set(), []
+    for page in pages:
+        for picture in page.elements("img"):
+            target, text = resolved(page.file, picture.get("src", "")), (picture.get("alt") or "").strip()
+            used.add(target.removeprefix(folder))
+            expect(target.startswith(folder), f"{page.file}: {target} is no picture of its language")
+            expect(len(text.split()) > 1, f"{page.file}: {target} has no text for those who cannot see it")
+            texts.append(text)
+    same_names(used, pictures_of(language), f"{language}: the pages show each picture")
+    equal(sorted(texts), sorted(set(texts)), f"{language}: each picture has a text of its own")
+
+
+def outline(page):
+    """A page without its words, a line for each block: headings with what the program names so, then what stands below."""
+    lines = []
+    for element in page.body.iter():
+        texts = [child.get("data-text") or book.text_of(child) for child in element.iter() if child.tag in ("b", "code")]
+        if element.tag in ("h1", "h2", "h3"):
+            lines.append(" ".join([element.tag, *texts]))
+        elif element.tag in ("p", "pre", "div"):
+            lines.append(element.tag)
+        elif element.tag in ("ul", "ol", "table"):
+            cells = [str(len(row)) for row in element] if element.tag == "table" else [str(len(element))]
+            lines.append(" ".join([element.tag, *cells]))
+        elif element.tag == "a":
+            lines.append(f"a {element.get('href')}")
+        elif element.tag == "img":
+            lines.append("img " + element.get("src", "").rpartition("/")[2])
+    return lines
+
+
+def check_same(one, other):
+    """Both languages say the same: the same headings, and below each the same blocks, rows, links and pictures."""
+    headings = [[line for line in outline(page) if line[0] == "h"] for page in (one, other)]
+    if not equal(*headings, f"{one.topic.name}: both languages have the same headings"):
+        return
+    for below in zip(*(parts(outline(page)) for page in (one, other))):
+        heads, bodies = zip(*((part[0], sorted(part[1:])) for part in below))
+        equal(*bodies, f"{one.topic.name}: both languages have the same below {heads[0]!r}")
+
+
+def parts(lines):
+    """What stands below each heading, the heading first."""
+    found = []
+    for line in lines:
+        if line[0] == "h":
+            found.append([])
+        if found:
+            found[-1].append(line)
+    return found
 
 
 def check_version():
@@ -127,8 +207,6 @@ def check_page(page):
     body = book.text_of(page.body)
     encoded = body.encode("cp1252", errors="replace").decode("cp1252")
     equal(encoded, body, f"{page.file}: all its letters are in the code page")
-    for picture in page.elements("img"):
-        expect(picture.get("alt"), f"{page.file}: {picture.get('src')} has a text for those who cannot see it")
 
 
 def check_quotes(page, texts):
@@ -227,6 +305,32 @@ def check_documents():
             expect((file.parent / address).resolve().is_file(), f"docs/help/{name}: {address} is missing")
 
 
+def slug(heading):
+    """The anchor that a heading gets on the web."""
+    return re.sub(r"[^\w\- ]", "", heading.strip().lower()).replace(" ", "-")
+
+
+def check_other_documents():
+    """README and its like: where their links lead, and that the pictures that stand beside them are shown."""
+    shown = set()
+    files = [*book.PROJECT.glob("*.md"), *(book.PROJECT / "docs").glob("*.md"), book.PROJECT / "resources" / "README.md"]
+    for file in files:
+        name, text = file.relative_to(book.PROJECT), file.read_text(encoding="utf-8")
+        text = re.sub(r"`[^`\n]*`|^    .*$", "", text, flags=re.MULTILINE)  # code is no link
+        for picture, words, address in re.findall(r"(!?)\[([^\]]*)\]\(([^)\s]+)\)", text):
+            path, _, anchor = address.partition("#")
+            target = (file.parent / path).resolve() if path else file
+            if expect(target.exists(), f"{name}: {address} is missing") and anchor:
+                headings = re.findall(r"^#+ (.*)$", target.read_text(encoding="utf-8"), re.MULTILINE)
+                expect(anchor in map(slug, headings), f"{name}: {address} has no such heading")
+            expect(words.strip(), f"{name}: {address} has no words")
+            if picture:
+                expect(len(words.split()) > 1, f"{name}: {address} has no text for those who cannot see it")
+                shown.add(target)
+    pictures = {path for path in (book.PROJECT / "docs").glob("*.*") if path.suffix in (".png", ".gif", ".jpg")}
+    same_names(map(str, shown), map(str, pictures), "the documents show each picture of docs, and no other")
+
+
 def check_all(given):
     check_source()
     check_version()
@@ -242,6 +346,7 @@ def check_all(given):
         for file in map(Path, given):
             expect(file.exists() and file.read_bytes() == first.read_bytes(), f"{file} is what the source gives")
     check_documents()
+    check_other_documents()
 
 
 def main(given):

@@ -49,7 +49,7 @@ def _inline_element(element):
         case "a":
             return f"[{inner}]({_address(element.get('href'))})"
         case "img":
-            return f"![{_escaped(element.get('alt'))}]({PICTURES_FROM_PAGE}{element.get('src').removeprefix('../')})"
+            return f"![{_escaped(element.get('alt') or '')}]({PICTURES_FROM_PAGE}{element.get('src').removeprefix('../')})"
     raise ValueError(f"no Markdown for <{element.tag}> inside a line")
 
 
