@@ -1,0 +1,187 @@
+// kestrel-check.exe: plays the contract tests and the main scene on the Windows that it stands on, with its
+// own mouse and keyboard, and leaves kestrel-check.txt and pictures two folders above itself, beside
+// check.cmd.
+//
+//   kestrel-check [win32|win64]... [OPTION OF THE CONTRACT TESTS]...
+//
+// Without the name of a bitness it plays all that it can: a 64-bit one both, a 32-bit one its own. Started
+// with arguments it does not wait at its end for its last line to be read. Exit code: 0 if every check
+// passed, 1 if not, 2 if nothing was played.
+#include "check/clipboard.h"
+#include "check/contractSuite.h"
+#include "check/hands.h"
+#include "check/machine.h"
+#include "check/mainScene.h"
+#include "check/notice.h"
+#include "check/privacy.h"
+#include "check/report.h"
+#include "check/waiting.h"
+#include "check/workplace.h"
+#include "common/text.h"
+
+#include <tlhelp32.h>
+
+#include <cstdio>
+#include <functional>
+#include <optional>
+
+static constexpr const wchar_t* ownBits = sizeof(void*) == 8 ? L"win64" : L"win32";
+static constexpr int secondsToRead = 20; // the last line, before the console goes
+static HANDLE over = nullptr;            // set when everything has been cleared away
+
+struct Order {
+    std::vector<std::wstring> bits;
+    std::wstring options;
+};
+
+static Order orderFrom(int count, wchar_t** arguments) {
+    Order order;
+    for (int i = 1; i < count; ++i) {
+        const std::wstring word = arguments[i];
+        if (word == L"win32" || word == L"win64")
+            order.bits.push_back(word);
+        else
+            order.options += L" \"" + word + L"\"";
+    }
+    if (order.bits.empty())
+        order.bits = sizeof(void*) == 8 ? std::vector<std::wstring>{L"win32", L"win64"}
+                                        : std::vector<std::wstring>{L"win32"};
+    return order;
+}
+
+// The name of a program that must not run, if it does, in this user's session.
+static std::wstring intruder() {
+    std::wstring found;
+    DWORD own = 0;
+    ProcessIdToSessionId(GetCurrentProcessId(), &own);
+    const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    PROCESSENTRY32W entry = {};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = Process32FirstW(snapshot, &entry); more; more = Process32NextW(snapshot, &entry)) {
+        DWORD session = own;
+        ProcessIdToSessionId(entry.th32ProcessID, &session);
+        for (const wchar_t* name : {L"eagle.exe", L"kestrel.exe"}) {
+            if (session == own && _wcsicmp(entry.szExeFile, name) == 0)
+                found = name;
+        }
+    }
+    CloseHandle(snapshot);
+    return found;
+}
+
+// Runs a part. False if the user has stopped it; what broke it off otherwise is a failed check.
+static bool played(Report& report, const std::wstring& title, const std::function<void()>& part) {
+    report.line(L"");
+    report.line(L"== " + title);
+    try {
+        part();
+    } catch (const waiting::Stopped&) {
+        report.check(false, title + L" is played to its end", L"a key of the user's has stopped it");
+        return false;
+    } catch (const std::exception& failure) {
+        report.check(false, title + L" is played to its end", text::widen(failure.what()));
+    }
+    return true;
+}
+
+static void playAll(const Order& order, const std::wstring& kit, Privacy& privacy, Report& report,
+                    Notice& notice) {
+    const workplace::Workplace place;
+    privacy.addFolder(place.folder(), L"<folder>");
+    std::optional<Eyes> eyes;
+    bool goesOn = played(report, L"the copy in a temporary folder", [&] {
+        waiting::pause(5000); // the user still has a hand on the mouse
+        for (const std::wstring& bits : order.bits)
+            place.copy(kit + L"\\" + bits, bits);
+        place.copy(kit + L"\\" + ownBits, L"eyes");
+        eyes.emplace(place, L"eyes");
+        report.check(true, L"the programs stand there and the witness sees", L"so it is");
+    });
+    const KeptClipboard clipboard;
+    privacy.add(clipboard.text(), L"<clipboard>");
+    for (const std::wstring& bits : order.bits) {
+        const std::wstring name = bits == L"win32" ? L"32 bits" : L"64 bits";
+        if (goesOn && eyes) {
+            notice.say(L"The main scene, " + name);
+            goesOn = played(report, L"the main scene, " + name,
+                            [&] { mainScene::play(place, bits, *eyes, notice, report); });
+        }
+        if (goesOn && eyes) {
+            notice.say(L"The contract tests, " + name);
+            goesOn = played(report, L"the contract tests, " + name,
+                            [&] { contractSuite::run(place, bits, order.options, notice, privacy, report); });
+        }
+    }
+    report.line(L"");
+    report.check(place.clear(), L"nothing is left in the temporary folder", L"what can be seen from here");
+}
+
+static std::wstring above(const std::wstring& path) {
+    return path.substr(0, path.rfind(L'\\'));
+}
+
+static int failed(const char* why) {
+    std::printf("%s\n", why);
+    return 2;
+}
+
+static int check(const Order& order) {
+    if (const std::wstring found = intruder(); !found.empty())
+        return failed(
+            ("Please close " + text::narrow(found) + " first: this check would disturb it.").c_str());
+    wchar_t own[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, own, MAX_PATH);
+    const std::wstring kit = above(above(own));
+
+    Privacy privacy;
+    privacy.addTitles();
+    Report report(above(kit), privacy);
+    if (!report.opened())
+        return failed(
+            "kestrel-check.txt cannot be written here. Please unpack the zip into a folder of yours.");
+    std::printf(
+        "It uses mouse and keyboard for two minutes. Please leave both alone; any key stops it.\n"
+        "Sie benutzt zwei Minuten lang Maus und Tastatur. Bitte beide ruhen lassen; jede Taste bricht ab.\n");
+    report.line(L"Kestrel " KESTREL_VERSION L", checked on a real Windows");
+    machine::describe(report);
+    {
+        const HWND front = GetForegroundWindow();
+        const hands::KeptPointer pointer;
+        Notice notice;
+        playAll(order, kit, privacy, report, notice);
+        notice.comeToFront();
+        SetForegroundWindow(front);
+    }
+    const int code = report.finish();
+    std::printf("%s kestrel-check.txt and its pictures stand beside check.cmd.\n",
+                code == 0            ? "All is well."
+                : waiting::stopped() ? "Stopped."
+                                     : "Something is wrong.");
+    return code;
+}
+
+// The console is closed, or the user logs off: what was made is removed first.
+static BOOL WINAPI consoleEnds(DWORD) {
+    waiting::stop();
+    WaitForSingleObject(over, 20'000);
+    return TRUE;
+}
+
+int wmain(int count, wchar_t** arguments) {
+    std::setvbuf(stdout, nullptr, _IONBF, 0);
+    over = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    SetConsoleCtrlHandler(consoleEnds, TRUE);
+    std::printf("Kestrel %ls: a check of the program on this Windows.\n", KESTREL_VERSION);
+    int code = 2;
+    try {
+        code = check(orderFrom(count, arguments));
+    } catch (const std::exception& failure) {
+        failed(failure.what());
+    } catch (const waiting::Stopped&) {
+        failed("Stopped.");
+    }
+    SetEvent(over);
+    if (count == 1)
+        Sleep(secondsToRead * 1000);
+    return code;
+}
