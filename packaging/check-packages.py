@@ -22,6 +22,12 @@ from driver.checks import Checks  # noqa: E402
 TARGET = ROOT / "dist" / "packages"
 FILES = {"kestrel.exe", "brd.ico", "sch.ico", "lbr.ico", "EAGLE_Kestrel_Bench.chm", "LICENSE.txt", "README.txt",
          "samples/icons.dll", *(f"samples/{folder}/kestrel.ini" for folder in samples.FOLDERS.values())}
+CHECK_FILES = {"check.cmd", "README.txt", "LICENSE.txt",
+               *(f"kit/{bits}/{file}" for bits in BITS for file in (
+                   "kestrel-check.exe", "contract-tests.exe", "eagle.exe", "witness.exe",
+                   *(f"contract-data/{name}" for name in ("profile.tsv", "brd.ico", "sch.ico", "lbr.ico")),
+                   *(f"kestrel/{name}" for name in ("kestrel.exe", "kestrel.ini", "brd.ico", "sch.ico", "lbr.ico",
+                                                    "EAGLE_Kestrel_Bench.chm", "samples/icons.dll"))))}
 WINDOWED = 2  # subsystem of a program
 LONGEST = 254  # characters of a value that come back whole
 NOTATION = re.compile(r"[+^%~(){}\[\]]")  # has a meaning of its own in a command
@@ -35,8 +41,11 @@ def copy_of_tree(folder):
     """What packages are made of, elsewhere and with other times."""
     for name in ("packaging", "samples", "resources", "tools", "dist/win32", "dist/win64"):
         shutil.copytree(ROOT / name, folder / name, copy_function=shutil.copyfile)
-    for name in ("CMakeLists.txt", "LICENSE"):
-        shutil.copyfile(ROOT / name, folder / name)
+    of_check = [f"{built}/{name}" for built in packages.BUILT.values() for name in packages.OF_CHECK]
+    for name in ("CMakeLists.txt", "LICENSE", packages.CHECK_SETTINGS, *of_check):
+        (folder / name).parent.mkdir(parents=True, exist_ok=True)
+        copy = shutil.copytree if (ROOT / name).is_dir() else shutil.copyfile
+        copy(ROOT / name, folder / name)
 
 
 def made_twice(checks):
@@ -73,6 +82,27 @@ def zips(checks):
             for file in ("README.txt", "LICENSE.txt"):
                 text = packed.read(top + file)
                 checks.equal(text.count(b"\n"), text.count(b"\r\n"), f"{bits}: {file} has the line ends of Windows")
+
+
+def check_zip(checks):
+    with zipfile.ZipFile(TARGET / packages.check_name()) as packed:
+        top = f"Kestrel-{packages.version()}-check/"
+        names = packed.namelist()
+        checks.equal(set(names), {top + file for file in CHECK_FILES}, "the check: the zip holds all it needs")
+        checks.equal(names, sorted(names), "the check: its names are sorted")
+        script = packed.read(top + "check.cmd")
+        checks.that(script.isascii() and script.count(b"\n") == script.count(b"\r\n"),
+                    "the check: what is started is ASCII with the line ends of Windows, whatever the code page")
+        for bits in BITS:
+            folder = f"{top}kit/{bits}/"
+            checks.equal(packed.read(folder + "kestrel/kestrel.exe"), (ROOT / "dist" / bits / "kestrel.exe").read_bytes(),
+                         f"the check: {bits}: the program is the one that is installed")
+            own = packed.read(folder + "kestrel-check.exe")
+            checks.that(b"PerMonitorV2" in own and b'level="asInvoker"' in own,
+                        f"the check: {bits}: it knows each screen's resolution and asks for no administrator")
+            checks.that(utf16(packages.version()) in own, f"the check: {bits}: it bears the project's version")
+            foreign = [name for name in names if name.startswith(folder) and str(ROOT).encode() in packed.read(name)]
+            checks.equal(foreign, [], f"the check: {bits}: nothing tells where it was built")
 
 
 def programs(checks):
@@ -146,6 +176,7 @@ def main():
     checks = Checks()
     made_twice(checks)
     zips(checks)
+    check_zip(checks)
     programs(checks)
     changes(checks)
     icons(checks)

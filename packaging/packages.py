@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Makes the packages of both program folders: packages.py [TARGET], by default dist/packages.
 
-For each of dist/win32 and dist/win64 a portable zip and an installer, and SHA256SUMS of all. The same tree gives the
+For each of dist/win32 and dist/win64 a portable zip and an installer, one zip with which a user checks both on a Windows
+of his own, and SHA256SUMS of all. The same tree gives the
 same bytes: names are sorted, and every time in a package is that of the last commit (or SOURCE_DATE_EPOCH).
 """
 
@@ -24,13 +25,20 @@ import samples  # noqa: E402, the way to it stands above
 from version import version  # noqa: E402
 
 BITS = {"win32": 32, "win64": 64}
+BUILT = {"win32": "build/i686/bin", "win64": "build/x86_64/bin"}  # programs that users do not install
+OF_CHECK = ("kestrel-check.exe", "contract-tests.exe", "eagle.exe", "witness.exe", "contract-data")
+CHECK_SETTINGS = "tests/windows/demo/kestrel.ini"
 PICTURES = {"ICON": "kestrel.ico", "SIDE": "installer.bmp"}  # of the installer
 ZIP_BEGINS = 315532800  # 1980: a zip knows no earlier time
 
 
 def names():
     """Of the packages, in their order."""
-    return [f"kestrel-{version()}-{bits}{end}" for bits in BITS for end in (".zip", "-setup.exe")]
+    return [*(f"kestrel-{version()}-{bits}{end}" for bits in BITS for end in (".zip", "-setup.exe")), check_name()]
+
+
+def check_name():
+    return f"kestrel-{version()}-check.zip"
 
 
 def moment():
@@ -57,14 +65,34 @@ def fill(stage, bits, when):
     for language, folder in samples.FOLDERS.items():
         (stage / "samples" / folder).mkdir()
         (stage / "samples" / folder / "kestrel.ini").write_bytes(samples.settings(language))
-    files = sorted(path.relative_to(stage) for path in stage.rglob("*") if path.is_file())
+    return files_in(stage, when)
+
+
+def fill_check(stage, when):
+    """Lays out the check: what the user starts, and a folder of programs for each bitness. Gives its files, sorted."""
+    stage.mkdir()
+    (stage / "check.cmd").write_bytes(windows_text(HERE / "check" / "check.cmd"))
+    (stage / "README.txt").write_bytes(b"\xef\xbb\xbf" + windows_text(HERE / "check" / "README.txt"))
+    (stage / "LICENSE.txt").write_bytes(windows_text(ROOT / "LICENSE"))
+    for bits, built in BUILT.items():
+        folder = stage / "kit" / bits
+        shutil.copytree(ROOT / "dist" / bits, folder / "kestrel")
+        shutil.copyfile(ROOT / CHECK_SETTINGS, folder / "kestrel" / "kestrel.ini")
+        for name in OF_CHECK:
+            path = ROOT / built / name
+            (shutil.copytree if path.is_dir() else shutil.copyfile)(path, folder / name)
+    return files_in(stage, when)
+
+
+def files_in(stage, when):
+    """Its files, sorted, which now bear this time."""
+    files = sorted((path.relative_to(stage) for path in stage.rglob("*") if path.is_file()), key=Path.as_posix)
     for file in files:
         os.utime(stage / file, (when, when))
     return files
 
 
-def make_zip(target, stage, files, when):
-    folder = f"Kestrel-{version()}"
+def make_zip(target, folder, stage, files, when):
     with zipfile.ZipFile(target, "w", zipfile.ZIP_DEFLATED, compresslevel=9) as packed:
         for file in files:
             entry = zipfile.ZipInfo(f"{folder}/{file.as_posix()}", time.gmtime(when)[:6])
@@ -119,8 +147,11 @@ def make(target):
         with tempfile.TemporaryDirectory() as scratch:
             stage = Path(scratch) / "program"
             files = fill(stage, bits, when)
-            make_zip(target / f"kestrel-{version()}-{bits}.zip", stage, files, when)
+            make_zip(target / f"kestrel-{version()}-{bits}.zip", f"Kestrel-{version()}", stage, files, when)
             make_installer(target / f"kestrel-{version()}-{bits}-setup.exe", stage, files, bits, when)
+    with tempfile.TemporaryDirectory() as scratch:
+        stage = Path(scratch) / "check"
+        make_zip(target / check_name(), f"Kestrel-{version()}-check", stage, fill_check(stage, when), when)
     sums = [f"{hashlib.sha256((target / name).read_bytes()).hexdigest()}  {name}\n" for name in names()]
     (target / "SHA256SUMS").write_text("".join(sums), encoding="ascii")
 
