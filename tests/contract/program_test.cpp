@@ -88,6 +88,48 @@ TEST_CASE("the shell opens a program with its parameters") {
     CHECK(awaitStart(world, program).ends_with(" a \"b"));
 }
 
+TEST_CASE("a program that needs more rights is started once the user agrees, and nobody waits for that") {
+    World world;
+    world.makeFolder(world.path("My Tools"));
+    const std::string program = world.path("My Tools\\x y.exe");
+    world.placeProgram(program);
+    world.needMoreRights(program);
+    const std::string bare = world.path("My Tools\\x y");
+    int questions = 0;
+    for (const std::string& start : {program, "\"" + program + "\"", bare}) {
+        const std::int64_t begin = World::clock();
+        CHECK_FALSE(startFails(start + " C:\\My Files\\a.brd \"b c\""));
+        CHECK(World::clock() - begin < 1000);
+        ++questions;
+        REQUIRE(World::until([&] { return world.questions() == questions; }));
+        CHECK_FALSE(world.startedWith(program).has_value());
+        world.answerQuestion(true);
+        CHECK(awaitStart(world, program).ends_with(" C:\\My Files\\a.brd \"b c\""));
+        world.forgetStarts(program);
+    }
+}
+
+TEST_CASE("a user who refuses hears nothing more") {
+    World world;
+    const std::string program = world.path("tool.exe");
+    world.placeProgram(program);
+    world.needMoreRights(program);
+    CHECK_FALSE(startFails(program + " /a"));
+    REQUIRE(World::until([&] { return world.questions() == 1; }));
+    world.answerQuestion(false);
+    CHECK_FALSE(startFails(program + " /a"));
+    REQUIRE(World::until([&] { return world.questions() == 2; }));
+    CHECK_FALSE(world.startedWith(program).has_value());
+}
+
+TEST_CASE("without a file the shell is not asked: it would open the current folder") {
+    World world;
+    world.needMoreRights(world.path("tool.exe")); // whatever the shell is asked is a question then
+    for (const char* file : {"", " ", "  "})
+        CHECK(platform::ShellExecuteA(platform::HWND::none, "Open", file, "/a", "", normalWithFocus) == 2);
+    CHECK(world.questions() == 0);
+}
+
 TEST_CASE("what the shell cannot open fails with a small number and no message") {
     World world;
     for (const std::string& file : {std::string(), world.path("nosuch.exe"), std::string(100'000, 'x')})

@@ -104,11 +104,32 @@ class World {
     /// The settings file beside the program; absent at the start.
     static std::string settingsPath();
 
+    // --- a server of the network ---
+    /// From here on it does not answer: what is asked of it, by "\\\\server\\share\\...", takes half a minute
+    /// and fails. One at a time; no two tests have one of the same name, since the program remembers it.
+    void cutOff(const std::string& server);
+    /// It answers again; nothing is on it.
+    void reconnect();
+    /// How often it was asked.
+    int asked();
+    /// The clock that the program reads, in milliseconds.
+    static std::int64_t clock();
+    /// The clock goes on by so much, once the server has been cut off.
+    void passTime(int milliseconds);
+
     // --- programs that can be started ---
     /// Puts a program there that does nothing but tell that it was started.
     void placeProgram(const std::string& path);
     /// The command line that the program at this path was last started with; none if it was not.
     std::optional<std::string> startedWith(const std::string& path);
+    /// As if it had not been started.
+    void forgetStarts(const std::string& path);
+    /// The program at this path needs more rights than ours: from here on the system asks the user.
+    void needMoreRights(const std::string& path);
+    /// How often the user was asked.
+    int questions();
+    /// What the user says to the question that is up, or to the next.
+    void answerQuestion(bool yes);
 
     // --- icons ---
     IconFile iconFile(IconSource source);

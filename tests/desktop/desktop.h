@@ -20,6 +20,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -209,6 +210,20 @@ class World {
     std::vector<std::string>
         settingsPaths; ///< that the settings file was read and written by, as they were given
 
+    // --- servers of the network ("\\\\name\\share\\..."), by their names in lower case
+    // --------------------------------
+    struct Server {
+        bool away = false;
+        int asked = 0;                 ///< how often
+        std::int64_t missingUntil = 0; ///< as the program's side has it
+    };
+    std::map<std::string, Server> servers;
+    /// The server takes half a minute to say that it is not there. The platform's operations wait 3 s of that
+    /// once, and ask nothing of it for a minute.
+    void cutOff(const std::string& server);
+    /// A path of such a server is asked for, at the cost of time. False if it is not to be had.
+    bool reach(const std::string& path);
+
     // --- icons
     // -------------------------------------------------------------------------------------------------
     /// A file with `count` icons, each of one colour that is its own.
@@ -246,6 +261,11 @@ class World {
     std::vector<ShellStart> started;
     std::deque<runtime::RuntimeError> shellFailures;
     std::vector<ShellExecution> executed;
+    /// Programs that need more rights than ours, as path keys: the system asks the user.
+    std::set<std::string> needMoreRights;
+    std::vector<ShellExecution> questions;
+    /// The user's answer to the last question. A no has no trace.
+    void answerQuestion(bool yes);
     std::vector<HelpCall> helpCalls;
     int helpFailures = 0; ///< so many of the next calls of the help viewer fail
     std::vector<TypedKeys> typed;

@@ -69,6 +69,30 @@ void World::removeFile(const std::string& path) {
     files.erase(pathKey(path));
 }
 
+void World::cutOff(const std::string& server) {
+    servers[runtime::lowerCase(server)].away = true;
+}
+
+bool World::reach(const std::string& path) {
+    constexpr std::int64_t patience = 3000;
+    constexpr std::int64_t pause = 60'000;
+    // What stands in front of a command line's path is no part of it.
+    const std::string key = pathKey(path.starts_with('"') ? path.substr(1) : path);
+    for (auto& [name, server] : servers) {
+        if (!key.starts_with("\\" + name + "\\"))
+            continue;
+        if (now < server.missingUntil)
+            return false;
+        ++server.asked;
+        if (!server.away)
+            return true;
+        now += patience;
+        server.missingUntil = now + pause;
+        return false;
+    }
+    return true;
+}
+
 } // namespace desktop
 
 namespace platform {
@@ -76,6 +100,8 @@ namespace platform {
 std::string dir(std::string_view path) {
     const std::string key = desktop::pathKey(std::string(path));
     const std::size_t slash = key.find_last_of('\\');
+    if (!desktop::world().reach(std::string(path)))
+        return {};
     if (key.empty() || slash == std::string::npos || slash + 1 == key.size())
         return {};
     for (const auto& [candidate, file] : desktop::world().files) {

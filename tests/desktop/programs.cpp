@@ -42,7 +42,32 @@ std::string programOf(std::string_view commandLine) {
     return {};
 }
 
+/// What stands behind the program in a command line, without the blanks around it.
+std::string parametersOf(std::string_view commandLine, const std::string& program) {
+    std::size_t end = 0;
+    if (commandLine.starts_with('"')) {
+        end = commandLine.find('"', 1);
+        end = end == std::string_view::npos ? commandLine.size() : end + 1;
+    } else {
+        const std::string_view typed = commandLine.substr(0, program.size());
+        const bool whole = desktop::pathKey(std::string(typed)) == desktop::pathKey(program);
+        constexpr std::size_t ending = 4;
+        end = whole ? program.size() : program.size() - ending;
+    }
+    return std::string(runtime::trim(commandLine.substr(end)));
+}
+
 } // namespace
+
+namespace desktop {
+
+void World::answerQuestion(bool yes) {
+    const ShellExecution& asked = questions.back();
+    if (yes)
+        started.push_back({asked.file + " " + asked.parameters, asked.command, asked.file});
+}
+
+} // namespace desktop
 
 namespace platform {
 
@@ -53,9 +78,14 @@ void shell(std::string_view commandLine, int windowStyle) {
         desk.shellFailures.pop_front();
         throw failure;
     }
-    const std::string program = programOf(commandLine);
+    const std::string program = desk.reach(std::string(commandLine)) ? programOf(commandLine) : std::string();
     if (program.empty())
         throw runtime::RuntimeError(runtime::ErrorNumber::fileNotFound);
+    if (desk.needMoreRights.contains(desktop::pathKey(program))) {
+        desk.questions.push_back(
+            {HWND::none, "Open", program, parametersOf(commandLine, program), "", windowStyle});
+        return;
+    }
     desk.started.push_back({std::string(commandLine), windowStyle, program});
 }
 

@@ -29,7 +29,7 @@ namespace platform {
 std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeIcon, HICON& smallIcon) {
     desktop::World& desk = desktop::world();
     const auto found = desk.iconFiles.find(desktop::pathKey(file));
-    if (found == desk.iconFiles.end() || index < 0 ||
+    if (!desk.reach(file) || found == desk.iconFiles.end() || index < 0 ||
         static_cast<std::size_t>(index) >= found->second.small.size())
         return 0;
     const forms::Picture& picture = found->second.small[static_cast<std::size_t>(index)];
@@ -43,12 +43,15 @@ std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeI
 int iconCount(const char* file) {
     const auto& files = desktop::world().iconFiles;
     const auto found = files.find(desktop::pathKey(file));
-    return found == files.end() ? 0 : static_cast<int>(found->second.small.size());
+    return !desktop::world().reach(file) || found == files.end()
+               ? 0
+               : static_cast<int>(found->second.small.size());
 }
 
 int PickIconDlg(HWND owner, std::string& file, std::int32_t& index) {
     desktop::World& desk = desktop::world();
-    const std::u16string start = toUtf16(runtime::untilNul(file)).substr(0, iconPathSize - 1);
+    const std::string reached = desk.reach(file) ? file : std::string();
+    const std::u16string start = toUtf16(runtime::untilNul(reached)).substr(0, iconPathSize - 1);
     desk.chooserCalls.push_back({owner, start, iconPathSize, index});
     if (desk.chooserAnswers.empty())
         return noIconChooser;
@@ -77,7 +80,7 @@ std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, cons
     desk.executed.push_back({owner, verb, file, parameters, folder, command});
     constexpr std::intptr_t fileNotFound = 2;
     constexpr std::intptr_t success = 42;
-    if (desk.file(file) == nullptr)
+    if (!desk.reach(file) || desk.file(file) == nullptr)
         return fileNotFound;
     desk.started.push_back({std::string(file) + " " + parameters, command, file});
     return success;

@@ -18,6 +18,7 @@ constexpr const char* scratch = "C:\\scratch";
 struct World::Impl {
     desktop::Session session;
     bool otherRuns = false;
+    std::string server;
 };
 
 WorldKind worldKind() {
@@ -145,6 +146,45 @@ std::optional<std::string> World::startedWith(const std::string& path) {
         if (desktop::pathKey(start.program) == desktop::pathKey(path))
             last = start.commandLine;
     return last;
+}
+
+void World::forgetStarts(const std::string& path) {
+    std::erase_if(desktop::world().started, [&path](const desktop::ShellStart& start) {
+        return desktop::pathKey(start.program) == desktop::pathKey(path);
+    });
+}
+
+void World::needMoreRights(const std::string& path) {
+    desktop::world().needMoreRights.insert(desktop::pathKey(path));
+}
+
+int World::questions() {
+    return static_cast<int>(desktop::world().questions.size());
+}
+
+void World::answerQuestion(bool yes) {
+    desktop::world().answerQuestion(yes);
+}
+
+void World::cutOff(const std::string& server) {
+    impl_->server = server;
+    desktop::world().cutOff(server);
+}
+
+void World::reconnect() {
+    desktop::world().servers.at(impl_->server).away = false;
+}
+
+int World::asked() {
+    return desktop::world().servers.at(impl_->server).asked;
+}
+
+std::int64_t World::clock() {
+    return desktop::world().now;
+}
+
+void World::passTime(int milliseconds) {
+    desktop::world().now += milliseconds;
 }
 
 IconFile World::iconFile(IconSource source) {

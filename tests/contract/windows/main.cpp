@@ -7,6 +7,7 @@
 #include "contract/windows/orders.h"
 #include "contract/windows/otherProgramMain.h"
 #include "contract/world.h"
+#include "win32/platform/hosts.h"
 
 #include <windows.h>
 
@@ -19,8 +20,11 @@ namespace {
 constexpr const char* ownName = "contract-tests.exe";
 constexpr ULONGLONG longestTest = 90'000; // milliseconds
 
-/// Leaves the command line beside the program; the file appears whole or not at all.
+/// Leaves the command line beside the program, the file appears whole or not at all, and before it whether
+/// the system asks for a medium that is missing.
 int report() {
+    contract::writeWholeFile(contract::ownPath() + ".mode",
+                             std::to_string(GetErrorMode() & SEM_FAILCRITICALERRORS));
     const std::string file = contract::ownPath() + ".started";
     contract::writeWholeFile(file + ".new", GetCommandLineA());
     return MoveFileExA((file + ".new").c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE ? 0 : 1;
@@ -91,6 +95,7 @@ int main(int count, char** arguments) {
         std::fputs("no window can be made: there is no display\n", stderr);
         return 5;
     }
+    win32::askForNoMedium();
     SetUnhandledExceptionFilter(fault);
     std::setvbuf(stdout, nullptr, _IONBF, 0);
     const KeptSettings settings;

@@ -1,8 +1,10 @@
 // A real system, or Wine, as the world of the contract tests.
 #include "contract/world.h"
 
+#include "contract/windows/deadServer.h"
 #include "contract/windows/files.h"
 #include "contract/windows/icons.h"
+#include "contract/windows/moreRights.h"
 #include "contract/windows/orders.h"
 #include "contract/windows/otherProgram.h"
 #include "forms/form.h"
@@ -87,6 +89,8 @@ struct World::Impl {
     std::string scratch = scratchFolder();
     OtherProgram other;
     std::vector<HANDLE> locks;
+    std::optional<DeadServer> server;
+    std::optional<MoreRights> rights;
 };
 
 WorldKind worldKind() {
@@ -101,6 +105,8 @@ World::World() : impl_(std::make_unique<Impl>()) {
 }
 
 World::~World() {
+    impl_->server.reset();
+    impl_->rights.reset();
     impl_->other.end();
     for (const HANDLE lock : impl_->locks)
         CloseHandle(lock);
@@ -223,6 +229,42 @@ void World::placeProgram(const std::string& path) {
 
 std::optional<std::string> World::startedWith(const std::string& path) {
     return readWholeFile(reportOf(path));
+}
+
+void World::forgetStarts(const std::string& path) {
+    removeWholeFile(reportOf(path));
+}
+
+void World::needMoreRights(const std::string& path) {
+    impl_->rights.emplace(path);
+}
+
+int World::questions() {
+    return MoreRights::questions();
+}
+
+void World::answerQuestion(bool yes) {
+    MoreRights::answer(yes);
+}
+
+void World::cutOff(const std::string& server) {
+    impl_->server.emplace(server);
+}
+
+void World::reconnect() {
+    DeadServer::revive();
+}
+
+int World::asked() {
+    return DeadServer::calls();
+}
+
+std::int64_t World::clock() {
+    return contract::clock();
+}
+
+void World::passTime(int milliseconds) {
+    contract::passTime(milliseconds);
 }
 
 IconFile World::iconFile(IconSource source) {
