@@ -7,6 +7,7 @@ import sys
 from play import play
 
 from driver import paths, settings
+from driver.stage import KESTREL
 from driver.waiting import poll
 
 sys.path.insert(0, str(paths.PROJECT / "resources" / "help"))
@@ -15,10 +16,17 @@ import book  # noqa: E402, the way to it stands above
 
 LIST = "C:\\work\\parts list.txt"
 NOTES = "C:\\work\\notes.txt"
+INSTALLED = re.search(r'^InstallDir "\$LOCALAPPDATA(.*)"$', (paths.PROJECT / "packaging" / "kestrel.nsi").read_text(encoding="utf-8"),
+                      re.MULTILINE).expand(r"%LOCALAPPDATA%\1")
 
 
 def page(language, name):
     return next(found for found in book.pages(language) if found.topic.name == name)
+
+
+def here(batch):
+    """A batch file of the help with the folder in which Kestrel stands for a scene."""
+    return batch.replace(f"KESTREL={INSTALLED}\n", f"KESTREL={KESTREL}\n")
 
 
 def samples(language, name):
@@ -34,7 +42,7 @@ def commands():
 
 def typed(command):
     """What reaches EAGLE's command line."""
-    return re.sub(r"\{(.)\}", r"\1", command.replace("{kestrelpath}", "C:\\kestrel").replace("{ESC}", ""))
+    return re.sub(r"\{(.)\}", r"\1", command.replace("{kestrelpath}", KESTREL).replace("{ESC}", ""))
 
 
 def runs(stage, checks, board, number, expected):
@@ -77,6 +85,8 @@ def all_commands(stage, checks, eagle):
         stage.screen.type(LIST)
         stage.screen.key("Return")
     opens(stage, checks, LIST, "view.bat opens a file whose name has a blank")
+    stage.witness.run(f'C:\\windows\\system32\\cmd.exe /c C:\\work\\view.bat "{LIST}"')
+    opens(stage, checks, LIST, "and one that comes in quotes")
 
 
 def opens(stage, checks, file, words):
@@ -99,7 +109,8 @@ def requests(stage, checks):
     request(stage, checks, lines[0].replace(".pdf", ".txt"), LIST)
     request(stage, checks, lines[1], NOTES)
     for language in book.LANGUAGES:
-        batch = samples(language, "run-request")[0].replace(".pdf", ".txt")
+        batch = here(samples(language, "run-request")[0].replace(".pdf", ".txt"))
+        checks.that(f"KESTREL={KESTREL}\n" in batch, f"{language}: show.bat names the installer's folder")
         stage.prefix.path("C:\\work\\show.bat").write_bytes(batch.replace("\n", "\r\n").encode("cp1252"))
         stage.witness.run("C:\\windows\\system32\\cmd.exe /c C:\\work\\show.bat")
         opens(stage, checks, LIST, f"{language}: show.bat has Kestrel open a file")
