@@ -62,3 +62,8 @@ class Eagle(PlacedEagle):
         order = self.send("hang", int(seconds * 1000))
         self.wait_for("hangs", after=before)
         return order
+
+    def wake(self, order):
+        """Ends that before its time."""
+        self.order("wake")
+        self.answer(order)

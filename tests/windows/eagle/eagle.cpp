@@ -128,11 +128,22 @@ static void orderShow(const Order& order) {
     });
 }
 
-// hang MILLISECONDS: the window thread answers nothing as long
+// Wakes the window thread while it hangs.
+static HANDLE awake() {
+    static const HANDLE event = CreateEventW(nullptr, FALSE, FALSE, nullptr); // lives as long as the program
+    return event;
+}
+
+// hang MILLISECONDS: the window thread answers nothing as long, or until it is woken
 static void orderHang(const Order& order) {
+    ResetEvent(awake());
     journal::write("hangs", {order.word(0)});
-    Sleep(static_cast<DWORD>(order.numberAt(0)));
+    WaitForSingleObject(awake(), static_cast<DWORD>(order.numberAt(0)));
     orders::done(order);
+}
+
+void wake() {
+    SetEvent(awake());
 }
 
 // quit: the orderly end

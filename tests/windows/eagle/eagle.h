@@ -19,4 +19,7 @@ void runCommands(const std::wstring& commands, bool german);
 // One of the driver's orders, on the window thread; answers it in the journal.
 void obey(const orders::Order& order);
 
+// Ends a hang that an order has begun; on any thread.
+void wake();
+
 } // namespace eagle

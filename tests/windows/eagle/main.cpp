@@ -37,11 +37,15 @@ static HWND makeOrdersWindow() {
 }
 
 // On the orders' thread: everything is the window thread's to do, but a program that hangs can still be
-// killed.
+// killed, or woken before its time.
 static void passOn(HWND ordersWindow, const orders::Order& order) {
     if (order.verb == L"kill") {
         journal::write("killed");
         TerminateProcess(GetCurrentProcess(), 9);
+    }
+    if (order.verb == L"wake") {
+        eagle::wake();
+        return orders::done(order);
     }
     auto copy = std::make_unique<orders::Order>(order);
     if (PostMessageW(ordersWindow, orderMessage, 0, reinterpret_cast<LPARAM>(copy.get())))

@@ -7,8 +7,16 @@
 //                             journal tells "exited" with id and code when it has ended
 //   ping WINDOW MILLISECONDS  answers with the milliseconds that the window took to answer; fails if it did
 //                             not
+//   active WINDOW             answers with the handle of the window that the window's thread has for the
+//   active
+//                             one, which is another program's where the input of the two is joined
 //   post WINDOW MESSAGE W L   posts a message; it may be given by number or as @Name of a registered one,
 //                             the window may be "all"
+//   appears CLASS TITLE [WINDOW]
+//                             answers as soon as there is a visible window of this class whose title begins
+//                             so, or that has none, a top-level one, or one that stands in the window
+//   front                     from now on the journal tells "front" with handle and title of each window that
+//                             comes to the front, be it for a moment
 //   untray WINDOW             takes the tray icon of a window away, as a shell does that starts anew
 //   terminate ID              ends a process by force
 //   quit
@@ -74,6 +82,15 @@ static void orderPing(const Order& order) {
         orders::failed(order, L"no answer");
 }
 
+static void orderActive(const Order& order) {
+    GUITHREADINFO info = {};
+    info.cbSize = sizeof info;
+    if (GetGUIThreadInfo(GetWindowThreadProcessId(windowAt(order, 0), nullptr), &info))
+        orders::done(order, std::to_wstring(reinterpret_cast<UINT_PTR>(info.hwndActive)));
+    else
+        orders::failed(order, L"error " + std::to_wstring(GetLastError()));
+}
+
 static void orderPost(const Order& order) {
     const std::wstring name = order.word(1);
     const UINT message = name.starts_with(L'@') ? RegisterWindowMessageW(name.c_str() + 1)
@@ -84,6 +101,54 @@ static void orderPost(const Order& order) {
         orders::done(order);
     else
         orders::failed(order, L"error " + std::to_wstring(GetLastError()));
+}
+
+struct Wanted {
+    const Order& order;
+    bool seen = false;
+};
+
+static BOOL CALLBACK lookFor(HWND window, LPARAM parameter) {
+    auto& wanted = *reinterpret_cast<Wanted*>(parameter);
+    wchar_t name[64] = {};
+    wchar_t title[256] = {};
+    GetClassNameW(window, name, 64);
+    InternalGetWindowText(window, title, 256); // asks nobody
+    const std::wstring begin = wanted.order.word(1);
+    const bool titled = begin.empty() ? title[0] == 0 : std::wstring_view(title).starts_with(begin);
+    wanted.seen = IsWindowVisible(window) && wanted.order.word(0) == name && titled;
+    return !wanted.seen;
+}
+
+static void orderAppears(const Order& order) {
+    constexpr ULONGLONG patience = 20'000; // milliseconds
+    const ULONGLONG begin = GetTickCount64();
+    const HWND parent = windowAt(order, 2);
+    for (Wanted wanted{order}; GetTickCount64() - begin < patience; Sleep(5)) {
+        if (parent)
+            EnumChildWindows(parent, lookFor, reinterpret_cast<LPARAM>(&wanted));
+        else
+            EnumWindows(lookFor, reinterpret_cast<LPARAM>(&wanted));
+        if (wanted.seen)
+            return orders::done(order);
+    }
+    orders::failed(order, L"it does not appear");
+}
+
+static void orderFront(const Order& order) {
+    std::thread([] {
+        HWND front = nullptr;
+        for (;; Sleep(1)) {
+            const HWND now = GetForegroundWindow();
+            if (now == front)
+                continue;
+            front = now;
+            wchar_t title[256] = {};
+            InternalGetWindowText(now, title, 256); // asks nobody: its program may hang
+            journal::write("front", {std::to_wstring(reinterpret_cast<UINT_PTR>(now)), title});
+        }
+    }).detach();
+    orders::done(order);
 }
 
 static void orderUntray(const Order& order) {
@@ -112,8 +177,11 @@ int wmain() {
     journal::open(L"WITNESS_JOURNAL", L"witness-journal.txt");
     const HANDLE quit = CreateEventW(nullptr, TRUE, FALSE, nullptr); // lives as long as the program
     static const std::map<std::wstring, void (*)(const Order&)> actions = {
-        {L"dump", orderDump},           {L"run", orderRun},       {L"ping", orderPing}, {L"post", orderPost},
+        {L"dump", orderDump},           {L"run", orderRun},
+        {L"ping", orderPing},           {L"post", orderPost},
         {L"terminate", orderTerminate}, {L"untray", orderUntray},
+        {L"front", orderFront},         {L"active", orderActive},
+        {L"appears", orderAppears},
     };
     orders::listen(journal::besideProgram(L"WITNESS_CONTROL", L"witness-control.txt"),
                    [quit](const Order& order) {
