@@ -6,7 +6,7 @@ from driver import settings
 from driver.settings import button
 from driver.waiting import poll
 
-HANG = 12  # seconds
+HANG = 15  # seconds
 WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON = 0x200, 0x201, 0x202, 1
 IN_TIME = 6  # seconds in which a toolbar has to come while another EAGLE hangs
 
@@ -63,6 +63,10 @@ def hung(stage, checks, eagle, board):
     clicks(stage, checks, schematic, "beside a hung EAGLE")
     eagle.answer(order, HANG + 20)
     checks.equal(len(stage.toolbars(board)), 1, "the EAGLE that hung still has its toolbar")
+    board.to_front()
+    before = len(board.executed())
+    stage.click_button(board, 0)
+    checks.that(poll(lambda: "window fit" in board.executed()[before:]), "which works again")
 
 
 def story(stage, checks):

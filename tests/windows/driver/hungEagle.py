@@ -1,0 +1,40 @@
+"""An EAGLE that hangs while it has the keyboard, and another one beside it whose toolbars the user can go on with."""
+
+from driver.waiting import poll
+
+HANG = 15  # seconds
+FIRST_MOMENT = 1  # seconds in which Kestrel has to leave it to itself
+
+
+class HungEagle:
+    def __init__(self, stage):
+        self._stage = stage
+        self.other = stage.start_eagle("other")
+        self.beside = self.other.open("board", "C:\\work\\beside.brd")
+        self.beside.place(0, 0, 700, 500)
+        self._eagle = stage.start_eagle()
+        self._opened = 0
+        self._order = self._toolbar = self.board = None
+
+    def joined(self):
+        """Whether its input is joined with Kestrel's: it is by its latest toolbar."""
+        return int(self._stage.witness.order("active", self._toolbar.form.handle)) == self.board.handle
+
+    def hang(self):
+        """Opens a window and waits until that has a toolbar and the keyboard, and hangs then. False if it has not come to
+        that."""
+        self._opened += 1
+        self.board = self._eagle.open("board", f"C:\\work\\hung{self._opened}.brd")
+        self.board.place(800, 20, 700, 500)
+        self._toolbar = self._stage.toolbar(self.board)
+        ready = self._toolbar and poll(lambda: self._stage.command_field_focused(self.board)) and poll(self.joined)
+        self._order = self._eagle.hang(HANG)
+        # What a user does in the first moment goes the way of what EAGLE does not take, and may be lost under Wine.
+        poll(lambda: not self.joined(), FIRST_MOMENT)
+        return ready
+
+    def hangs(self):
+        return not self._eagle.answered(self._order)
+
+    def wake(self):
+        self._eagle.wake(self._order)
