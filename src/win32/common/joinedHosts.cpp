@@ -10,8 +10,6 @@ namespace win32 {
 
 namespace {
 
-constexpr UINT watchInterval = 250; // milliseconds, and as long may a host take to answer
-
 struct Host {
     std::vector<HWND> windows; ///< that ours have gone into; any of them will do to ask
     bool asked = false;        ///< without an answer yet
@@ -93,7 +91,7 @@ void hostJoined(HWND host) {
     if (thread == 0 || thread == GetCurrentThreadId())
         return;
     // A timer of the thread: it goes on in the loops of the system's dialogs and menus.
-    static const UINT_PTR timer = SetTimer(nullptr, 0, watchInterval, watch);
+    static const UINT_PTR timer = SetTimer(nullptr, 0, hostPatience, watch);
     static_cast<void>(timer);
     Host& joined = hosts()[thread];
     if (std::ranges::find(joined.windows, host) == joined.windows.end())

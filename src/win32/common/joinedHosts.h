@@ -5,8 +5,9 @@
 // hosted window. But every change of these then waits for the other side, as long as that sleeps, and not in
 // the calls of windowChanges.h alone: the system's dialogs and menus, and a click of the user, wait as well.
 //
-// So a host that does not answer is parted from us until it does: asked before each change, and four times a
-// second without waiting for the answer, since the user's click comes without a call of ours.
+// So a host that does not answer is parted from us until it does. It is asked before each change, and again
+// and again without waiting for the answer, since the user's click comes without a call of ours; a click that
+// came before goes the way of what the host has not taken.
 #pragma once
 
 #include <windows.h>

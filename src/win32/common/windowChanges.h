@@ -1,10 +1,10 @@
 // The calls that change which window is in front, which has the focus, which is seen and what it stands in.
 //
 // A form that stands in a host's window shares its input with the host's thread from then on, and the system
-// does none of this before that thread has heard of it: while a host sleeps, each of these calls may take as
-// long as it sleeps. So all of them stand here, and the rest of the Windows side makes none by itself. What
-// the system does on its own at the start and the end of its dialogs and menus cannot be had here; see
-// FocusKeeper.
+// does none of this before that thread has heard of it. So all of these calls stand here, the rest of the
+// Windows side makes none by itself, and each parts us from hosts that do not answer first (joinedHosts.h).
+// What the system does on its own at the start and the end of its dialogs and menus cannot be had here: who
+// opens one holds our forms (Hold), which sees to that, and gives the keyboard back (FocusKeeper).
 #pragma once
 
 #include <windows.h>
