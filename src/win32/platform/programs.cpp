@@ -8,6 +8,7 @@
 #include "win32/platform/opening.h"
 #include "win32/platform/paths.h"
 #include "win32/platform/patience.h"
+#include "win32/platform/titles.h"
 
 #include <windows.h>
 
@@ -120,9 +121,7 @@ struct TitleSearch {
 int compareTitle(platform::HWND seenWindow, std::intptr_t parameter) {
     const HWND window = win32::native(seenWindow);
     auto& search = *reinterpret_cast<TitleSearch*>(parameter);
-    std::array<char, 512> title{};
-    const int length = GetWindowTextA(window, title.data(), static_cast<int>(title.size()));
-    const std::string seen = runtime::lowerCase({title.data(), static_cast<std::size_t>(length)});
+    const std::string seen = runtime::lowerCase(win32::titleOf(window));
     if (seen == search.wanted) {
         search.exact = window;
         return 0;

@@ -4,6 +4,9 @@
 #include "win32/common/refusal.h"
 #include "win32/common/windowChanges.h"
 #include "win32/platform/ghosts.h"
+#include "win32/platform/titles.h"
+
+#include <string>
 
 using win32::isForeign;
 using win32::native;
@@ -34,11 +37,16 @@ bool EnumWindows(EnumWindowsCallback callback, std::intptr_t extra) {
 }
 
 int GetWindowTextA(HWND window, char* text, int size) {
-    return ::GetWindowTextA(native(window), text, size);
+    if (size <= 0)
+        return 0;
+    const std::string title = win32::titleOf(native(window));
+    const std::size_t copied = title.copy(text, static_cast<std::size_t>(size) - 1);
+    text[copied] = '\0';
+    return static_cast<int>(copied);
 }
 
 int GetWindowTextLengthA(HWND window) {
-    return ::GetWindowTextLengthA(native(window));
+    return static_cast<int>(win32::titleOf(native(window)).size());
 }
 
 bool IsWindow(HWND window) {
