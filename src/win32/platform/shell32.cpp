@@ -7,6 +7,7 @@
 #include "win32/platform/iconChooser.h"
 #include "win32/platform/opening.h"
 #include "win32/platform/patience.h"
+#include "win32/platform/tray.h"
 
 #include <windows.h>
 
@@ -109,7 +110,7 @@ int PickIconDlg(HWND owner, std::string& file, std::int32_t& index) {
 
 bool Shell_NotifyIconA(std::uint32_t message, const NOTIFYICONDATA& record) {
     NOTIFYICONDATAA native = trayRecord(record);
-    return ::Shell_NotifyIconA(message, &native) != FALSE;
+    return win32::notifyShell(message, native);
 }
 
 std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, const char* parameters,
