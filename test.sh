@@ -36,6 +36,7 @@ step() {
 step 'toolchain' tools/setup-toolchain.sh
 step 'native build' tools/build.sh native
 step 'native tests' build/native/bin/kestrel-tests
+step 'code pages' tools/test-code-pages.sh
 step 'style' tools/check-style.sh
 step 'art' "$PYTHON" resources/check-art.py
 step 'win32 build' tools/build.sh i686

@@ -4,6 +4,7 @@
 #include "platform/dialogs.h"
 #include "platform/programs.h"
 #include "platform/user32.h"
+#include "runtime/characters.h"
 #include "runtime/text.h"
 #include "store/eaglePath.h"
 #include "store/settings.h"
@@ -54,7 +55,7 @@ void bringFileToFront() {
     }
     const std::string file = setting(key::eagleFile);
     for (const char* kind : {"board", "schematic", "library"}) {
-        if (file.find(kind) == std::string::npos)
+        if (runtime::findText(file, kind) == std::string::npos)
             continue;
         if (findWindowByTitle(kind) != platform::HWND::none)
             activateFound();

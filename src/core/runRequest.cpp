@@ -10,6 +10,7 @@
 #include "platform/messages.h"
 #include "platform/shell32.h"
 #include "platform/textFile.h"
+#include "runtime/characters.h"
 #include "runtime/text.h"
 
 #include <cstddef>
@@ -27,7 +28,7 @@ std::string requestFile() {
 /// Position of the first quote at or behind position `from`, both counted from 1; 0 if there is none. Kept:
 /// positions are 16-bit numbers, and one beyond is as good as none.
 std::int16_t quotePosition(std::string_view line, std::size_t from) {
-    const std::size_t found = line.find('"', from - 1);
+    const std::size_t found = runtime::findText(line, "\"", from - 1);
     if (found == std::string_view::npos || found >= std::numeric_limits<std::int16_t>::max())
         return 0;
     return static_cast<std::int16_t>(found + 1);

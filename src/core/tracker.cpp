@@ -5,6 +5,7 @@
 #include "platform/programs.h"
 #include "platform/screen.h"
 #include "platform/user32.h"
+#include "runtime/characters.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
 #include "store/settings.h"
@@ -76,8 +77,7 @@ void Hauptform::idleTest() {
 void Hauptform::trackKind(EditorKind kind) {
     const platform::HWND host = candidate(kind);
     // No other window of the kind is tried when this one is refused.
-    if (host == platform::HWND::none ||
-        runtime::lowerCase(getWindowCaption(host)).find(excluded) != std::string::npos)
+    if (host == platform::HWND::none || runtime::holdsIgnoringCase(getWindowCaption(host), excluded))
         return;
     bool found = false;
     const std::size_t scanned = scan(kind, host, found);
@@ -106,12 +106,13 @@ void Hauptform::rememberFile(EditorKind kind, platform::HWND host) {
     if (name == last || name.empty())
         return;
     if (kind == EditorKind::library)
-        if (const std::size_t bracket = name.rfind('('); bracket != std::string::npos) {
+        if (const std::size_t bracket = runtime::findLastText(name, "("); bracket != std::string::npos) {
             // Kept: only a library's name is cut. The character before the bracket goes too, blank or not; a
             // name that begins with the bracket has none.
             if (bracket == 0)
                 throw runtime::RuntimeError(runtime::ErrorNumber::invalidCall);
-            name.resize(bracket - 1);
+            const std::string_view before(name.data(), bracket);
+            name.resize(runtime::sizeOfCharacters(before, runtime::characterCount(before) - 1));
         }
     store::setini(store::section::toolbarWritten, tracked(kind).keyWritten, name);
     last = name;

@@ -2,6 +2,7 @@
 
 #include "platform/kernel32.h"
 #include "platform/user32.h"
+#include "runtime/characters.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
 
@@ -41,7 +42,8 @@ std::string getWindowCaption(platform::HWND window) {
     platform::GetWindowTextA(window, buffer.data(), length + 1);
     constexpr std::size_t longest = 255;
     // The buffer's own zero characters stand behind the title, so blanks there stay until the cut below.
-    const std::string_view caption = runtime::trim(buffer).substr(0, longest);
+    const std::string_view whole = runtime::trim(buffer);
+    const std::string_view caption = whole.substr(0, runtime::sizeOfCharacters(whole, longest));
     return std::string(runtime::untilNul(caption));
 }
 
@@ -51,11 +53,11 @@ std::string parseFileFromTitle(platform::HWND window) {
 
 std::string fileOfTitle(std::string_view title) {
     constexpr std::string_view separator = " - ";
-    const std::size_t first = title.find(separator);
+    const std::size_t first = runtime::findText(title, separator);
     if (first == std::string_view::npos)
         return {};
     const std::size_t begin = first + separator.size();
-    const std::size_t second = title.find(separator, begin);
+    const std::size_t second = runtime::findText(title, separator, begin);
     if (second == std::string_view::npos)
         return {};
     return std::string(title.substr(begin, second - begin));
@@ -72,7 +74,7 @@ std::int16_t isEagleRunning() {
         const auto end = std::find(std::begin(entry.szExeFile), std::end(entry.szExeFile), '\0');
         const std::span<char> name(entry.szExeFile, static_cast<std::size_t>(end - entry.szExeFile));
         platform::CharLowerBuffA(name);
-        if (std::string_view(name.data(), name.size()).find("eagle.exe") != std::string_view::npos)
+        if (runtime::findText({name.data(), name.size()}, "eagle.exe") != std::string_view::npos)
             return 1;
     }
     return 0;

@@ -1,6 +1,8 @@
 // How the form of ErrPtnr looks before its first report. Its texts are German in either language.
 #include "errors/ErrPtnr.h"
 
+#include "runtime/western.h"
+
 namespace errors {
 
 namespace {
@@ -96,14 +98,14 @@ void ErrPtnr::designButtons() {
     constexpr float left[] = {240, 2040, 3840, 5640};
     constexpr const char* protocol[] = {"&Drucken", "&Speichern", "&EMail", "&WWW"};
     constexpr const char* next[] = {"Befehl wieder&holen",
-                                    ("Fortsetzen mit &n\xE4"
-                                     "chsten Befehl"),
+                                    "Fortsetzen mit &n\xE4"
+                                    "chsten Befehl",
                                     "&Prozedur verlassen", "Programm &beenden"};
     for (std::size_t index = 0; index < cmdProtocol.size(); ++index) {
         cmdProtocol[index].setCaption(protocol[index]);
         cmdProtocol[index].onClick = [this, index] { cmdProtocol_Click(static_cast<std::int16_t>(index)); };
         cmdProtocol[index].place(framProtocol, {left[index], 240, 1335, 375});
-        cmdContinue[index].setCaption(next[index]);
+        cmdContinue[index].setCaption(runtime::western(next[index]));
         cmdContinue[index].onClick = [this, index] { cmdContinue_Click(static_cast<std::int16_t>(index)); };
         cmdContinue[index].place(framContinue, {left[index], 240, 1335, 495});
     }

@@ -11,6 +11,7 @@
 #include "platform/printer.h"
 #include "platform/shell32.h"
 #include "platform/textFile.h"
+#include "runtime/western.h"
 
 namespace errors {
 
@@ -43,7 +44,7 @@ void print(const std::string& protocol) {
 
 void save(const std::string& protocol) {
     const std::string path = protocolFile(".ERR");
-    const std::string question = "Vorhandene Datei '" + path + "' \xFC" + "berschreiben ?";
+    const std::string question = "Vorhandene Datei '" + path + runtime::western("' \xFC") + "berschreiben ?";
     if (!platform::dir(path).empty() && ask(question, yesNoStyle) == no)
         return;
     platform::writeFile(path, protocol + lineEnd);
@@ -70,7 +71,7 @@ void ErrPtnr::cmdProtocol_Click(std::int16_t Index) {
         break;
     case 2:
         // Kept: the message comes first, though it says that the protocol is in the clipboard already.
-        ask(mailMessage, okStyle);
+        ask(runtime::western(mailMessage), okStyle);
         open(mailTarget(supportMail), window(), protocol);
         break;
     case 3:

@@ -1,6 +1,7 @@
 #include "errors/printWrap.h"
 
 #include "errors/lineEnd.h"
+#include "runtime/characters.h"
 
 namespace errors {
 
@@ -16,13 +17,14 @@ void wrap(std::string_view line, std::vector<std::string>& printed) {
     while (!line.empty()) {
         const std::string_view word = line.substr(0, line.find(' ') + 1);
         line.remove_prefix(word.size());
-        count += word.size();
+        const std::size_t length = runtime::characterCount(word);
+        count += length;
         if (count > columns) {
             if (!buffer.empty()) {
                 printed.push_back(buffer);
                 buffer.assign(indent, ' ');
             }
-            count = word.size();
+            count = length;
         }
         buffer += word;
     }

@@ -1,6 +1,7 @@
 #include "forms/textBox.h"
 
 #include "forms/event.h"
+#include "runtime/characters.h"
 #include "runtime/runtimeError.h"
 
 #include <algorithm>
@@ -59,7 +60,7 @@ void TextBox::edited(std::string_view text, int start, int length) {
 }
 
 void TextBox::selected(int start, int length) {
-    const int end = static_cast<int>(text_.size());
+    const int end = static_cast<int>(runtime::characterCount(text_));
     selStart_ = std::clamp(start, 0, end);
     selLength_ = std::clamp(length, 0, end - selStart_);
 }

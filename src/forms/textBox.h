@@ -24,7 +24,8 @@ class TextBox : public Control {
     int maxLength = 0;
 
     std::function<void()> onChange;
-    /// A character is about to be taken; the handler may replace it, 0 drops it.
+    /// A character is about to be taken, by its code in the code page in force (runtime::characterCode); the
+    /// handler may replace it, 0 drops it.
     std::function<void(int& keyAscii)> onKeyPress;
     std::function<void(int keyCode, int shift)> onKeyDown;
     std::function<void(int keyCode, int shift)> onKeyUp;

@@ -31,10 +31,10 @@ enum class Key : std::uint16_t {
     scrollLock = 0x91,
 };
 
-/// One key stroke: a named key, or a character of the ANSI code page, under modifiers.
+/// One key stroke: a named key, or a character, under modifiers.
 struct KeyStroke {
     Key key = Key::none;
-    char character = 0; ///< only if key is none
+    char32_t character = 0; ///< Unicode; only if key is none
     bool shift = false;
     bool control = false;
     bool alt = false;

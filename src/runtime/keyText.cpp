@@ -2,6 +2,8 @@
 // groups are applied. No recursion, so that no depth of nesting can exhaust the stack.
 #include "runtime/keyText.h"
 
+#include "runtime/characters.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
@@ -51,15 +53,15 @@ constexpr KeyName keyNames[] = {
 constexpr std::string_view functionKeys[] = {"F1", "F2",  "F3",  "F4",  "F5",  "F6",  "F7",  "F8",
                                              "F9", "F10", "F11", "F12", "F13", "F14", "F15", "F16"};
 
-constexpr char upperCase(char character) {
-    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 0x20) : character;
+constexpr char32_t upperCase(char32_t character) {
+    return character >= 'a' && character <= 'z' ? character - 0x20 : character;
 }
 
-bool sameName(std::string_view text, std::string_view name) {
+bool sameName(std::u32string_view text, std::string_view name) {
     return std::ranges::equal(text, name, {}, upperCase);
 }
 
-std::optional<Key> namedKey(std::string_view text) {
+std::optional<Key> namedKey(std::u32string_view text) {
     for (const KeyName& known : keyNames)
         if (sameName(text, known.name))
             return known.key;
@@ -83,25 +85,26 @@ struct Token {
     std::uint32_t count = 1;
 };
 
-Token characterToken(Kind kind, char character) {
+Token characterToken(Kind kind, char32_t character) {
     return {kind, {.character = character}};
 }
 
 /// Reads what stands between braces: a name or a single character, behind it blanks and a count or nothing.
-std::optional<Token> bracedKey(std::string_view content) {
+std::optional<Token> bracedKey(std::u32string_view content) {
     Token token{Kind::key, {}};
-    std::string_view name = content;
+    std::u32string_view name = content;
     // The first character is never a separator: "{  3}" is the blank, three times.
-    const std::size_t blank = content.find(' ', 1);
-    if (blank != std::string_view::npos) {
+    const std::size_t blank = content.find(U' ', 1);
+    if (blank != std::u32string_view::npos) {
         name = content.substr(0, blank);
-        std::string_view digits = content.substr(blank);
-        digits.remove_prefix(std::min(digits.find_first_not_of(' '), digits.size()));
-        if (digits.empty() || digits.find_first_not_of("0123456789") != std::string_view::npos)
+        std::u32string_view digits = content.substr(blank);
+        digits.remove_prefix(std::min(digits.find_first_not_of(U' '), digits.size()));
+        if (digits.empty() || digits.find_first_not_of(U"0123456789") != std::u32string_view::npos)
             return std::nullopt;
         token.count = 0;
-        for (const char digit : digits)
-            token.count = std::min(greatestCount, token.count * 10 + static_cast<std::uint32_t>(digit - '0'));
+        for (const char32_t digit : digits)
+            token.count =
+                std::min(greatestCount, token.count * 10 + static_cast<std::uint32_t>(digit - U'0'));
     }
     if (name.size() == 1) {
         token.stroke.character = name.front();
@@ -114,22 +117,22 @@ std::optional<Token> bracedKey(std::string_view content) {
     return token;
 }
 
-void appendLiteral(std::vector<Token>& tokens, std::string_view text) {
-    for (const char character : text)
+void appendLiteral(std::vector<Token>& tokens, std::u32string_view text) {
+    for (const char32_t character : text)
         tokens.push_back(characterToken(Kind::literal, character));
 }
 
 /// Reads from a brace on and gives the number of characters read.
-std::size_t readBrace(std::vector<Token>& tokens, std::string_view text) {
+std::size_t readBrace(std::vector<Token>& tokens, std::u32string_view text) {
     // The first character inside may be a brace itself.
-    const std::size_t close = text.find('}', 2);
-    if (close != std::string_view::npos) {
-        const std::string_view content = text.substr(1, close - 1);
+    const std::size_t close = text.find(U'}', 2);
+    if (close != std::u32string_view::npos) {
+        const std::u32string_view content = text.substr(1, close - 1);
         if (const std::optional<Token> token = bracedKey(content)) {
             tokens.push_back(*token);
             return close + 1;
         }
-        if (content.find_first_of("{}") == std::string_view::npos) {
+        if (content.find_first_of(U"{}") == std::u32string_view::npos) {
             appendLiteral(tokens, text.substr(0, close + 1));
             return close + 1;
         }
@@ -138,10 +141,10 @@ std::size_t readBrace(std::vector<Token>& tokens, std::string_view text) {
     return 1;
 }
 
-std::vector<Token> tokenise(std::string_view text) {
+std::vector<Token> tokenise(std::u32string_view text) {
     std::vector<Token> tokens;
     for (std::size_t at = 0; at < text.size();) {
-        const char character = text[at];
+        const char32_t character = text[at];
         if (character == '{') {
             at += readBrace(tokens, text.substr(at));
             continue;
@@ -196,7 +199,7 @@ KeyStroke with(KeyStroke stroke, const KeyStroke& modifiers) {
     return stroke;
 }
 
-void addModifier(KeyStroke& modifiers, char mark) {
+void addModifier(KeyStroke& modifiers, char32_t mark) {
     modifiers.shift |= mark == '+';
     modifiers.control |= mark == '^';
     modifiers.alt |= mark == '%';
@@ -205,7 +208,7 @@ void addModifier(KeyStroke& modifiers, char mark) {
 } // namespace
 
 std::vector<KeyStroke> parseKeyText(std::string_view text) {
-    std::vector<Token> tokens = tokenise(text);
+    std::vector<Token> tokens = tokenise(toUtf32(text));
     matchBrackets(tokens);
 
     std::vector<KeyStroke> strokes;

@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
+#include "runtime/western.h"
 
 namespace setup {
 
@@ -93,8 +94,8 @@ std::string ObjFiledialog::ShowOpen(platform::HWND hWnd) {
     const std::string list = buildFilter();
     CheckFlags("Open");
     if (dialogTitle_.empty())
-        dialogTitle_ = "Datei \xF6"
-                       "ffnen";
+        dialogTitle_ = runtime::western("Datei \xF6"
+                                        "ffnen");
     dialogTitle_ += nul; // Kept: also behind a title that has its NUL, and once more with every call
     return show(hWnd, list, "Error_ShowOpen", platform::GetOpenFileNameA);
 }

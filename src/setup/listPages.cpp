@@ -4,6 +4,7 @@
 // keystroke goes straight into the record.
 #include "setup/frmSetup.h"
 
+#include "runtime/characters.h"
 #include "runtime/numbers.h"
 #include "runtime/runtimeError.h"
 #include "setup/ObjFiledialog.h"
@@ -205,7 +206,7 @@ void frmSetup::btnAdd_Click(std::int16_t Index) {
     files.ShowOpen(window());
     const std::string& file = files.Filename();
     if (!file.empty()) {
-        txtTitle[page].setText(file.substr(file.rfind('\\') + 1));
+        txtTitle[page].setText(file.substr(runtime::findLastText(file, "\\") + 1));
         txtPath[page].setText(file);
         ToolButton& added = append(Index, entryType::externalProgram);
         store::extractIconToPicture(file, 0, imgIcon[page]);

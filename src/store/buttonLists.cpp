@@ -1,5 +1,6 @@
 #include "store/buttonLists.h"
 
+#include "runtime/characters.h"
 #include "runtime/numbers.h"
 #include "runtime/runtimeError.h"
 #include "store/settings.h"
@@ -51,8 +52,8 @@ bool saveList(const ListOfKind& list) {
         setini(list.section, number + word::dialog, std::to_string(button.dialog));
         setini(list.section, number + word::type, std::to_string(button.type));
         // Kept: exact in case, unlike the expansion's own test.
-        needsEagle |= button.icon.find(eagleToken) != std::string::npos ||
-                      button.path.find(eagleToken) != std::string::npos;
+        needsEagle |= runtime::findText(button.icon, eagleToken) != std::string::npos ||
+                      runtime::findText(button.path, eagleToken) != std::string::npos;
     }
     return needsEagle;
 }

@@ -3,6 +3,7 @@
 #include "platform/comdlg32.h"
 #include "platform/files.h"
 #include "platform/shell32.h"
+#include "runtime/characters.h"
 #include "runtime/text.h"
 #include "store/iconChooserTexts.h"
 #include "store/iconPicture.h"
@@ -49,7 +50,7 @@ frmIconChooser::frmIconChooser(platform::HWND owner, const IconReference& start)
     setTexts();
     setClientSize(7350, 6255);
     build();
-    txtFile.setText(start.file.substr(0, iconPathSize - 1));
+    txtFile.setText(runtime::cutToSize(start.file, iconPathSize - 1));
     txtFile.maxLength = static_cast<int>(iconPathSize) - 1;
     txtFile.onChange = [this] { txtFile_Change(); };
     btnBrowse.onClick = [this] { btnBrowse_Click(); };
@@ -110,10 +111,10 @@ void frmIconChooser::readFile(std::int32_t index) {
     enableOk();
 }
 
-void frmIconChooser::say(const char* message) {
+void frmIconChooser::say(const std::string& message) {
     grdIcons.clear();
     grdIcons.setVisible(false);
-    labIcons.setCaption(std::string(iconChooserTexts().icons) + ":");
+    labIcons.setCaption(iconChooserTexts().icons + ":");
     labMessage.setCaption(message);
     labMessage.setVisible(true);
     enableOk();
@@ -132,7 +133,7 @@ void frmIconChooser::focusIcons() {
     }
     txtFile.setFocus();
     txtFile.setSelStart(0);
-    txtFile.setSelLength(static_cast<int>(txtFile.text().size()));
+    txtFile.setSelLength(static_cast<int>(runtime::characterCount(txtFile.text())));
 }
 
 void frmIconChooser::txtFile_Change() {
@@ -161,7 +162,7 @@ void frmIconChooser::btnBrowse_Click() {
     record.nFilterIndex = 1;
     record.lpstrFile = buffer.data();
     record.nMaxFile = static_cast<std::uint32_t>(buffer.size());
-    record.lpstrTitle = texts.browseTitle;
+    record.lpstrTitle = texts.browseTitle.c_str();
     record.Flags = hideReadOnly | keepFolder | pathMustExist | fileMustExist | explorer;
     if (platform::GetOpenFileNameA(record) == 0)
         return;

@@ -50,7 +50,7 @@ class frmIconChooser : public forms::Form {
 
     /// Shows the icons of the file that is named, that number `index` selected if it is there.
     void readFile(std::int32_t index);
-    void say(const char* message);
+    void say(const std::string& message);
     void enableOk();
     void focusIcons();
 

@@ -2,24 +2,26 @@
 // own, nobody sees them.
 #pragma once
 
+#include <string>
+
 namespace store {
 
-/// In the ANSI code page.
+/// In the code page in force.
 struct IconChooserTexts {
-    const char* title;
-    const char* file;
-    const char* browse;
-    const char* icons;
-    const char* onlyTheFirst; ///< stands before the number of icons that are shown
-    const char* ok;
-    const char* cancel;
-    const char* noFile;
-    const char* unread;   ///< the file's name has been edited and its icons are not shown yet
-    const char* notFound; ///< there is no such file
-    const char* noIcons;
-    const char* browseTitle;
-    const char* iconFiles;
-    const char* allFiles;
+    std::string title;
+    std::string file;
+    std::string browse;
+    std::string icons;
+    std::string onlyTheFirst; ///< stands before the number of icons that are shown
+    std::string ok;
+    std::string cancel;
+    std::string noFile;
+    std::string unread;   ///< the file's name has been edited and its icons are not shown yet
+    std::string notFound; ///< there is no such file
+    std::string noIcons;
+    std::string browseTitle;
+    std::string iconFiles;
+    std::string allFiles;
 };
 
 /// In the language that is set at the moment.

@@ -8,7 +8,7 @@
 namespace store {
 
 IconReference IconReference::parse(const std::string& text) {
-    const std::vector<std::string> parts = runtime::split(text, ',');
+    const std::vector<std::string> parts = runtime::split(text, ",");
     const std::int32_t index = runtime::toInt32(runtime::element(parts, 1));
     return {parts.front(), index};
 }

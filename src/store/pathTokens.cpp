@@ -1,6 +1,7 @@
 #include "store/pathTokens.h"
 
 #include "platform/executable.h"
+#include "runtime/characters.h"
 #include "runtime/text.h"
 
 namespace store {
@@ -9,7 +10,7 @@ namespace {
 
 /// Kept: whether a token is there is tested without regard to case, but only its lower-case form is replaced.
 std::string expanded(const std::string& text, const char* token, const std::string& folder) {
-    if (runtime::lowerCase(text).find(token) == std::string::npos)
+    if (runtime::findText(runtime::lowerCase(text), token) == std::string::npos)
         return text;
     return runtime::replaceAll(text, token, folder);
 }

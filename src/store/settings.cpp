@@ -2,6 +2,7 @@
 
 #include "platform/executable.h"
 #include "platform/kernel32.h"
+#include "runtime/characters.h"
 #include "runtime/numbers.h"
 #include "runtime/text.h"
 

@@ -1,6 +1,7 @@
 #include "store/textCatalogue.h"
 
 #include "runtime/runtimeError.h"
+#include "runtime/western.h"
 
 #include <algorithm>
 #include <iterator>
@@ -101,7 +102,7 @@ std::string LoadResString(std::int32_t id) {
     if (row == std::end(rows) || row->id != german)
         throw runtime::RuntimeError(runtime::ErrorNumber::resourceNotFound,
                                     runtime::errorDescription(runtime::ErrorNumber::resourceNotFound, id));
-    return english ? row->english : row->german;
+    return runtime::western(english ? row->english : row->german);
 }
 
 } // namespace store

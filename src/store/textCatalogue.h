@@ -12,7 +12,7 @@ namespace store {
 
 inline constexpr std::int32_t englishBank = 10000;
 
-/// The text with this id, of either bank, in the Western Windows code page. Error 326 if there is none.
+/// The text with this id, of either bank, in the code page in force. Error 326 if there is none.
 std::string LoadResString(std::int32_t id);
 
 } // namespace store

@@ -69,7 +69,7 @@ void frmToolbar::Toolbar_ButtonClick(forms::ToolbarButton& button) {
     if (differences_.ignoresOver && button.key == "Over")
         return;
     // The button may go while a dialog is up: from here on only the copy of its tag counts.
-    const std::vector<std::string> parts = runtime::split(button.tag, tagMark);
+    const std::vector<std::string> parts = runtime::split(button.tag, tagMark());
     const std::optional<std::string> arguments = askForArgument(parts, window());
     if (!arguments)
         return;

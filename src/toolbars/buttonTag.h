@@ -9,8 +9,8 @@
 
 namespace toolbars {
 
-/// The section sign in the Western code page.
-inline constexpr char tagMark = '\xA7';
+/// The section sign in the code page in force.
+const std::string& tagMark();
 
 /// Places of the fields in a tag. Kept: a mark inside path or param moves the later ones, nothing escapes it.
 namespace tagField {

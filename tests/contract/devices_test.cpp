@@ -1,4 +1,5 @@
 // Clipboard, printer, clock, screen, version and the executable's name.
+#include "codePages.h"
 #include "contract/world.h"
 #include "platform/clipboard.h"
 #include "platform/clock.h"
@@ -29,8 +30,8 @@ TEST_CASE("text goes into the clipboard and a cleared one holds none") {
     World world;
     platform::clearClipboard();
     CHECK_FALSE(world.clipboardText().has_value());
-    platform::setClipboardText("Zeile 1\r\n\t\xDC\x80 Zeile 2\r\n");
-    CHECK(world.clipboardText() == "Zeile 1\r\n\t\xDC\x80 Zeile 2\r\n");
+    platform::setClipboardText(western("Zeile 1\r\n\t\xDC\x80 Zeile 2\r\n"));
+    CHECK(world.clipboardText() == western("Zeile 1\r\n\t\xDC\x80 Zeile 2\r\n"));
     platform::setClipboardText("next");
     CHECK(world.clipboardText() == "next");
     platform::clearClipboard();

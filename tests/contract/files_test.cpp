@@ -1,4 +1,5 @@
 // Directory lookup, and files read, written and deleted, on files of the world.
+#include "codePages.h"
 #include "contract/world.h"
 #include "platform/executable.h"
 #include "platform/files.h"
@@ -29,8 +30,8 @@ TEST_CASE("a directory lookup gives the bare name in its stored case") {
 
 TEST_CASE("umlauts in a name fold too") {
     World world;
-    world.writeFile(world.path("Pl\xE4ne.brd"), "x");
-    CHECK(platform::dir(world.path("PL\xC4NE.BRD")) == "Pl\xE4ne.brd");
+    world.writeFile(world.path(western("Pl\xE4ne.brd")), "x");
+    CHECK(platform::dir(world.path(western("PL\xC4NE.BRD"))) == western("Pl\xE4ne.brd"));
 }
 
 TEST_CASE("a directory lookup takes wildcards") {
@@ -111,7 +112,7 @@ TEST_CASE("the first line of a file is read, whatever it ends in") {
         {"mac\rsecond", "mac"},
         {"", ""},
         {"  blanks \t\r\n", "  blanks \t"},
-        {"\xE4\xDF\x80\r\n", "\xE4\xDF\x80"},
+        {western("\xE4\xDF\x80\r\n"), western("\xE4\xDF\x80")},
     };
     for (const auto& [content, line] : cases) {
         world.writeFile(world.path("execute.txt"), content);
@@ -156,10 +157,10 @@ TEST_CASE("text is appended to a file that grows by each call") {
     const std::string path = world.path("report.EPT");
     platform::appendToFile(path, "one\r\n");
     CHECK(world.readFile(path) == "one\r\n");
-    platform::appendToFile(path, std::string_view("\xE4\0\n", 3));
-    CHECK(world.readFile(path) == std::string("one\r\n\xE4\0\n", 8));
+    platform::appendToFile(path, western("\xE4") + std::string("\0\n", 2));
+    CHECK(world.readFile(path) == "one\r\n" + western("\xE4") + std::string("\0\n", 2));
     platform::appendToFile(path, "");
-    CHECK(world.readFile(path)->size() == 8);
+    CHECK(world.readFile(path)->size() == 7 + western("\xE4").size());
     CHECK(platform::dir(path) == "report.EPT");
 }
 

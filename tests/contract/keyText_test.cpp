@@ -1,4 +1,5 @@
 // Key text, from the notation to what an edit field of another program then holds.
+#include "codePages.h"
 #include "contract/world.h"
 #include "platform/keySender.h"
 #include "runtime/keyText.h"
@@ -49,7 +50,7 @@ TEST_SUITE_BEGIN("contract/keyText");
 
 TEST_CASE("every character arrives that is typed by the notation") {
     const std::string text =
-        "aZ0 +^%~(){}[] \xE4\xF6\xFC\xC4\xD6\xDC\xDF\x80 @\\|<>\"';:.*,-_=?!#$&/`\xA7\xB5";
+        western("aZ0 +^%~(){}[] \xE4\xF6\xFC\xC4\xD6\xDC\xDF\x80 @\\|<>\"';:.*,-_=?!#$&/`\xA7\xB5");
     const Case cases[] = {{escaped(text), text}};
     checkArrive(cases);
 }

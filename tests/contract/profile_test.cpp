@@ -1,4 +1,5 @@
 // The settings-file operations of the platform, and the program's own routines over them, on files.
+#include "codePages.h"
 #include "contract/profileTable.h"
 #include "contract/world.h"
 #include "platform/kernel32.h"
@@ -69,9 +70,9 @@ TEST_CASE("a second write of a key replaces its value, a new key goes behind the
     store::setini("board", "1name", "Fit");
     store::setini("libr", "1name", "Open");
     store::setini("board", "1path", "window fit");
-    store::setini("BOARD", "1NAME", "Gr\xFC\xDF\x65");
+    store::setini("BOARD", "1NAME", western("Gr\xFC\xDF\x65"));
     CHECK(world.readFile(contract::World::settingsPath()) ==
-          "[board]\r\n1name=Gr\xFC\xDF\x65\r\n1path=window fit\r\n[libr]\r\n1name=Open\r\n");
+          western("[board]\r\n1name=Gr\xFC\xDF\x65\r\n1path=window fit\r\n[libr]\r\n1name=Open\r\n"));
 }
 
 TEST_CASE("a removed section is gone, the others stay") {

@@ -1,4 +1,5 @@
 // A text box and the field that shows it: texts go both ways.
+#include "codePages.h"
 #include "contract/world.h"
 #include "forms/form.h"
 #include "forms/textBox.h"
@@ -37,10 +38,10 @@ TEST_CASE("a text that is assigned shows at once, with one change event") {
     form.show();
     CHECK(World::shownText(form.box) == "before");
     form.changes.clear();
-    form.box.setText("1.5 mm \xE4\x80");
-    CHECK(form.changes == std::vector<std::string>{"1.5 mm \xE4\x80"});
-    CHECK(World::shownText(form.box) == "1.5 mm \xE4\x80");
-    form.box.setText("1.5 mm \xE4\x80");
+    form.box.setText(western("1.5 mm \xE4\x80"));
+    CHECK(form.changes == std::vector<std::string>{western("1.5 mm \xE4\x80")});
+    CHECK(World::shownText(form.box) == western("1.5 mm \xE4\x80"));
+    form.box.setText(western("1.5 mm \xE4\x80"));
     CHECK(form.changes.size() == 1);
     form.box.setText("");
     CHECK(World::shownText(form.box).empty());
@@ -51,10 +52,10 @@ TEST_CASE("what is typed arrives in the text, one change event for each characte
     World world;
     EntryForm form;
     form.show();
-    world.typeInto(form.box, "2.54\xFC");
-    CHECK(World::until([&] { return form.box.text() == "2.54\xFC"; }));
-    CHECK(form.changes == std::vector<std::string>{"2", "2.", "2.5", "2.54", "2.54\xFC"});
-    CHECK(World::shownText(form.box) == "2.54\xFC");
+    world.typeInto(form.box, western("2.54\xFC"));
+    CHECK(World::until([&] { return form.box.text() == western("2.54\xFC"); }));
+    CHECK(form.changes == std::vector<std::string>{"2", "2.", "2.5", "2.54", western("2.54\xFC")});
+    CHECK(World::shownText(form.box) == western("2.54\xFC"));
     CHECK(form.other.text().empty());
 }
 

@@ -1,4 +1,5 @@
 // Windows of other programs: order, titles, rectangles, death.
+#include "codePages.h"
 #include "contract/world.h"
 #include "platform/programs.h"
 #include "platform/user32.h"
@@ -150,8 +151,9 @@ TEST_CASE("a title of 10,000 characters is cut like any other") {
 
 TEST_CASE("a title may hold umlauts, control characters or nothing") {
     World world;
-    const HWND window = world.openWindow("Bibliothek \xE4\xF6\xFC\xC4\xD6\xDC\xDF\x80 \x01\t\x1F end");
-    CHECK(titleOf(window, 256) == Title{27, "Bibliothek \xE4\xF6\xFC\xC4\xD6\xDC\xDF\x80 \x01\t\x1F end"});
+    const std::string title = western("Bibliothek \xE4\xF6\xFC\xC4\xD6\xDC\xDF\x80 \x01\t\x1F end");
+    const HWND window = world.openWindow(title);
+    CHECK(titleOf(window, 256) == Title{static_cast<int>(title.size()), title});
     const HWND untitled = world.openWindow("");
     CHECK(titleOf(untitled, 256) == Title{0, ""});
     CHECK(platform::GetWindowTextLengthA(untitled) == 0);

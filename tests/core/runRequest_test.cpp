@@ -1,4 +1,5 @@
 // The run-request file.
+#include "codePages.h"
 #include "core/runRequest.h"
 
 #include "core/frmMenu.h"
@@ -236,9 +237,9 @@ TEST_CASE("100,000 characters, NULs and other encodings reach the shell as they 
     requests.request(std::string("a.exe\0b \"c\"", 11));
     CHECK(requests.desk().executed.back().file == "a.exe"); // a call of the platform ends a text there
     CHECK(requests.desk().executed.back().parameters == "c");
-    requests.request("\xEF\xBB\xBF\xC3\xA4.exe \"\xFC\"");
+    requests.request("\xEF\xBB\xBF\xC3\xA4.exe \"" + western("\xA7") + "\"");
     CHECK(requests.desk().executed.back().file == "\xEF\xBB\xBF\xC3\xA4.exe");
-    CHECK(requests.desk().executed.back().parameters == "\xFC");
+    CHECK(requests.desk().executed.back().parameters == western("\xA7"));
     requests.request(std::string("\xFF\xFE"
                                  "a\0.\0",
                                  6));

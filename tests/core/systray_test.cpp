@@ -1,4 +1,5 @@
 // The tray icon and its menu.
+#include "codePages.h"
 #include "core/frmMenu.h"
 #include "core/frmSplash.h"
 #include "desktop/program.h"
@@ -129,8 +130,8 @@ TEST_CASE("the tracker goes on ticking under the menu") {
 TEST_CASE("the menu has five entries and two separators in the language of the settings") {
     Tray german;
     CHECK(german.captions() == std::vector<std::string>{"&Info", "&Hilfe", "-",
-                                                        "&EAGLE \xF6"
-                                                        "ffnen",
+                                                        western("&EAGLE \xF6"
+                                                                "ffnen"),
                                                         "&Konfiguration", "-", "&Beenden"});
     std::vector<int> indices;
     for (const forms::MenuItem& item : core::menuForm().mnuTaskbarG.items) {

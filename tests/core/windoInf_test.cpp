@@ -1,3 +1,4 @@
+#include "codePages.h"
 #include "core/windoInf.h"
 
 #include "desktop/desktop.h"
@@ -25,10 +26,10 @@ TEST_CASE("the title search ignores case and gives the window nearest the top") 
 
 TEST_CASE("the title search folds umlauts") {
     Session session;
-    const HWND window = world().openWindow("B\xC4R \xDC"
-                                           "BER - x");
-    CHECK(core::findWindowByTitle("b\xE4r \xFC"
-                                  "ber") == window);
+    const HWND window = world().openWindow(western("B\xC4R \xDC"
+                                                   "BER - x"));
+    CHECK(core::findWindowByTitle(western("b\xE4r \xFC"
+                                          "ber")) == window);
 }
 
 TEST_CASE("the title search takes hidden windows too") {

@@ -2,6 +2,7 @@
 #include "desktop/desktop.h"
 
 #include "platform/files.h"
+#include "runtime/characters.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
 
@@ -10,7 +11,7 @@ namespace desktop {
 namespace {
 
 std::string bareName(const std::string& path) {
-    return path.substr(path.find_last_of('\\') + 1);
+    return path.substr(runtime::findLastText(path, "\\") + 1);
 }
 
 bool matches(std::string_view name, std::string_view pattern) {
@@ -30,12 +31,14 @@ bool matches(std::string_view name, std::string_view pattern) {
 
 std::string pathKey(const std::string& path) {
     std::string key;
-    for (char character : path) {
-        if (character == '/')
-            character = '\\';
-        if (character == '\\' && !key.empty() && key.back() == '\\')
-            continue;
-        key += character;
+    std::string last;
+    for (std::string_view rest = path; !rest.empty(); rest.remove_prefix(runtime::characterSize(rest))) {
+        std::string character(rest.substr(0, runtime::characterSize(rest)));
+        if (character == "/")
+            character = "\\";
+        if (character != "\\" || last != "\\")
+            key += character;
+        last = character;
     }
     return runtime::lowerCase(key);
 }
@@ -99,13 +102,13 @@ namespace platform {
 
 std::string dir(std::string_view path) {
     const std::string key = desktop::pathKey(std::string(path));
-    const std::size_t slash = key.find_last_of('\\');
+    const std::size_t slash = runtime::findLastText(key, "\\");
     if (!desktop::world().reach(std::string(path)))
         return {};
     if (key.empty() || slash == std::string::npos || slash + 1 == key.size())
         return {};
     for (const auto& [candidate, file] : desktop::world().files) {
-        if (file.directory || file.hidden || file.system || candidate.find_last_of('\\') != slash ||
+        if (file.directory || file.hidden || file.system || runtime::findLastText(candidate, "\\") != slash ||
             candidate.compare(0, slash, key, 0, slash) != 0)
             continue;
         if (desktop::matches(std::string_view(candidate).substr(slash + 1),

@@ -1,11 +1,9 @@
 #include "desktop/iniFile.h"
 
-#include "platform/user32.h"
+#include "runtime/characters.h"
 #include "runtime/text.h"
 
 #include <algorithm>
-#include <array>
-#include <numeric>
 #include <string_view>
 
 namespace desktop {
@@ -69,7 +67,7 @@ Line readLine(std::string_view text, std::size_t begin) {
         line.kind = LineKind::comment;
     } else if (body.front() == '[') {
         line.kind = LineKind::section;
-        line.name = stripped(body.substr(1, body.find(']') - 1));
+        line.name = stripped(body.substr(1, runtime::findText(body, "]") - 1));
     } else if (const std::size_t mark = body.find('='); mark != std::string_view::npos) {
         line.kind = LineKind::key;
         line.name = stripped(body.substr(0, mark));
@@ -81,23 +79,8 @@ Line readLine(std::string_view text, std::size_t begin) {
     return line;
 }
 
-char lower(char character) {
-    static const std::array<char, 256> table = [] {
-        std::array<char, 256> all{};
-        std::iota(all.begin(), all.end(), '\0');
-        platform::CharLowerBuffA(all);
-        return all;
-    }();
-    return table[static_cast<unsigned char>(character)];
-}
-
 bool sameName(std::string_view one, std::string_view other) {
-    if (one.size() != other.size())
-        return false;
-    for (std::size_t at = 0; at < one.size(); ++at)
-        if (one[at] != other[at] && lower(one[at]) != lower(other[at]))
-            return false;
-    return true;
+    return runtime::lowerCase(one) == runtime::lowerCase(other);
 }
 
 /// The position behind the header of a section; npos if there is none.

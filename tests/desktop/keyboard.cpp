@@ -2,6 +2,7 @@
 
 #include "forms/event.h"
 #include "forms/textBox.h"
+#include "runtime/characters.h"
 
 #include <string>
 
@@ -38,16 +39,20 @@ void edit(forms::TextBox& box, int keyAscii) {
     std::string text = box.text();
     int start = box.selStart();
     int length = box.selLength();
+    const auto bytes = [&text](int characters) {
+        return runtime::sizeOfCharacters(text, static_cast<std::size_t>(characters));
+    };
+    if (keyAscii == backspace && length == 0 && start > 0) {
+        --start;
+        length = 1;
+    }
+    const std::size_t from = bytes(start);
+    const std::size_t size = bytes(start + length) - from;
     if (keyAscii == backspace) {
-        if (length == 0 && start > 0) {
-            --start;
-            length = 1;
-        }
-        text.erase(static_cast<std::size_t>(start), static_cast<std::size_t>(length));
+        text.erase(from, size);
     } else if (keyAscii >= space) {
-        text.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(length), 1,
-                     static_cast<char>(keyAscii));
-        if (box.maxLength > 0 && text.size() > static_cast<std::size_t>(box.maxLength))
+        text.replace(from, size, runtime::characterOfCode(keyAscii));
+        if (box.maxLength > 0 && runtime::characterCount(text) > static_cast<std::size_t>(box.maxLength))
             return;
         ++start;
     } else {
@@ -59,13 +64,15 @@ void edit(forms::TextBox& box, int keyAscii) {
 } // namespace
 
 void typeInto(forms::TextBox& box, std::string_view text) {
-    for (const char character : text) {
+    for (; !text.empty(); text.remove_prefix(runtime::characterSize(text))) {
         if (!box.acceptsInput())
             return;
-        const int keyCode = keyCodeOf(static_cast<unsigned char>(character));
-        const int shift = character >= 'A' && character <= 'Z' ? 1 : 0;
+        const std::string_view character = text.substr(0, runtime::characterSize(text));
+        const char first = character.front();
+        const int keyCode = keyCodeOf(static_cast<unsigned char>(first));
+        const int shift = first >= 'A' && first <= 'Z' ? 1 : 0;
         forms::raise(box.onKeyDown, keyCode, shift);
-        edit(box, box.keyPressed(static_cast<unsigned char>(character)));
+        edit(box, box.keyPressed(runtime::characterCode(character)));
         forms::raise(box.onKeyUp, keyCode, shift);
     }
 }

@@ -1,6 +1,7 @@
 #include "platform/textFile.h"
 
 #include "desktop/desktop.h"
+#include "runtime/characters.h"
 #include "runtime/runtimeError.h"
 
 #include <algorithm>
@@ -25,7 +26,7 @@ bool folderExists(const std::string& path) {
 
 /// The file at a path that is to be written, made if need be.
 desktop::File& writable(const std::string& path) {
-    const std::string folder = path.substr(0, path.find_last_of('\\'));
+    const std::string folder = path.substr(0, runtime::findLastText(path, "\\"));
     if (!folderExists(folder))
         fail(runtime::ErrorNumber::pathNotFound);
     desktop::File* found = world().file(path);
@@ -45,7 +46,7 @@ namespace platform {
 
 std::string readFirstLine(std::string_view path) {
     const std::string whole(path);
-    const std::size_t slash = whole.find_last_of('\\');
+    const std::size_t slash = runtime::findLastText(whole, "\\");
     if (slash != std::string::npos && !folderExists(whole.substr(0, slash)))
         fail(runtime::ErrorNumber::pathNotFound);
     const desktop::File* file = world().file(whole);

@@ -1,5 +1,6 @@
 #include "platform/user32.h"
 
+#include "desktop/codePage.h"
 #include "desktop/desktop.h"
 #include "desktop/surfaces.h"
 
@@ -38,26 +39,6 @@ std::uint32_t covered(std::uint32_t below, std::uint32_t above) {
         result |= (mixed + opaque / 2) / opaque << shift;
     }
     return result;
-}
-
-/// Lower case of Windows-1252.
-char lower(char character) {
-    const auto code = static_cast<unsigned char>(character);
-    const bool capital = (code >= 'A' && code <= 'Z') || (code >= 0xC0 && code <= 0xDE && code != 0xD7);
-    if (capital)
-        return static_cast<char>(code + 0x20);
-    switch (code) {
-    case 0x8A:
-        return static_cast<char>(0x9A);
-    case 0x8C:
-        return static_cast<char>(0x9C);
-    case 0x8E:
-        return static_cast<char>(0x9E);
-    case 0x9F:
-        return static_cast<char>(0xFF);
-    default:
-        return character;
-    }
 }
 
 } // namespace
@@ -218,7 +199,7 @@ bool DestroyIcon(HICON icon) {
 }
 
 void CharLowerBuffA(std::span<char> text) {
-    std::transform(text.begin(), text.end(), text.begin(), lower);
+    desktop::foldCase(text);
 }
 
 } // namespace platform

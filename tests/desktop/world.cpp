@@ -1,6 +1,7 @@
 #include "desktop/desktop.h"
 
 #include "desktop/modules.h"
+#include "runtime/characters.h"
 #include "runtime/guard.h"
 
 #include <algorithm>
@@ -205,10 +206,10 @@ bool World::fireNext(std::int64_t limit) {
 }
 
 std::string TypedKeys::text() const {
-    std::string result;
+    std::u32string result;
     for (const platform::KeyStroke& stroke : strokes)
-        result += stroke.key == platform::Key::enter ? '\n' : stroke.character;
-    return result;
+        result += stroke.key == platform::Key::enter ? U'\n' : stroke.character;
+    return runtime::fromUtf32(result);
 }
 
 } // namespace desktop

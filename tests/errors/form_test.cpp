@@ -1,3 +1,4 @@
+#include "codePages.h"
 #include "errors/report.h"
 
 #include "errors/support.h"
@@ -88,9 +89,9 @@ TEST_CASE("the buttons of a report at design time") {
     const desktop::Session session;
     const ErrPtnr form;
     const char* const protocol[] = {"&Drucken", "&Speichern", "&EMail", "&WWW"};
-    const char* const next[] = {"Befehl wieder&holen",
-                                "Fortsetzen mit &n\xE4"
-                                "chsten Befehl",
+    const std::string next[] = {"Befehl wieder&holen",
+                                western("Fortsetzen mit &n\xE4"
+                                        "chsten Befehl"),
                                 "&Prozedur verlassen", "Programm &beenden"};
     const float left[] = {240, 2040, 3840, 5640};
     for (std::size_t index = 0; index < 4; ++index) {

@@ -1,3 +1,4 @@
+#include "codePages.h"
 #include "errors/report.h"
 
 #include "errors/printWrap.h"
@@ -98,8 +99,8 @@ TEST_CASE("Yes replaces a saved protocol") {
     reported.form.cmdProtocol[1].click();
     CHECK(world().fileText(report::savedFile) == reported.protocol() + "\r\n");
     REQUIRE(world().messageBoxes.size() == 2);
-    CHECK(world().messageBoxes[0].text == "Vorhandene Datei 'C:\\kestrel\\kestrel.ERR' \xFC"
-                                          "berschreiben ?");
+    CHECK(world().messageBoxes[0].text == western("Vorhandene Datei 'C:\\kestrel\\kestrel.ERR' \xFC"
+                                                  "berschreiben ?"));
     CHECK(world().messageBoxes[0].style == 4);
 }
 
@@ -135,15 +136,16 @@ TEST_CASE("mail tells the user first, then fills the clipboard and opens the mai
     REQUIRE(world().messageBoxes.size() == 1);
     CHECK(world().messageBoxes[0].style == 0);
     CHECK(world().messageBoxes[0].text ==
-          "Es wird jetzt Ihr Standard-Email-Programm aufgerufen. "
-          "Die Fehlerbeschreibung sowie das Fehlerprotokoll\r\n"
-          "wurden zu Ihrer Bequemlichkeit in die Zwischenablage kopiert.\r\n"
-          "\r\n"
-          "Bitte f\xFCgen Sie den Inhalt der Zwischenablage in Ihre Email ein, "
-          "indem Sie in Ihrem Email-Programm\r\n"
-          "die Tasten [Strg] und [Einfg] gleichzeitig bet\xE4tigen. "
-          "Alternativ k\xF6nnen Sie den Inhalt in die EMail\r\n"
-          "einf\xFCgen, indem Sie den Befehl 'Einf\xFCgen' aus dem Men\xFC 'Bearbeiten' ausf\xFChren.");
+          western(
+              "Es wird jetzt Ihr Standard-Email-Programm aufgerufen. "
+              "Die Fehlerbeschreibung sowie das Fehlerprotokoll\r\n"
+              "wurden zu Ihrer Bequemlichkeit in die Zwischenablage kopiert.\r\n"
+              "\r\n"
+              "Bitte f\xFCgen Sie den Inhalt der Zwischenablage in Ihre Email ein, "
+              "indem Sie in Ihrem Email-Programm\r\n"
+              "die Tasten [Strg] und [Einfg] gleichzeitig bet\xE4tigen. "
+              "Alternativ k\xF6nnen Sie den Inhalt in die EMail\r\n"
+              "einf\xFCgen, indem Sie den Befehl 'Einf\xFCgen' aus dem Men\xFC 'Bearbeiten' ausf\xFChren."));
     CHECK(world().clipboard == reported.protocol());
     REQUIRE(world().executed.size() == 1);
     const desktop::ShellExecution& call = world().executed[0];

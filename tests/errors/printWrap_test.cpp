@@ -1,6 +1,8 @@
+#include "codePages.h"
 #include "errors/printWrap.h"
 
 #include "fuzz/random.h"
+#include "runtime/characters.h"
 
 #include <doctest/doctest.h>
 
@@ -27,11 +29,11 @@ Lines printedPlainly(const std::string& text) {
         }
         words.back() += ' ';
         for (std::size_t first = 0; first < words.size();) {
-            std::size_t width = words[first].size();
+            std::size_t width = runtime::characterCount(words[first]);
             std::string taken = words[first];
             std::size_t next = first + 1;
-            while (next < words.size() && width + words[next].size() <= 73) {
-                width += words[next].size();
+            while (next < words.size() && width + runtime::characterCount(words[next]) <= 73) {
+                width += runtime::characterCount(words[next]);
                 taken += words[next++];
             }
             printed.push_back((first == 0 ? "" : indent) + taken);
@@ -100,7 +102,7 @@ TEST_CASE("random texts are wrapped as the plain rule says") {
         const std::size_t pieces = random.below(40);
         for (std::size_t piece = 0; piece < pieces; ++piece) {
             constexpr const char* ends[] = {" ", " ", " ", "  ", "\r\n", "\t", "\r", "\n", " \r\n"};
-            text += random.text("abc\t\xE4", random.below(20) == 0 ? 160 : 14) + random.oneOf(ends);
+            text += random.text(western("abc\t\xE4"), random.below(20) == 0 ? 160 : 14) + random.oneOf(ends);
         }
         text += random.below(4) == 0 ? "" : "\r\n";
         CHECK(printLines(text) == printedPlainly(text));

@@ -1,3 +1,4 @@
+#include "codePages.h"
 #include "errors/report.h"
 
 #include <doctest/doctest.h>
@@ -150,8 +151,8 @@ TEST_CASE("the protocol changes with the controls that it is taken from") {
     const desktop::Session session;
     ErrPtnr form;
     form.setCaption("Titel");
-    form.framFehler.setCaption("\xDC"
-                               "ber den Fehler");
+    form.framFehler.setCaption(western("\xDC"
+                                       "ber den Fehler"));
     form.framCallStack.setCaption("Aufrufe");
     form.lblErrTitel[0].setCaption("Nummer");
     form.lblErrTitel[3].setCaption("Zeile");
@@ -162,12 +163,12 @@ TEST_CASE("the protocol changes with the controls that it is taken from") {
     form.lstCallStack.addItem("item");
     const std::string protocol = Inside::protocol(form);
     CHECK(protocol.find(rule + "Titel\r\n" + rule +
-                        "\xDC"
-                        "BER DEN FEHLER\r\n"
-                        "          Nummer\ta\r\n"
-                        "          Modul:\tb\r\n"
-                        "          Prozedur:\tc\r\n"
-                        "          Zeile\td\r\n") != std::string::npos);
+                        western("\xDC"
+                                "BER DEN FEHLER\r\n"
+                                "          Nummer\ta\r\n"
+                                "          Modul:\tb\r\n"
+                                "          Prozedur:\tc\r\n"
+                                "          Zeile\td\r\n")) != std::string::npos);
     CHECK(protocol.find(rule + "AUFRUFE\r\n          item\r\n" + rule) != std::string::npos);
 }
 

@@ -1,3 +1,4 @@
+#include "codePages.h"
 #include "errors/report.h"
 
 #include <doctest/doctest.h>
@@ -146,7 +147,7 @@ TEST_CASE("a value that has no text of its own is shown by its kind") {
 TEST_CASE("any other value is converted to a string") {
     const desktop::Session session;
     CHECK(parameterLine("text") == "\tp:\ttext");
-    CHECK(parameterLine(std::string("\xC4rger")) == "\tp:\t\xC4rger");
+    CHECK(parameterLine(std::string(western("\xC4rger"))) == western("\tp:\t\xC4rger"));
     CHECK(parameterLine(std::int32_t{-2147483647 - 1}) == "\tp:\t-2147483648");
     CHECK(parameterLine(std::int16_t{-1}) == "\tp:\t-1");
     CHECK(parameterLine(0.1) == "\tp:\t0.1");

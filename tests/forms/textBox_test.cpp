@@ -1,5 +1,7 @@
 // Text box: assignment, selection, editing in its window, typing.
+#include "codePages.h"
 #include "forms/textBox.h"
+#include "runtime/characters.h"
 
 #include "desktop/keyboard.h"
 #include "runtime/runtimeError.h"
@@ -182,13 +184,25 @@ TEST_CASE("keys that give no character leave the text alone and are released") {
     CHECK(box.events == Events{"down 9 0", "up 9 0", "down 13 0", "up 13 0"});
 }
 
-TEST_CASE("a character above 127 is taken as one of the code page") {
+TEST_CASE("a character beyond ASCII is taken as one of the code page, and counts as one") {
     forms::TextBox box;
     int seen = 0;
     box.onKeyPress = [&](int& keyAscii) { seen = keyAscii; };
-    typeInto(box, "\xE4");
-    CHECK(seen == 0xE4);
-    CHECK(box.text() == "\xE4");
+    typeInto(box, western("\xA7"));
+    CHECK(seen == runtime::characterCode(western("\xA7")));
+    CHECK(box.text() == western("\xA7"));
+    CHECK(box.selStart() == 1);
+    box.maxLength = 2;
+    typeInto(box, western("\xA7z"));
+    CHECK(box.text() == western("\xA7\xA7"));
+    box.setSelStart(1);
+    box.setSelLength(9);
+    CHECK(box.selLength() == 1);
+    typeInto(box, "x");
+    CHECK(box.text() == western("\xA7x"));
+    box.setSelStart(1);
+    typeInto(box, "\b");
+    CHECK(box.text() == "x");
 }
 
 TEST_CASE("a disabled text box takes no typing") {

@@ -30,8 +30,8 @@ class Random {
             character = static_cast<char>(below(256));
         return result;
     }
-    template <std::size_t Count>
-    std::string oneOf(const char* const (&choices)[Count]) {
+    template <typename Text, std::size_t Count>
+    std::string oneOf(const Text (&choices)[Count]) {
         return choices[below(Count)];
     }
 

@@ -1,5 +1,7 @@
+#include "codePages.h"
 #include "fuzz/random.h"
 
+#include "runtime/characters.h"
 #include "runtime/keyText.h"
 #include "runtime/numbers.h"
 #include "runtime/runtimeError.h"
@@ -101,10 +103,34 @@ TEST_CASE("a pattern gives a fixed text within half a step of the number") {
 
 TEST_CASE("random key text gives strokes for every character that is not notation, and never hangs") {
     Random random(5);
-    const char* const pieces[] = {"+",        "^",     "%",  "(",     ")",       "{",  "}",
-                                  "[",        "]",     "~",  " ",     "{ENTER}", "a",  "{TAB 3",
-                                  "{F12}",    "{a 2}", "{}", "{}}",   "{{}",     "2}", "x",
-                                  "{left 2}", "\xE4",  "()", "{FOO}", "{ENTER ", "{(}"};
+    constexpr char32_t sign = 0xA7;
+    const std::string pieces[] = {"+",
+                                  "^",
+                                  "%",
+                                  "(",
+                                  ")",
+                                  "{",
+                                  "}",
+                                  "[",
+                                  "]",
+                                  "~",
+                                  " ",
+                                  "{ENTER}",
+                                  "a",
+                                  "{TAB 3",
+                                  "{F12}",
+                                  "{a 2}",
+                                  "{}",
+                                  "{}}",
+                                  "{{}",
+                                  "2}",
+                                  "x",
+                                  "{left 2}",
+                                  western("\xA7"),
+                                  "()",
+                                  "{FOO}",
+                                  "{ENTER ",
+                                  "{(}"};
     for (int round = 0; round < 20000; ++round) {
         std::string text;
         for (std::size_t count = random.below(12); count > 0; --count)
@@ -113,12 +139,12 @@ TEST_CASE("random key text gives strokes for every character that is not notatio
         std::size_t letters = 0;
         for (const platform::KeyStroke& stroke : strokes) {
             CHECK((stroke.key == platform::Key::none || stroke.character == 0));
-            if (stroke.character == 'x' || stroke.character == '\xE4')
+            if (stroke.character == 'x' || stroke.character == sign)
                 ++letters;
         }
         std::size_t written = 0;
-        for (const char character : text)
-            written += character == 'x' || character == '\xE4' ? 1 : 0;
+        for (const char32_t character : runtime::toUtf32(text))
+            written += character == 'x' || character == sign ? 1 : 0;
         CHECK_MESSAGE(letters == written, text);
     }
 }
@@ -136,14 +162,14 @@ TEST_CASE("any text whose characters stand between braces is typed as it is") {
     for (int round = 0; round < 2000; ++round) {
         const std::string text = random.bytes(60);
         std::string braced;
-        for (const char character : text)
-            braced += std::string("{") + character + '}';
-        std::string typed;
+        for (const char32_t character : runtime::toUtf32(text))
+            braced += "{" + runtime::fromUtf32({&character, 1}) + "}";
+        std::u32string typed;
         for (const platform::KeyStroke& stroke : runtime::parseKeyText(braced)) {
             CHECK(stroke.key == platform::Key::none);
             typed += stroke.character;
         }
-        CHECK(typed == text);
+        CHECK(typed == runtime::toUtf32(text));
     }
 }
 

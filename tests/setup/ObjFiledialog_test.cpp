@@ -1,3 +1,4 @@
+#include "codePages.h"
 #include "setup/ObjFiledialog.h"
 
 #include "desktop/desktop.h"
@@ -236,10 +237,10 @@ TEST_CASE("without a title each dialog has its own") {
     const desktop::Session session;
     ObjFiledialog open;
     open.ShowOpen(owner);
-    CHECK(shown(0).title == "Datei \xF6"
-                            "ffnen");
-    CHECK(Inside::title(open) == bytes("Datei \xF6"
-                                       "ffnen\0"));
+    CHECK(shown(0).title == western("Datei \xF6"
+                                    "ffnen"));
+    CHECK(Inside::title(open) == western(bytes("Datei \xF6"
+                                               "ffnen\0")));
     ObjFiledialog save;
     save.ShowSave(owner);
     CHECK(shown(1).title == "Datei speichern unter");

@@ -1,5 +1,6 @@
 // Bad input for the setup dialog: long lists and texts, characters with a meaning of their own, a settings
 // file that refuses or changes, references that do not fit.
+#include "codePages.h"
 #include "setup/dialog.h"
 
 using setup::Dialog;
@@ -44,8 +45,8 @@ TEST_CASE("a settings file that cannot be written loses nothing of the lists in 
 }
 
 TEST_CASE("titles, paths, tips and questions are saved as they stand") {
-    const std::vector<std::string> texts = {"\xA7\xA7", "\"quoted\"",   "a=b",
-                                            "[board]",  "; no comment", std::string(300, 'n')};
+    const std::vector<std::string> texts = {western("\xA7\xA7"), "\"quoted\"",   "a=b",
+                                            "[board]",           "; no comment", std::string(300, 'n')};
     for (const std::string& text : texts) {
         Dialog dialog;
         store::boardButtons = namedList({"a"});
@@ -62,8 +63,9 @@ TEST_CASE("titles, paths, tips and questions are saved as they stand") {
 }
 
 TEST_CASE("whatever stands in the field of EAGLE's path is saved, but for the blanks around it") {
-    for (const std::string& text : {std::string("\xA7\xA7"), std::string("\"quoted\""), std::string("a=b"),
-                                    std::string("[board]"), std::string(300, 'n'), std::string("\tx\t")}) {
+    for (const std::string& text :
+         {std::string(western("\xA7\xA7")), std::string("\"quoted\""), std::string("a=b"),
+          std::string("[board]"), std::string(300, 'n'), std::string("\tx\t")}) {
         Dialog dialog;
         dialog.open(0);
         dialog.enter(dialog.form().txtEAGLE, "  " + text + "  ");

@@ -1,5 +1,6 @@
 // Random walks: what a user may do to the dialog, in any order, beside the model of walkModel.h. After each
 // step all that the dialog holds is compared, after each closing the lists and the settings file too.
+#include "codePages.h"
 #include "fuzz/random.h"
 #include "setup/dialog.h"
 #include "setup/walkModel.h"
@@ -178,8 +179,8 @@ void Walk::edit() {
     const std::size_t field = random_.below(textFields.size());
     if (!box(at, field).acceptsInput())
         return;
-    const char* const texts[] = {"",        "a", "Fit", "window fit", "x=1", "[board]", "{eaglepath}\\bin",
-                                 "\xE4\xA7"};
+    const std::string texts[] = {
+        "", "a", "Fit", "window fit", "x=1", "[board]", "{eaglepath}\\bin", western("\xE4\xA7")};
     const std::string text = random_.oneOf(texts);
     dialog_.enter(box(at, field), text);
     model_.edit(at, field, text);

@@ -1,3 +1,4 @@
+#include "codePages.h"
 #include "store/buttonLists.h"
 
 #include "desktop/desktop.h"
@@ -228,7 +229,7 @@ TEST_CASE("a row is saved as seven keys in their order, empty ones too") {
 
 TEST_CASE("what is saved is loaded again") {
     const Lists lists;
-    ToolButton button = {"Fit", "{kestrelpath}\\x.exe", "tip \xE4", "p", "x.ico,0", 0, 2, 1, 1};
+    ToolButton button = {"Fit", "{kestrelpath}\\x.exe", western("tip \xE4"), "p", "x.ico,0", 0, 2, 1, 1};
     const ButtonList saved = listOf({button, row("second")});
     schemButtons = saved;
     saveAll();

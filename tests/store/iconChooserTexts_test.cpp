@@ -1,4 +1,5 @@
 // What the icon chooser of our own says, in both languages.
+#include "codePages.h"
 #include "store/iconChooserScene.h"
 
 #include <cctype>
@@ -37,23 +38,23 @@ TEST_CASE("the German texts") {
     const Scene scene;
     store::languageOffset = 0;
     Scene::look("", [](frmIconChooser& form) {
-        CHECK(form.caption() == "Symbol ausw\xE4hlen");
+        CHECK(form.caption() == western("Symbol ausw\xE4hlen"));
         CHECK(form.labFile.caption() == "&Datei:");
         CHECK(form.btnBrowse.caption() == "D&urchsuchen...");
         CHECK(form.labIcons.caption() == "&Symbole in dieser Datei:");
         CHECK(form.btnOk.caption() == "&OK");
         CHECK(form.btnCancel.caption() == "&Abbrechen");
-        checkSays(form, "Geben Sie eine Datei an, die Symbole enth\xE4lt.");
+        checkSays(form, western("Geben Sie eine Datei an, die Symbole enth\xE4lt."));
         name(form, "C:\\t\\gone.exe");
         CHECK(form.labMessage.caption() == "Die Eingabetaste zeigt die Symbole dieser Datei.");
         enter(form);
         checkSays(form, "Diese Datei wurde nicht gefunden.");
         name(form, "C:\\t\\notes.txt");
         enter(form);
-        checkSays(form, "Diese Datei enth\xE4lt keine Symbole.");
+        checkSays(form, western("Diese Datei enth\xE4lt keine Symbole."));
         form.btnBrowse.click();
-        CHECK(world().fileDialogs.at(0).title == "Datei mit Symbolen \xF6"
-                                                 "ffnen");
+        CHECK(world().fileDialogs.at(0).title == western("Datei mit Symbolen \xF6"
+                                                         "ffnen"));
         CHECK(world().fileDialogs.at(0).filter.starts_with("Dateien mit Symbolen (*.ico"));
     });
     world().addIcons("C:\\t\\many.dll", 1001);

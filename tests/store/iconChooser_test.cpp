@@ -1,4 +1,5 @@
 // The icon chooser of our own: when it steps in, and what it gives.
+#include "codePages.h"
 #include "store/iconChooserScene.h"
 
 #include "platform/shell32.h"
@@ -124,8 +125,8 @@ TEST_CASE("a file that just fits the chooser's buffer comes back whole, a longer
 
 TEST_CASE("a file name with umlauts comes back as it was") {
     const Scene scene;
-    world().addIcons("C:\\\xFC\x80\\\xDF.ico", 1);
-    CHECK(Scene::choose("C:\\\xFC\x80\\\xDF.ico,0", enter) == "C:\\\xFC\x80\\\xDF.ico,0");
+    world().addIcons(western("C:\\\xFC\x80\\\xDF.ico"), 1);
+    CHECK(Scene::choose(western("C:\\\xFC\x80\\\xDF.ico,0"), enter) == western("C:\\\xFC\x80\\\xDF.ico,0"));
 }
 
 TEST_CASE("the chooser is a fixed dialog in the middle of the screen, without a button in the task bar") {

@@ -1,3 +1,4 @@
+#include "codePages.h"
 #include "store/iconExtract.h"
 
 #include "desktop/desktop.h"
@@ -116,7 +117,7 @@ TEST_CASE("the small icon is given back, the large one is not") {
 TEST_CASE("a chosen icon comes back as file, comma and index") {
     const desktop::Session session;
     world().chooserAnswers = {{1, u"C:\\t\\\u00E4\u20AC.dll", 12}};
-    CHECK(store::chooseIconFile("C:\\old.exe,3", setupWindow) == "C:\\t\\\xE4\x80.dll,12");
+    CHECK(store::chooseIconFile("C:\\old.exe,3", setupWindow) == western("C:\\t\\\xE4\x80.dll,12"));
     REQUIRE(world().chooserCalls.size() == 1);
     const auto& call = world().chooserCalls[0];
     CHECK(call.owner == setupWindow);
@@ -128,8 +129,8 @@ TEST_CASE("a chosen icon comes back as file, comma and index") {
 TEST_CASE("the start file goes to the chooser in UTF-16") {
     const desktop::Session session;
     world().chooserAnswers = {cancelled};
-    store::chooseIconFile("C:\\\xDC\x80.exe,0", setupWindow);
-    CHECK(world().chooserCalls.at(0).file == u"C:\\\u00DC\u20AC.exe");
+    store::chooseIconFile(western("C:\\\xA7\xB1.exe,0"), setupWindow);
+    CHECK(world().chooserCalls.at(0).file == u"C:\\\u00A7\u00B1.exe");
 }
 
 TEST_CASE("an empty reference opens the chooser with no file, and Cancel gives the empty text") {

@@ -1,3 +1,4 @@
+#include "codePages.h"
 #include "store/iconReference.h"
 
 #include "runtime/errorOf.h"
@@ -17,7 +18,8 @@ TEST_CASE("a reference is a file and an index") {
 }
 
 TEST_CASE("it is written as it is read") {
-    for (const char* text : {"C:\\t\\x.exe,12", "C:\\\xFC\x80.ico,0", ",0", "a b.dll,-2147483648"})
+    for (const std::string& text : {std::string("C:\\t\\x.exe,12"), western("C:\\\xFC\x80.ico,0"),
+                                    std::string(",0"), std::string("a b.dll,-2147483648")})
         CHECK(IconReference::parse(text).text() == text);
     CHECK(IconReference{}.text() == ",0");
     CHECK(IconReference{"x.exe"}.text() == "x.exe,0");

@@ -1,3 +1,4 @@
+#include "codePages.h"
 #include "contract/profileTable.h"
 #include "desktop/iniFile.h"
 
@@ -95,7 +96,8 @@ TEST_CASE("removing a key that is not there changes nothing") {
 }
 
 TEST_CASE("names fold umlauts as the ANSI code page does") {
-    CHECK(afterWrite("[\xC4]\r\n\xD6=1\r\n", "\xE4", "\xF6", "2") == "[\xC4]\r\n\xD6=2\r\n");
+    CHECK(afterWrite(western("[\xC4]\r\n\xD6=1\r\n"), western("\xE4").c_str(), western("\xF6").c_str(),
+                     "2") == western("[\xC4]\r\n\xD6=2\r\n"));
 }
 
 TEST_SUITE_END();

@@ -1,3 +1,4 @@
+#include "codePages.h"
 #include "store/settings.h"
 
 #include "desktop/desktop.h"
@@ -137,11 +138,11 @@ TEST_CASE("reading and writing record themselves, removing does not") {
 
 TEST_CASE("all three routines reach the one file of a folder with capitals and umlauts") {
     const Session session;
-    world().programFolder = "D:\\Programme\\\xDC"
-                            "bung";
+    world().programFolder = western("D:\\Programme\\\xDC"
+                                    "bung");
     CHECK(store::setini("s", "k", "v") != 0);
-    CHECK(world().fileText("d:\\programme\\\xFC"
-                           "bung\\kestrel.ini") == "[s]\r\nk=v\r\n");
+    CHECK(world().fileText(western("d:\\programme\\\xFC"
+                                   "bung\\kestrel.ini")) == "[s]\r\nk=v\r\n");
     CHECK(store::getini("s", "k") == "v");
     CHECK(store::delini("s") != 0);
     CHECK(store::getini("s", "k") == "");
@@ -169,8 +170,8 @@ TEST_CASE("a program folder that is a drive root has its settings there") {
 
 TEST_CASE("a value with binary bytes is read as it stands") {
     const Session session;
-    world().writeSettings("[s]\r\nk=\x01\xFFz\x7F\r\n");
-    CHECK(store::getini("s", "k") == "\xFFz\x7F"); // control characters around a value do not count
+    world().writeSettings(western("[s]\r\nk=\x01\xFFz\x7F\r\n"));
+    CHECK(store::getini("s", "k") == western("\xFFz\x7F")); // control characters around a value do not count
 }
 
 TEST_SUITE_END();

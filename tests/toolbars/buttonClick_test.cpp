@@ -1,4 +1,5 @@
 // What a click on a toolbar button does.
+#include "codePages.h"
 #include "desktop/program.h"
 #include "toolbars/buttonTag.h"
 
@@ -210,9 +211,26 @@ TEST_CASE("a dialog of 3 or -1 behaves like 0") {
     CHECK(program.typed() == "erc\n");
 }
 
+TEST_CASE("letters with a byte that looks like a mark are letters in every field") {
+    Host program;
+    const std::string word = treacherous();
+    const std::string tool = "C:\\" + word + "\\" + word + ".exe";
+    program.desk().writeFile(tool, "MZ");
+    program.desk().inputAnswers = {word};
+    program.click(tool, 1, word + "?", 0);
+    REQUIRE(program.desk().started.size() == 1);
+    CHECK(program.desk().started[0].commandLine == tool + " " + word);
+    CHECK(program.desk().inputBoxes.at(0).prompt == word + "?");
+    program.click("run " + word, 0, word, 1);
+    CHECK(program.typed() == "run " + word + "\n");
+    program.click("+(" + word + ")", 0, "", 1);
+    CHECK(program.typed() == word + "\n");
+    CHECK(program.desk().messageBoxes.empty());
+}
+
 TEST_CASE("a section sign inside the path moves the fields, and the click ends in a type mismatch") {
     Host program;
-    CHECK_FALSE(program.click("a\xA7z", 0, "", 1));
+    CHECK_FALSE(program.click(western("a\xA7z"), 0, "", 1));
     CHECK(program.desk().messageBoxes.at(0).text == "Run-time error '13':\r\n\r\nType mismatch");
     CHECK(program.desk().ended);
     CHECK_FALSE(program.desk().trayIcon.has_value());
@@ -221,7 +239,7 @@ TEST_CASE("a section sign inside the path moves the fields, and the click ends i
 TEST_CASE("a section sign inside the dialog text is noticed only after the dialog") {
     Host program;
     program.desk().inputAnswers = {"abc"};
-    CHECK_FALSE(program.click("run", 1, "a\xA7z", 1));
+    CHECK_FALSE(program.click("run", 1, western("a\xA7z"), 1));
     CHECK(program.desk().inputBoxes.at(0).prompt == "a");
     CHECK(program.desk().messageBoxes.at(0).text == "Run-time error '13':\r\n\r\nType mismatch");
 }
@@ -239,9 +257,9 @@ TEST_CASE("a click on Over is ignored by the schematic toolbar only") {
     for (const auto& [kind, count] : {std::pair{EditorKind::board, 1U}, std::pair{EditorKind::schematic, 0U},
                                       std::pair{EditorKind::library, 1U}}) {
         Host program(kind);
-        program.clickTag("drc\xA7"
-                         "0\xA7\xA7"
-                         "1",
+        program.clickTag(western("drc\xA7"
+                                 "0\xA7\xA7"
+                                 "1"),
                          "Over");
         CHECK(program.desk().typed.size() == count);
     }

@@ -1,4 +1,5 @@
 // From a button list to the buttons of a toolbar.
+#include "codePages.h"
 #include "desktop/program.h"
 #include "forms/defaultInstance.h"
 #include "toolbars/frmPullDown.h"
@@ -99,9 +100,9 @@ TEST_CASE("a row becomes a button with key, picture number, tip, description and
     CHECK(bar.button(1).caption.empty());
     CHECK(bar.button(1).toolTipText == "ULP tip");
     CHECK(bar.button(1).description == "ULP");
-    CHECK(bar.button(1).tag == "run ulp\xA7"
-                               "1\xA7Name?\xA7"
-                               "1");
+    CHECK(bar.button(1).tag == western("run ulp\xA7"
+                                       "1\xA7Name?\xA7"
+                                       "1"));
     CHECK(bar.button(2).key == "Config");
     CHECK(bar.button(2).image == 3);
 }
@@ -111,17 +112,17 @@ TEST_CASE("tokens stay unexpanded in the tag") {
     ToolButton tool = row("tool", 0);
     tool.path = "{kestrelpath}\\x.exe";
     bar.build({tool});
-    CHECK(bar.button(0).tag.starts_with("{kestrelpath}\\x.exe\xA7"));
+    CHECK(bar.button(0).tag.starts_with(western("{kestrelpath}\\x.exe\xA7")));
 }
 
 TEST_CASE("a path with the section sign makes a tag with more than four fields") {
     Bar bar;
     ToolButton odd = row("odd");
-    odd.path = "a\xA7z";
+    odd.path = western("a\xA7z");
     bar.build({odd});
-    CHECK(bar.button(0).tag == "a\xA7z\xA7"
-                               "0\xA7\xA7"
-                               "1");
+    CHECK(bar.button(0).tag == western("a\xA7z\xA7"
+                                       "0\xA7\xA7"
+                                       "1"));
 }
 
 TEST_CASE("a separator has only its style and takes a picture number that is never shown") {
@@ -171,9 +172,9 @@ TEST_CASE("a type other than 0, 1 and 2 makes an ordinary button") {
     Bar bar;
     bar.build({row("three", 3), row("minus", -1)});
     CHECK(bar.button(0).style == forms::ButtonStyle::standard);
-    CHECK(bar.button(0).tag.ends_with("\xA7"
-                                      "3"));
-    CHECK(bar.button(1).tag.ends_with("\xA7-1"));
+    CHECK(bar.button(0).tag.ends_with(western("\xA7"
+                                              "3")));
+    CHECK(bar.button(1).tag.ends_with(western("\xA7-1")));
 }
 
 TEST_CASE("an empty icon gives the picture of the kind") {

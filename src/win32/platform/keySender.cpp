@@ -1,7 +1,6 @@
 // Injects key strokes: one batch for a text, so that nothing the user types gets between.
 #include "platform/keySender.h"
 
-#include "platform/codePage.h"
 #include "win32/common/messages.h"
 
 #include <windows.h>
@@ -50,9 +49,9 @@ void addKey(Inputs& inputs, WORD key, bool release) {
     inputs.push_back(input);
 }
 
-/// Plain characters, together: in some code pages several bytes are one character.
-void addText(Inputs& inputs, std::string& text) {
-    for (const char16_t unit : platform::toUtf16(text))
+/// Plain characters, together.
+void addText(Inputs& inputs, std::u16string& text) {
+    for (const char16_t unit : text)
         for (const DWORD release : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}}) {
             INPUT input{};
             input.type = INPUT_KEYBOARD;
@@ -78,12 +77,24 @@ void releaseModifiers(Inputs& inputs) {
             addKey(inputs, static_cast<WORD>(key), true);
 }
 
+constexpr char32_t beyondBmp = 0x10000; // two units of UTF-16 from here on
+
+void addCharacter(std::u16string& text, char32_t character) {
+    if (character >= beyondBmp) {
+        text += static_cast<char16_t>(0xD7C0 + (character >> 10U));
+        character = 0xDC00 + (character & 0x3FFU);
+    }
+    text += static_cast<char16_t>(character);
+}
+
 /// The key that gives a character under modifiers, and whether it needs Shift; 0 if no key gives it by
 /// itself.
 WORD keyOf(const KeyStroke& stroke, bool& shift) {
     if (stroke.key != Key::none)
         return static_cast<WORD>(stroke.key);
-    const SHORT scanned = VkKeyScanA(stroke.character);
+    if (stroke.character >= beyondBmp)
+        return 0;
+    const SHORT scanned = VkKeyScanW(static_cast<wchar_t>(stroke.character));
     constexpr int beyondShift = 0x6;
     if (scanned == -1 || (HIBYTE(scanned) & beyondShift) != 0)
         return 0;
@@ -93,12 +104,12 @@ WORD keyOf(const KeyStroke& stroke, bool& shift) {
 
 /// A key under its modifiers. A character that no key gives by itself cannot be modified: it joins the plain
 /// text.
-void addStroke(Inputs& inputs, const KeyStroke& stroke, std::string& text) {
+void addStroke(Inputs& inputs, const KeyStroke& stroke, std::u16string& text) {
     bool shift = stroke.shift;
     const bool plain = stroke.key == Key::none && !stroke.shift && !stroke.control && !stroke.alt;
     const WORD key = plain ? WORD{0} : keyOf(stroke, shift);
     if (key == 0) {
-        text += stroke.character;
+        addCharacter(text, stroke.character);
         return;
     }
     addText(inputs, text);
@@ -141,7 +152,7 @@ void sendKeys(std::span<const KeyStroke> strokes, bool wait) {
     Inputs inputs;
     inputs.reserve(strokes.size() * 2 + 8);
     releaseModifiers(inputs);
-    std::string text;
+    std::u16string text;
     for (const KeyStroke& stroke : strokes)
         addStroke(inputs, stroke, text);
     addText(inputs, text);

@@ -1,11 +1,16 @@
 #include "platform/user32.h"
 
+#include "platform/codePage.h"
+#include "runtime/characters.h"
 #include "win32/common/native.h"
 #include "win32/common/refusal.h"
 #include "win32/common/windowChanges.h"
 #include "win32/platform/ghosts.h"
 #include "win32/platform/titles.h"
 
+#include <string>
+
+#include <algorithm>
 #include <string>
 
 using win32::isForeign;
@@ -25,6 +30,15 @@ BOOL CALLBACK passOn(HWND window, LPARAM parameter) {
         return TRUE;
     const auto& enumeration = *reinterpret_cast<const Enumeration*>(parameter);
     return enumeration.callback(neutral(window), enumeration.extra);
+}
+
+/// One character in place; a letter whose small one has another number of bytes stays.
+void lowerCharacter(std::span<char> character) {
+    std::u16string wide = platform::toUtf16({character.data(), character.size()});
+    ::CharLowerBuffW(reinterpret_cast<wchar_t*>(wide.data()), static_cast<DWORD>(wide.size()));
+    const std::string small = platform::toAnsi(wide);
+    if (small.size() == character.size() && platform::toUtf16(small) == wide)
+        std::ranges::copy(small, character.begin());
 }
 
 } // namespace
@@ -139,7 +153,16 @@ bool DestroyIcon(HICON icon) {
 }
 
 void CharLowerBuffA(std::span<char> text) {
-    ::CharLowerBuffA(text.data(), static_cast<DWORD>(text.size()));
+    if (runtime::oneByteEach()) {
+        ::CharLowerBuffA(text.data(), static_cast<DWORD>(text.size()));
+        return;
+    }
+    // Not by the platform's own call: where a small letter has another number of bytes it cuts the text.
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t size = runtime::characterSize({text.data() + at, text.size() - at});
+        lowerCharacter(text.subspan(at, size));
+        at += size;
+    }
 }
 
 } // namespace platform

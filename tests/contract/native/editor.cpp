@@ -1,5 +1,8 @@
 #include "contract/native/editor.h"
 
+#include "runtime/characters.h"
+#include "runtime/text.h"
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -9,11 +12,11 @@ namespace {
 
 /// Lines end in one character here: a caret never stands inside a line end.
 struct Editor {
-    std::string text;
+    std::u32string text;
     std::size_t anchor = 0; ///< the other end of the selection
     std::size_t caret = 0;
 
-    void replaceSelection(std::string_view with) {
+    void replaceSelection(std::u32string_view with) {
         const auto [from, to] = std::minmax(anchor, caret);
         text.replace(from, to - from, with);
         anchor = caret = from + with.size();
@@ -26,11 +29,11 @@ struct Editor {
     }
 
     std::size_t lineStart() const {
-        const std::size_t before = caret == 0 ? std::string::npos : text.rfind('\n', caret - 1);
-        return before == std::string::npos ? 0 : before + 1;
+        const std::size_t before = caret == 0 ? std::u32string::npos : text.rfind(U'\n', caret - 1);
+        return before == std::u32string::npos ? 0 : before + 1;
     }
 
-    std::size_t lineEnd() const { return std::min(text.find('\n', caret), text.size()); }
+    std::size_t lineEnd() const { return std::min(text.find(U'\n', caret), text.size()); }
 
     void take(const platform::KeyStroke& stroke) {
         const std::size_t before = caret == 0 ? 0 : caret - 1;
@@ -40,7 +43,7 @@ struct Editor {
             type(stroke);
             break;
         case platform::Key::enter:
-            replaceSelection("\n");
+            replaceSelection(U"\n");
             break;
         case platform::Key::backspace:
             if (anchor == caret)
@@ -72,9 +75,9 @@ struct Editor {
     void type(const platform::KeyStroke& stroke) {
         if (stroke.control || stroke.alt)
             throw std::logic_error("the edit field does not know this shortcut");
-        char character = stroke.character;
+        char32_t character = stroke.character;
         if (stroke.shift && character >= 'a' && character <= 'z')
-            character = static_cast<char>(character - 0x20);
+            character -= 0x20;
         replaceSelection({&character, 1});
     }
 };
@@ -85,10 +88,7 @@ std::string textAfter(std::span<const platform::KeyStroke> strokes) {
     Editor editor;
     for (const platform::KeyStroke& stroke : strokes)
         editor.take(stroke);
-    std::string lines;
-    for (const char character : editor.text)
-        lines += character == '\n' ? std::string("\r\n") : std::string(1, character);
-    return lines;
+    return runtime::replaceAll(runtime::fromUtf32(editor.text), "\n", "\r\n");
 }
 
 } // namespace contract

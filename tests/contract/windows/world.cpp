@@ -11,6 +11,7 @@
 #include "platform/keySender.h"
 #include "platform/keyStroke.h"
 #include "platform/messages.h"
+#include "runtime/characters.h"
 #include "win32/platform/iconChooser.h"
 
 #include <doctest/doctest.h>
@@ -317,7 +318,7 @@ void World::typeInto(forms::TextBox& box, std::string_view text) {
             box.setFocus();
         }));
     std::vector<platform::KeyStroke> strokes;
-    for (const char character : text)
+    for (const char32_t character : runtime::toUtf32(text))
         strokes.push_back({.character = character});
     platform::sendKeys(strokes, false);
 }
