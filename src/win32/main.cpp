@@ -29,7 +29,7 @@ int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*comma
     auto* const form = new core::Hauptform;
     runtime::guarded([form] { form->load(); });
     MSG message;
-    while (form->loaded() && GetMessageA(&message, nullptr, 0, 0) > 0)
+    while (form->loaded() && GetMessageW(&message, nullptr, 0, 0) > 0)
         win32::serve(message);
     return 0;
 }

@@ -50,7 +50,7 @@ void edit(forms::TextBox& box, int keyAscii) {
     const std::size_t size = bytes(start + length) - from;
     if (keyAscii == backspace) {
         text.erase(from, size);
-    } else if (keyAscii >= space) {
+    } else if (keyAscii >= space || keyAscii < 0) { // below 0: four bytes
         text.replace(from, size, runtime::characterOfCode(keyAscii));
         if (box.maxLength > 0 && runtime::characterCount(text) > static_cast<std::size_t>(box.maxLength))
             return;

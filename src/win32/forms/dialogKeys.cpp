@@ -125,7 +125,7 @@ void focusFirst(HWND container) {
 bool doneAsDialogKey(MSG& message) {
     const HWND dialog = dialogOf(message.hwnd);
     return dialog != nullptr &&
-           (turnPage(dialog, message) || moveByTab(message) || IsDialogMessageA(dialog, &message) != FALSE);
+           (turnPage(dialog, message) || moveByTab(message) || IsDialogMessageW(dialog, &message) != FALSE);
 }
 
 } // namespace win32

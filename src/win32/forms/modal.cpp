@@ -22,7 +22,7 @@ void runModal(Form& form) {
     MSG message;
     // It may go with its owner, without having been hidden.
     while (form.visible() && form.hWnd() != platform::HWND::none) {
-        const BOOL got = GetMessageA(&message, nullptr, 0, 0);
+        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
         if (got == FALSE) { // the end of the program has been asked for: the outermost loop is to see it
             PostQuitMessage(static_cast<int>(message.wParam));
             form.hide();

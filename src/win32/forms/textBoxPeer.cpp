@@ -6,32 +6,17 @@
 
 #include "forms/event.h"
 #include "forms/textBox.h"
+#include "platform/codePage.h"
+#include "runtime/characters.h"
+
+#include <string>
+#include <utility>
 
 namespace win32 {
 
 namespace {
 
 constexpr int selectAllKey = 1; // what Ctrl+A types
-
-/// The code page's character that a character message brings. A window of the newer control library gets
-/// UTF-16, any other the code page itself.
-int toAnsi(HWND window, WPARAM character) {
-    if (IsWindowUnicode(window) == FALSE)
-        return static_cast<int>(character & 0xFFU);
-    const auto wide = static_cast<wchar_t>(character);
-    char narrow = 0;
-    WideCharToMultiByte(CP_ACP, 0, &wide, 1, &narrow, 1, nullptr, nullptr);
-    return static_cast<unsigned char>(narrow);
-}
-
-WPARAM fromAnsi(HWND window, int character) {
-    const auto narrow = static_cast<char>(character);
-    if (IsWindowUnicode(window) == FALSE)
-        return static_cast<unsigned char>(narrow);
-    wchar_t wide = 0;
-    MultiByteToWideChar(CP_ACP, 0, &narrow, 1, &wide, 1);
-    return wide;
-}
 
 class TextBoxPeer : public WindowPeer {
   public:
@@ -66,8 +51,10 @@ class TextBoxPeer : public WindowPeer {
     void command(WORD code, WORD /*id*/) override {
         if (code != EN_CHANGE || following_)
             return;
+        const std::string text = windowText();
         const Selection now = selection();
-        box_.edited(windowText(), now.start, now.length);
+        box_.edited(text, now.start, now.length);
+        showTaken(text);
     }
 
   protected:
@@ -88,6 +75,7 @@ class TextBoxPeer : public WindowPeer {
             forms::raise(box_.onKeyDown, static_cast<int>(wParam), shiftState());
             break;
         case WM_CHAR:
+        case WM_IME_CHAR: // an input method's: handled by the field it would come again as the other
             return typed(wParam, lParam);
         default:
             break;
@@ -136,29 +124,78 @@ class TextBoxPeer : public WindowPeer {
             moveFocus(handle(), (shift & 1) != 0);
     }
 
-    LRESULT typed(WPARAM character, LPARAM lParam) {
-        if (character == VK_TAB)
+    /// A unit of UTF-16, which the field gets as the code page's character that the model is to hold.
+    LRESULT typed(WPARAM typedUnit, LPARAM lParam) {
+        if (typedUnit == VK_TAB)
             return 0;
-        const int typed = toAnsi(handle(), character);
-        const int taken = box_.keyPressed(typed);
+        const auto unit = static_cast<char16_t>(typedUnit);
+        if (IS_HIGH_SURROGATE(unit)) {
+            firstHalf_ = unit;
+            return 0;
+        }
+        std::u16string units(IS_LOW_SURROGATE(unit) && firstHalf_ != 0 ? 1 : 0, firstHalf_);
+        units += unit;
+        firstHalf_ = 0;
+        const std::string text = platform::toAnsi(units);
+        const std::string_view character(text.data(), runtime::characterSize(text));
+        const int taken = box_.keyPressed(runtime::characterCode(character));
         // A field of one line would only beep at Enter and Esc.
         if (handle() == nullptr || taken == 0 || taken == VK_RETURN || taken == VK_ESCAPE)
             return 0;
         if (taken == selectAllKey) {
-            SendMessageA(handle(), EM_SETSEL, 0, -1);
+            SendMessageW(handle(), EM_SETSEL, 0, -1);
             return 0;
         }
-        const LRESULT result =
-            defaultMessage(WM_CHAR, taken == typed ? character : fromAnsi(handle(), taken), lParam);
+        const LRESULT result = insert(platform::toUtf16(runtime::characterOfCode(taken)), lParam);
         readSelection();
         return result;
     }
 
-    Selection selection() const {
+    /// One character: both halves of one or none.
+    LRESULT insert(const std::u16string& units, LPARAM lParam) {
+        const std::size_t room = box_.maxLength > 0 ? static_cast<std::size_t>(box_.maxLength) : units.size();
+        if (units.size() > 1 && wideText().size() + units.size() > room + selectedUnits())
+            return 0;
+        LRESULT result = 0;
+        for (std::size_t at = 0; at < units.size(); ++at) {
+            following_ = at + 1 < units.size();
+            result = defaultMessage(WM_CHAR, units[at], lParam);
+        }
+        following_ = false;
+        return result;
+    }
+
+    /// What has been pasted may hold what the code page lacks: the field shows what the model has taken.
+    void showTaken(const std::string& text) {
+        if (handle() == nullptr || box_.text() != text || wideText() == platform::toUtf16(text))
+            return;
+        following_ = true;
+        SetWindowTextA(handle(), text.c_str());
+        following_ = false;
+        showSelection();
+    }
+
+    std::pair<DWORD, DWORD> unitSelection() const {
         DWORD begin = 0;
         DWORD end = 0;
-        SendMessageA(handle(), EM_GETSEL, reinterpret_cast<WPARAM>(&begin), reinterpret_cast<LPARAM>(&end));
-        return {static_cast<int>(begin), static_cast<int>(end - begin)};
+        SendMessageW(handle(), EM_GETSEL, reinterpret_cast<WPARAM>(&begin), reinterpret_cast<LPARAM>(&end));
+        return {begin, end};
+    }
+
+    std::size_t selectedUnits() const {
+        const auto [begin, end] = unitSelection();
+        return end - begin;
+    }
+
+    /// In characters, where the field counts units of UTF-16.
+    Selection selection() const {
+        const auto [begin, end] = unitSelection();
+        const std::u16string text = wideText();
+        const auto characters = [&text](DWORD units) {
+            return static_cast<int>(runtime::characterCount(platform::toAnsi(text.substr(0, units))));
+        };
+        const int start = characters(begin);
+        return {start, characters(end) - start};
     }
 
     void readSelection() {
@@ -169,14 +206,20 @@ class TextBoxPeer : public WindowPeer {
     }
 
     void showSelection() {
-        SendMessageA(handle(), EM_SETSEL, static_cast<WPARAM>(box_.selStart()),
-                     box_.selStart() + box_.selLength());
-        SendMessageA(handle(), EM_SCROLLCARET, 0, 0);
+        const auto units = [this](int characters) {
+            const std::string& text = box_.text();
+            const std::size_t size = runtime::sizeOfCharacters(text, static_cast<std::size_t>(characters));
+            return platform::toUtf16({text.data(), size}).size();
+        };
+        SendMessageW(handle(), EM_SETSEL, units(box_.selStart()),
+                     static_cast<LPARAM>(units(box_.selStart() + box_.selLength())));
+        SendMessageW(handle(), EM_SCROLLCARET, 0, 0);
     }
 
     forms::TextBox& box_;
     bool following_ = false;         ///< the window is being brought in step with the model
     bool selectionAssigned_ = false; ///< the mouse event that is being raised has assigned a selection
+    char16_t firstHalf_ = 0;         ///< of a character of two units that is being typed; 0 if none is
 };
 
 } // namespace

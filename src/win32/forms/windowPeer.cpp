@@ -2,6 +2,7 @@
 
 #include "forms/event.h"
 #include "forms/units.h"
+#include "platform/codePage.h"
 #include "runtime/guard.h"
 #include "win32/common/resolution.h"
 #include "win32/common/windowChanges.h"
@@ -21,6 +22,11 @@ namespace {
 
 constexpr UINT_PTR subclassId = 1;
 constexpr int firstChildId = 1000;
+
+std::wstring wide(std::string_view text) {
+    const std::u16string units = platform::toUtf16(text);
+    return {units.begin(), units.end()};
+}
 
 RECT pixelRect(const forms::Control& control) {
     const LONG left = forms::toPixels(control.left());
@@ -82,9 +88,11 @@ void WindowPeer::createChild(const char* className, const std::string& text, DWO
         style |= WS_TABSTOP;
     const RECT place = childPlace();
     const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(nextChildId()));
-    adopt(CreateWindowExA(exStyle | WS_EX_NOPARENTNOTIFY, className, text.c_str(), style | WS_CHILD,
-                          place.left, place.top, place.right - place.left, place.bottom - place.top,
-                          container->handle(), id, GetModuleHandleA(nullptr), nullptr));
+    // Wide: an edit field of the code page would get some of its letters in pieces, or not at all.
+    adopt(CreateWindowExW(exStyle | WS_EX_NOPARENTNOTIFY, wide(className).c_str(), wide(text).c_str(),
+                          style | WS_CHILD, place.left, place.top, place.right - place.left,
+                          place.bottom - place.top, container->handle(), id, GetModuleHandleW(nullptr),
+                          nullptr));
     if (handle_ == nullptr)
         return;
     applyFont();
@@ -271,15 +279,19 @@ void WindowPeer::setFocus() {
 }
 
 std::string WindowPeer::windowText() const {
-    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(handle_)) + 1, '\0');
-    text.resize(
-        static_cast<std::size_t>(GetWindowTextA(handle_, text.data(), static_cast<int>(text.size()))));
+    return platform::toAnsi(wideText());
+}
+
+std::u16string WindowPeer::wideText() const {
+    std::u16string text(static_cast<std::size_t>(GetWindowTextLengthW(handle_)) + 1, u'\0');
+    text.resize(static_cast<std::size_t>(
+        GetWindowTextW(handle_, reinterpret_cast<wchar_t*>(text.data()), static_cast<int>(text.size()))));
     return text;
 }
 
 void WindowPeer::setWindowText(const std::string& text) {
     if (handle_ != nullptr && windowText() != text)
-        SetWindowTextA(handle_, text.c_str());
+        SetWindowTextW(handle_, wide(text).c_str());
 }
 
 void WindowPeer::applyFont() {

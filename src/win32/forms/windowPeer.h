@@ -63,6 +63,8 @@ class WindowPeer : public forms::Peer {
     /// The colour that the control stands on.
     COLORREF colourBehind() const;
     std::string windowText() const;
+    /// The same in UTF-16, with what the code page lacks.
+    std::u16string wideText() const;
     /// Sets the window's text if it differs.
     void setWindowText(const std::string& text);
     void applyFont();
