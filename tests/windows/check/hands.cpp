@@ -34,10 +34,18 @@ static INPUT key(WORD virtualKey, WORD scan, DWORD flags) {
     return input;
 }
 
-void click(const RECT& place) {
-    const POINT middle = {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
-    if (!workplace::isOurs(WindowFromPoint(middle)))
-        throw waiting::Failure("a window of another program covers the place of a click");
+static POINT middleOf(const RECT& place) {
+    return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+}
+
+bool reach(HWND window, const RECT& place) {
+    return GetAncestor(WindowFromPoint(middleOf(place)), GA_ROOT) == window;
+}
+
+void click(HWND window, const RECT& place) {
+    if (!waiting::until([&] { return reach(window, place); }, 5))
+        throw waiting::Failure("another window covers the place of a click");
+    const POINT middle = middleOf(place);
     const bool swapped = GetSystemMetrics(SM_SWAPBUTTON) != 0;
     // In two steps, as a hand does it: buttons that light up under the mouse see it come first.
     send({mouse({middle.x - 1, middle.y}, 0)});
@@ -65,6 +73,19 @@ void press(WORD virtualKey) {
     needKeyboard();
     const auto scan = static_cast<WORD>(MapVirtualKeyW(virtualKey, MAPVK_VK_TO_VSC));
     send({key(virtualKey, scan, 0), key(virtualKey, scan, KEYEVENTF_KEYUP)});
+}
+
+// Under Wine the report of an earlier movement may come late and move it back.
+KeptPointer::~KeptPointer() {
+    int rested = 0;
+    for (int turn = 0; turn < 50 && rested < 5; ++turn) {
+        POINT now = {};
+        GetCursorPos(&now);
+        rested = now.x == place_.x && now.y == place_.y ? rested + 1 : 0;
+        if (rested == 0)
+            SetCursorPos(place_.x, place_.y);
+        Sleep(20);
+    }
 }
 
 } // namespace hands

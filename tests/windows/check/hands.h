@@ -7,9 +7,11 @@
 
 namespace hands {
 
-// A click with the main button in the middle of a rectangle of the screen, which a window of ours has to
-// show.
-void click(const RECT& place);
+// Whether a click in the middle of a rectangle of the screen would reach this top-level window or what is in
+// it.
+[[nodiscard]] bool reach(HWND window, const RECT& place);
+// A click there with the main button; the window may take a moment to be reached.
+void click(HWND window, const RECT& place);
 void type(const std::wstring& text);
 void press(WORD key);
 
@@ -17,7 +19,7 @@ void press(WORD key);
 class KeptPointer {
   public:
     KeptPointer() { GetCursorPos(&place_); }
-    ~KeptPointer() { SetCursorPos(place_.x, place_.y); }
+    ~KeptPointer();
     KeptPointer(const KeptPointer&) = delete;
     KeptPointer& operator=(const KeptPointer&) = delete;
 

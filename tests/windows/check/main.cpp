@@ -15,6 +15,7 @@
 #include "check/notice.h"
 #include "check/privacy.h"
 #include "check/report.h"
+#include "check/traces.h"
 #include "check/waiting.h"
 #include "check/workplace.h"
 #include "common/text.h"
@@ -41,7 +42,7 @@ static Order orderFrom(int count, wchar_t** arguments) {
         if (word == L"win32" || word == L"win64")
             order.bits.push_back(word);
         else
-            order.options += L" \"" + word + L"\"";
+            order.options += word.find(L' ') == std::wstring::npos ? L" " + word : L" \"" + word + L"\"";
     }
     if (order.bits.empty())
         order.bits = sizeof(void*) == 8 ? std::vector<std::wstring>{L"win32", L"win64"}
@@ -113,7 +114,9 @@ static void playAll(const Order& order, const std::wstring& kit, Privacy& privac
         }
     }
     report.line(L"");
-    report.check(place.clear(), L"nothing is left in the temporary folder", L"what can be seen from here");
+    eyes.reset();
+    const bool gone = place.clear();
+    report.check(gone, L"the temporary folder goes", gone ? L"it is gone" : L"something stays in it");
 }
 
 static std::wstring above(const std::wstring& path) {
@@ -123,6 +126,14 @@ static std::wstring above(const std::wstring& path) {
 static int failed(const char* why) {
     std::printf("%s\n", why);
     return 2;
+}
+
+static std::wstring today() {
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    wchar_t date[32] = {};
+    std::swprintf(date, std::size(date), L"%04d-%02d-%02d", now.wYear, now.wMonth, now.wDay);
+    return date;
 }
 
 static int check(const Order& order) {
@@ -139,18 +150,24 @@ static int check(const Order& order) {
     if (!report.opened())
         return failed(
             "kestrel-check.txt cannot be written here. Please unpack the zip into a folder of yours.");
-    std::printf(
-        "It uses mouse and keyboard for two minutes. Please leave both alone; any key stops it.\n"
-        "Sie benutzt zwei Minuten lang Maus und Tastatur. Bitte beide ruhen lassen; jede Taste bricht ab.\n");
-    report.line(L"Kestrel " KESTREL_VERSION L", checked on a real Windows");
+    std::printf("Kestrel %ls: a check of the program on this Windows.\n"
+                "It uses mouse and keyboard for two minutes. Please leave both alone; any key stops it.\n"
+                "Es braucht zwei Minuten lang Maus und Tastatur. Bitte beide ruhen lassen; jede Taste "
+                "bricht ab.\n",
+                KESTREL_VERSION);
+    report.line(L"Kestrel " KESTREL_VERSION L", checked on " + today());
     machine::describe(report);
-    {
+    try {
         const HWND front = GetForegroundWindow();
         const hands::KeptPointer pointer;
         Notice notice;
         playAll(order, kit, privacy, report, notice);
-        notice.comeToFront();
+        traces::remove();
+        if (!waiting::stopped())
+            notice.comeToFront();
         SetForegroundWindow(front);
+    } catch (const std::exception& failure) {
+        report.check(false, L"the check is played to its end", text::widen(failure.what()));
     }
     const int code = report.finish();
     std::printf("%s kestrel-check.txt and its pictures stand beside check.cmd.\n",
@@ -171,7 +188,6 @@ int wmain(int count, wchar_t** arguments) {
     std::setvbuf(stdout, nullptr, _IONBF, 0);
     over = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     SetConsoleCtrlHandler(consoleEnds, TRUE);
-    std::printf("Kestrel %ls: a check of the program on this Windows.\n", KESTREL_VERSION);
     int code = 2;
     try {
         code = check(orderFrom(count, arguments));

@@ -16,9 +16,11 @@ static constexpr int gap = 25; // to the right end of the host's outer rectangle
 static constexpr int top = 21; // from the top of the host's client area
 static constexpr int rowHeight = 22;
 static constexpr int separatedRow = 27; // from a row to the next where a separator was
+static constexpr int noticeHeight = 80; // left free at the bottom of the screen
 static constexpr int plain = 3;         // colours of a button that has no picture, under the mouse or not
 
-static std::wstring number(long long value) {
+template <typename Number>
+static std::wstring number(Number value) {
     return std::to_wstring(value);
 }
 
@@ -61,30 +63,55 @@ static constexpr Kind kinds[] = {{L"board", L"board", L"C:\\work\\demo.brd", L"l
                                  {L"schematic", L"schem", L"C:\\work\\demo.sch", L"lastSCH"},
                                  {L"library", L"libr", L"C:\\work\\parts.lbr", L"lastLbr"}};
 
+static const Kind& kindOf(const Editor& editor) {
+    return *std::ranges::find_if(kinds, [&](const Kind& kind) { return editor.kind == kind.name; });
+}
+
 class Scene {
   public:
-    Scene(const workplace::Workplace& place, const std::wstring& bits, Eyes& eyes, Report& report)
-        : bits_(bits), eyes_(eyes), report_(report), eagle_(place, bits),
+    Scene(const workplace::Workplace& place, const std::wstring& bits, Eyes& eyes, Notice& notice,
+          Report& report)
+        : bits_(bits), eyes_(eyes), notice_(notice), report_(report), eagle_(place, bits),
           settings_(place.path(bits + L"\\kestrel\\kestrel.ini")), kestrel_(openEditors(place)) {}
 
+    // However the scene ends, Kestrel gets to take its icon out of the tray.
+    ~Scene() {
+        PostMessageW(mainWindow(), WM_CLOSE, 0, 0);
+        for (int turn = 0; turn < 60 && kestrel_.runs(); ++turn)
+            Sleep(50);
+    }
+    Scene(const Scene&) = delete;
+    Scene& operator=(const Scene&) = delete;
+
     void play() {
-        for (const Editor& editor : editors_)
-            appears(editor);
-        for (size_t i = 0; i < std::size(kinds); ++i)
-            standsRight(kinds[i], editors_[i]);
-        for (const Editor& editor : editors_)
+        std::vector<Editor> without;
+        for (const Editor& editor : editors_) {
+            if (!appears(editor))
+                without.push_back(editor);
+        }
+        if (!kestrel_.runs())
+            throw waiting::Failure("kestrel.exe has ended with code " + std::to_string(kestrel_.exitCode()));
+        // Each of those has been told of; what follows needs a toolbar.
+        std::vector<Editor> with = editors_;
+        std::erase_if(with, [&](const Editor& editor) {
+            return std::ranges::any_of(without, [&](const Editor& other) { return other.id == editor.id; });
+        });
+        for (const Editor& editor : with)
+            standsRight(editor);
+        for (const Editor& editor : with)
             painted(editor);
-        for (const Editor& editor : editors_)
+        for (const Editor& editor : with)
             pictureOf(editor.window, editor.kind);
-        for (size_t i = 0; i < std::size(kinds); ++i)
-            typesTheCommand(kinds[i], editors_[i]);
-        for (const Editor& editor : editors_)
-            report_.check(toolbars(editor).size() == 1,
-                          editor.kind + L": still one toolbar, many ticks later",
-                          number(static_cast<long long>(toolbars(editor).size())));
+        for (const Editor& editor : with)
+            typesTheCommand(editor);
+        for (const Editor& editor : with) {
+            const size_t count = toolbars(editor).size();
+            report_.check(count == 1, editor.kind + L": still one toolbar, many ticks later", number(count));
+        }
         for (const Kind& kind : kinds)
             remembers(kind);
-        setupDialog(editors_.front());
+        if (!with.empty())
+            setupDialog(with.front());
         ends();
     }
 
@@ -92,7 +119,7 @@ class Scene {
     workplace::Process openEditors(const workplace::Workplace& place) {
         const RECT area = screens::plainWorkArea();
         const LONG wide = std::min(640L, (area.right - area.left) / 2);
-        const LONG high = std::min(440L, (area.bottom - area.top) / 2);
+        const LONG high = std::min(440L, (area.bottom - area.top - noticeHeight) / 2);
         const POINT corners[] = {{0, 0}, {wide, 0}, {wide / 2, high}};
         for (size_t i = 0; i < std::size(kinds); ++i) {
             const LONG left = area.left + corners[i].x;
@@ -129,39 +156,41 @@ class Scene {
                EqualRect(&one[0].form.place, &other[0].form.place);
     }
 
-    void appears(const Editor& editor) {
+    bool appears(const Editor& editor) {
         const ULONGLONG begin = GetTickCount64();
         const bool come =
             waiting::until([&] { return !kestrel_.runs() || atRest(editor); }) && kestrel_.runs();
         const std::vector<Toolbar> found = toolbars(editor);
-        std::wstring seen = number(static_cast<long long>(found.size())) + L" toolbars after " +
-                            number(static_cast<long long>(GetTickCount64() - begin)) + L" ms";
+        std::wstring seen =
+            number(found.size()) + L" toolbars after " + number(GetTickCount64() - begin) + L" ms";
         for (const Toolbar& toolbar : found)
             seen += L", " + placeOf(toolbar.form.place) + L" with its lowest button at " +
                     number(lowest(toolbar));
         if (!kestrel_.runs())
             seen += L"; kestrel.exe has ended with code " + number(kestrel_.exitCode());
-        if (!report_.check(come, editor.kind + L": a toolbar appears", seen))
+        report_.check(come, editor.kind + L": a toolbar appears", seen);
+        if (!come)
             pictureOf(editor.window, editor.kind + L"-without");
+        return come;
     }
 
-    void standsRight(const Kind& kind, const Editor& editor) {
+    void standsRight(const Editor& editor) {
         const Look look = eyes_.look(editor.window);
         const Window& host = look.windows.front();
-        const std::wstring name = std::wstring(kind.name) + L": ";
+        const std::wstring name = editor.kind + L": ";
         const std::vector<Toolbar> found = look.toolbars();
         if (!report_.check(found.size() == 1, name + L"one toolbar stands in the window",
-                           number(static_cast<long long>(found.size()))))
+                           number(found.size())))
             return;
         const Window& form = found[0].form;
         const LONG right = host.place.right - host.place.left - (form.place.right - host.client.left);
         report_.check(right == gap, name + L"it stands 25 pixels from the right end", number(right));
         const LONG above = form.place.top - host.client.top;
         report_.check(above == top, name + L"it stands 21 pixels from the top", number(above));
-        const size_t configured = settings_.commands(kind.section).size();
+        const size_t configured = settings_.commands(kindOf(editor).section).size();
         report_.check(found[0].buttons.size() == configured + 1,
                       name + L"all configured buttons and \"Config\" are there",
-                      number(static_cast<long long>(found[0].buttons.size())));
+                      number(found[0].buttons.size()));
         std::set<LONG> rows;
         for (const Button& button : found[0].buttons)
             rows.insert(button.place.top);
@@ -201,12 +230,21 @@ class Scene {
             report_.line(L"         which cannot be written");
     }
 
-    void typesTheCommand(const Kind& kind, const Editor& editor) {
-        const std::wstring name = std::wstring(kind.name) + L": ";
-        const std::wstring command = settings_.commands(kind.section).front();
+    // Windows may have opened the editor behind the window that was in front.
+    void click(const Editor& editor, const RECT& place) {
+        if (!hands::reach(editor.window, place)) {
+            notice_.comeToFront();
+            SetForegroundWindow(editor.window);
+        }
+        hands::click(editor.window, place);
+    }
+
+    void typesTheCommand(const Editor& editor) {
+        const std::wstring name = editor.kind + L": ";
+        const std::wstring command = settings_.commands(kindOf(editor).section).front();
         const size_t before = eagle_.executed(editor).size();
         const Toolbar found = toolbar(editor);
-        hands::click(found.bar.onScreen(found.buttons.front().place));
+        click(editor, found.bar.onScreen(found.buttons.front().place));
         executes(editor, before, command, name + L"a click types the command and Enter");
         Look look;
         const bool there = waiting::until(
@@ -248,6 +286,9 @@ class Scene {
         report_.check(right, std::wstring(kind.key) + L" tells the file", seen);
     }
 
+    // Nobody sees it; closing it ends the program. nullptr if there is none.
+    static HWND mainWindow() { return FindWindowW(L"KestrelForm", L"Kestrel Strip for EAGLE"); }
+
     // The setup dialog, in either language; nullptr if it is not up.
     static HWND dialog() {
         for (const wchar_t* title : {L"Configuration ", L"Konfiguration "}) {
@@ -260,7 +301,7 @@ class Scene {
 
     void setupDialog(const Editor& editor) {
         const Toolbar found = toolbar(editor);
-        hands::click(found.bar.onScreen(found.buttons.back().place));
+        click(editor, found.bar.onScreen(found.buttons.back().place));
         HWND shown = nullptr;
         const bool come = waiting::until(
             [&] { return (shown = dialog()) != nullptr && GetForegroundWindow() == shown; }, 20);
@@ -279,7 +320,7 @@ class Scene {
 
     void ends() {
         report_.check(kestrel_.runs(), L"Kestrel goes on", kestrel_.runs() ? L"it runs" : L"it has ended");
-        const HWND main = FindWindowW(L"KestrelForm", L"Kestrel Strip for EAGLE");
+        const HWND main = mainWindow();
         PostMessageW(main, WM_CLOSE, 0, 0);
         const bool ended = waiting::until([&] { return !kestrel_.runs(); }, 20);
         report_.check(ended && kestrel_.exitCode() == 0, L"Kestrel ends when its main window is closed",
@@ -299,6 +340,7 @@ class Scene {
 
     const std::wstring& bits_;
     Eyes& eyes_;
+    Notice& notice_;
     Report& report_;
     Eagle eagle_;
     Settings settings_;
@@ -309,7 +351,7 @@ class Scene {
 void play(const workplace::Workplace& place, const std::wstring& bits, Eyes& eyes, Notice& notice,
           Report& report) {
     notice.comeToFront();
-    Scene(place, bits, eyes, report).play();
+    Scene(place, bits, eyes, notice, report).play();
 }
 
 } // namespace mainScene

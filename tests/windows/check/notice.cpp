@@ -119,7 +119,6 @@ void Notice::say(const std::wstring& line) {
 void Notice::comeToFront() {
     RECT place;
     GetWindowRect(window_, &place);
-    const POINT middle = {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
-    if (WindowFromPoint(middle) == window_)
-        hands::click(place);
+    if (hands::reach(window_, place))
+        hands::click(window_, place);
 }

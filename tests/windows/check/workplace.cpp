@@ -14,7 +14,7 @@ static std::wstring temporaryFolder() {
     GetTempPathW(MAX_PATH, given);
     const DWORD length = GetLongPathNameW(given, full, MAX_PATH);
     std::wstring folder = length > 0 && length < MAX_PATH ? full : given;
-    return folder + (folder.ends_with(L'\\') ? L"" : L"\\") + L"kestrel-check";
+    return folder + (folder.ends_with(L'\\') ? L"" : L"\\") + folderName;
 }
 
 static std::wstring imageOf(DWORD process) {

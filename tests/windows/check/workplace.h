@@ -7,6 +7,9 @@
 
 namespace workplace {
 
+// Of the folder, in the user's temporary one.
+inline constexpr wchar_t folderName[] = L"kestrel-check";
+
 bool isOurs(DWORD process);
 bool isOurs(HWND window);
 
