@@ -47,7 +47,7 @@ step 'wine' tools/setup-wine.sh
 step 'win32 contract' tools/test-contract.sh i686
 step 'win64 contract' tools/test-contract.sh x86_64
 step 'win32 scenes' "$PYTHON" tests/windows/play-all.py win32
-step 'win64 scenes' "$PYTHON" tests/windows/play-all.py win64 mainJob calculator runRequest tray setupDialog controls dialogs hostLife programStart toolbarWindow sessionEnd installer
+step 'win64 scenes' "$PYTHON" tests/windows/play-all.py win64 mainJob calculator runRequest tray setupDialog controls dialogs hostLife programStart toolbarWindow sessionEnd installer checkKit
 
 printf '\n'
 printf '   %s\n' "${summary[@]}" "$(printf '%-43s %4d s' 'all together' "$SECONDS")"
