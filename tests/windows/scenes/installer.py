@@ -1,5 +1,5 @@
 """The installer without questions: what it lays down, the program at its place, an update over the running program, a
-program that does not end, the removal."""
+program that does not end, the removal; and what administrators do."""
 
 import shutil
 
@@ -111,6 +111,17 @@ def elsewhere(stage, checks, setup, board):
     checks.that(not stage.prefix.path(SHORTCUT).exists(), "the start menu's entry has gone")
 
 
+def by_administrators(stage, checks, setup):
+    """What README tells those who install for others."""
+    checks.equal(setup.install(), 0, "it is installed once more")
+    kestrel = stage.witness.run("C:\\kestrel\\kestrel.exe")
+    checks.that(poll(Tray(stage).icon), "a program of another folder runs")
+    checks.equal(setup.install(), 0, "an update ends that one, too")
+    checks.equal(stage.witness.exit_code(kestrel), 0, "in order")
+    checks.equal(setup.run(f"{DEFAULT}\\uninstall.exe /S _?={DEFAULT}"), 0, "a removal that is waited for gives its exit code")
+    checks.equal(sorted(setup.standing()), ["kestrel.ini", "uninstall.exe"], "and leaves itself and the settings")
+
+
 def story(stage, checks):
     setup = Installation(stage)
     board = stage.start_eagle().open("board", "C:\\work\\demo.brd")
@@ -120,6 +131,7 @@ def story(stage, checks):
     does_not_end(stage, checks, setup)
     removal(stage, checks, setup, board)
     elsewhere(stage, checks, setup, board)
+    by_administrators(stage, checks, setup)
 
 
 if __name__ == "__main__":
