@@ -1,12 +1,12 @@
 // While the error box is up: our windows live on as the system's own do, and no code of the program runs.
 #include "contract/barForm.h"
+#include "contract/windows/beside.h"
 #include "contract/windows/endByError.h"
 #include "contract/world.h"
 #include "forms/button.h"
 #include "forms/frame.h"
 #include "forms/textBox.h"
 #include "forms/timer.h"
-#include "platform/keySender.h"
 #include "platform/user32.h"
 #include "runtime/guard.h"
 #include "win32/common/holding.h"
@@ -20,69 +20,24 @@
 
 #include <atomic>
 #include <functional>
-#include <string_view>
-#include <thread>
 
 namespace {
 
+using contract::ask;
+using contract::comes;
+using contract::hasKeyboard;
 using contract::World;
 
-constexpr ULONGLONG patience = 10'000; // milliseconds
-
-/// Waits for a condition beside the thread of our windows.
-bool comes(const std::function<bool()>& condition) {
-    const ULONGLONG begin = GetTickCount64();
-    while (!condition()) {
-        if (GetTickCount64() - begin > patience)
-            return false;
-        Sleep(10);
-    }
-    return true;
-}
-
-BOOL CALLBACK takeBox(HWND window, LPARAM result) {
-    char name[16] = {};
-    GetClassNameA(window, name, sizeof name);
-    if (std::string_view(name) != "#32770" || IsWindowVisible(window) == FALSE)
-        return TRUE;
-    *reinterpret_cast<HWND*>(result) = window;
-    return FALSE;
-}
-
-HWND boxOf(DWORD thread) {
-    HWND found = nullptr;
-    EnumThreadWindows(thread, takeBox, reinterpret_cast<LPARAM>(&found));
-    return found;
-}
-
-bool hasKeyboard(HWND box) {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof info;
-    return GetForegroundWindow() == box &&
-           GetGUIThreadInfo(GetWindowThreadProcessId(box, nullptr), &info) != FALSE &&
-           IsChild(box, info.hwndFocus) != FALSE;
-}
-
-/// An error that nothing handles, and what happens while it is shown, on a thread of its own: ours is in the
-/// box. Closes the box afterwards if it is still there.
+/// An error that nothing handles, and what happens beside the box that shows it.
 void showError(const std::function<void(HWND box)>& meanwhile) {
-    std::thread user([&meanwhile, thread = GetCurrentThreadId()] {
-        HWND box = nullptr;
-        if (comes([&] { return (box = boxOf(thread)) != nullptr; }))
-            meanwhile(box);
-        PostMessageA(box, WM_COMMAND, IDOK, 0);
-    });
-    CHECK_THROWS_AS(runtime::guarded([] { throw runtime::RuntimeError(runtime::ErrorNumber::typeMismatch); }),
-                    contract::EndedByError);
-    user.join();
-}
-
-LRESULT ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-    DWORD_PTR answer = 0;
-    constexpr UINT longest = 3'000; // milliseconds
-    if (SendMessageTimeoutA(window, message, wParam, lParam, SMTO_NORMAL, longest, &answer) == 0)
-        return -1;
-    return static_cast<LRESULT>(answer);
+    contract::withUser(
+        contract::dialogClass,
+        [] {
+            CHECK_THROWS_AS(
+                runtime::guarded([] { throw runtime::RuntimeError(runtime::ErrorNumber::typeMismatch); }),
+                contract::EndedByError);
+        },
+        meanwhile);
 }
 
 /// A dialog with a field and a button.
@@ -148,22 +103,9 @@ class Counter {
 
 /// Whether the box comes in front, and an Enter of the user's closes it.
 void checkKeyboard(const char* over) {
-    bool inFront = false;
     bool closed = false;
-    showError([&](HWND box) {
-        inFront = comes([box] { return hasKeyboard(box); });
-        const platform::KeyStroke enter{.key = platform::Key::enter};
-        closed = comes([&, asked = ULONGLONG{0}]() mutable {
-            constexpr ULONGLONG again = 1'000; // milliseconds
-            if (IsWindow(box) != FALSE && GetTickCount64() - asked > again) {
-                platform::sendKeys({&enter, 1}, false);
-                asked = GetTickCount64();
-            }
-            return IsWindow(box) == FALSE;
-        });
-    });
+    showError([&](HWND box) { closed = contract::closeBy(box, platform::Key::enter); });
     INFO("over ", over);
-    CHECK(inFront);
     CHECK(closed);
 }
 
