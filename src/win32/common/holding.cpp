@@ -2,6 +2,7 @@
 
 #include "win32/common/joinedHosts.h"
 #include "win32/common/native.h"
+#include "win32/common/ownerWindow.h"
 
 namespace win32 {
 
@@ -14,6 +15,7 @@ struct Known {
 
 struct Held {
     const forms::Form* modal; ///< none for a dialog of the system
+    HWND owner;               ///< of a dialog of the system: a form's window, or one that holds it
     std::vector<HWND> windows;
 };
 
@@ -30,8 +32,11 @@ std::vector<Held>& holders() {
 }
 
 void hold(Held& held, const Known& other) {
+    // Nobody clicks on the hidden window, and it owns dialogs that may come up whatever is held already.
+    if (other.form == held.modal || other.window == held.owner || other.window == ownerWindow())
+        return;
     // Hosted forms are held by isHeld.
-    if (other.form == held.modal || !other.form->activates || IsWindowEnabled(other.window) == FALSE)
+    if (!other.form->activates || IsWindowEnabled(other.window) == FALSE)
         return;
     EnableWindow(other.window, FALSE);
     held.windows.push_back(other.window);
@@ -45,8 +50,8 @@ void release(Held& held) {
     held.windows.clear();
 }
 
-void holdOthers(const forms::Form* modal) {
-    holders().push_back({modal, {}});
+void holdOthers(const forms::Form* modal, HWND owner) {
+    holders().push_back({modal, owner, {}});
     for (const Known& other : known())
         hold(holders().back(), other);
 }
@@ -81,13 +86,13 @@ bool isHeld(const forms::Form& form) {
     return !holders().empty() && holders().back().modal != &form;
 }
 
-Hold::Hold() {
+Hold::Hold(HWND owner) {
     partFromSilentHosts(); // the dialog comes up by itself
-    holdOthers(nullptr);
+    holdOthers(nullptr, owner == nullptr ? nullptr : GetAncestor(owner, GA_ROOT));
 }
 
 Hold::Hold(forms::Form& form) {
-    holdOthers(&form);
+    holdOthers(&form, nullptr);
     // One that was made while another form was modal has been held from the start.
     const HWND window = native(form.hWnd());
     for (Held& held : holders())

@@ -26,8 +26,10 @@ bool isHeld(const forms::Form& form);
 /// Holds forms from its making to its end.
 class Hold {
   public:
-    /// All forms, for a dialog of the system.
-    Hold();
+    /// All forms but the one that the owner stands in, for a dialog of the system: that one the dialog
+    /// disables by itself and enables before it goes. Found disabled it would be left so, and while the
+    /// dialog goes none of our windows could come in front: the system would choose another program's.
+    explicit Hold(HWND owner);
     /// All but this one, which is modal from now on: it hears the user even if it was held itself.
     explicit Hold(forms::Form& form);
     ~Hold();

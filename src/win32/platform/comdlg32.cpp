@@ -32,7 +32,7 @@ int show(BOOL(WINAPI* dialog)(LPOPENFILENAMEA), platform::OPENFILENAMEA& record)
     made.Flags = record.Flags;
     made.lpstrDefExt = record.lpstrDefExt;
     const win32::FocusKeeper keeper;
-    const win32::Hold hold;
+    const win32::Hold hold(made.hwndOwner);
     return dialog(&made);
 }
 

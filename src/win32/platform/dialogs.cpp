@@ -68,8 +68,9 @@ namespace platform {
 
 int msgBox(std::string_view text, int style, std::string_view title) {
     const win32::FocusKeeper keeper;
-    const win32::Hold hold;
-    return MessageBoxA(win32::ownerWindow(), std::string(text).c_str(), std::string(title).c_str(),
+    const ::HWND owner = win32::ownerWindow();
+    const win32::Hold hold(owner);
+    return MessageBoxA(owner, std::string(text).c_str(), std::string(title).c_str(),
                        static_cast<UINT>(style) | MB_SETFOREGROUND);
 }
 

@@ -2,6 +2,8 @@
 
 #include "platform/codePage.h"
 #include "platform/shell32.h"
+#include "win32/common/focusKeeper.h"
+#include "win32/common/holding.h"
 #include "win32/platform/hosts.h"
 
 #include <algorithm>
@@ -16,6 +18,8 @@ int callIconChooser(IconChooser choose, HWND owner, std::string& file, std::int3
     const std::u16string start = platform::toUtf16(hostAnswers(file) ? file : std::string());
     std::copy_n(start.begin(), std::min(start.size(), buffer.size() - 1), buffer.begin());
     int chosen = index;
+    const FocusKeeper keeper;
+    const Hold hold(owner);
     const int result =
         choose(owner, reinterpret_cast<wchar_t*>(buffer.data()), static_cast<UINT>(buffer.size()), &chosen);
     if (result == platform::iconPicked) {

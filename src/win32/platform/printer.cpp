@@ -42,7 +42,7 @@ class Job {
         document.cbSize = sizeof document;
         document.lpszDocName = "Kestrel";
         // A printer that writes a file asks for its name.
-        const win32::Hold hold;
+        const win32::Hold hold(nullptr);
         if (font_ == nullptr || StartDocA(dc_, &document) <= 0) {
             release();
             fail();

@@ -1,7 +1,6 @@
 #include "platform/shell32.h"
 
 #include "runtime/text.h"
-#include "win32/common/holding.h"
 #include "win32/common/native.h"
 #include "win32/platform/hosts.h"
 #include "win32/platform/iconChooser.h"
@@ -104,7 +103,6 @@ int PickIconDlg(HWND owner, std::string& file, std::int32_t& index) {
     win32::IconChooser choose = nullptr;
     static_assert(sizeof choose == sizeof found);
     std::memcpy(&choose, &found, sizeof choose);
-    const win32::Hold hold;
     return win32::callIconChooser(choose, win32::native(owner), file, index);
 }
 

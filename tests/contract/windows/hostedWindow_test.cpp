@@ -114,7 +114,7 @@ TEST_CASE("a hosted form that a dialog holds eats the clicks and stays enabled, 
                             MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN));
     };
     {
-        const win32::Hold hold;
+        const win32::Hold hold(nullptr);
         CHECK(click(form.bar) == MA_NOACTIVATEANDEAT);
         CHECK(click(form.frame) == MA_NOACTIVATEANDEAT);
         CHECK(IsWindowEnabled(native(form)));

@@ -1,0 +1,238 @@
+// Dialogs of the system over our windows and a host's: their owner is not disabled when they come, and when
+// they have gone the keyboard is where it was.
+#include "contract/windows/beside.h"
+#include "contract/world.h"
+#include "forms/form.h"
+#include "forms/mainForm.h"
+#include "forms/textBox.h"
+#include "platform/comdlg32.h"
+#include "platform/dialogs.h"
+#include "platform/keySender.h"
+#include "platform/user32.h"
+#include "win32/common/holding.h"
+#include "win32/common/native.h"
+#include "win32/platform/iconChooser.h"
+
+#include <doctest/doctest.h>
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <commdlg.h>
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+using contract::World;
+using platform::Key;
+
+/// The program's hidden window, which owns its message boxes.
+class MainForm : public forms::Form {
+  public:
+    MainForm() {
+        forms::mainForm = this;
+        borderStyle = forms::BorderStyle::none;
+        showInTaskbar = false;
+        load();
+    }
+    ~MainForm() override { forms::mainForm = nullptr; }
+    MainForm(const MainForm&) = delete;
+    MainForm& operator=(const MainForm&) = delete;
+};
+
+/// A modal form of ours in which the user is in the second field.
+class Dialog : public forms::Form {
+  public:
+    Dialog() {
+        setClientSize(4500, 1800);
+        first.place(*this, {150, 150, 3000, 300});
+        second.place(*this, {150, 600, 3000, 300});
+    }
+    forms::TextBox first;
+    forms::TextBox second;
+};
+
+/// A toolbar's form in a host's window.
+class Guest : public forms::Form {
+  public:
+    explicit Guest(platform::HWND host) {
+        borderStyle = forms::BorderStyle::sizableToolWindow;
+        showInTaskbar = false;
+        activates = false;
+        setClientSize(1800, 300);
+        show();
+        platform::SetParent(hWnd(), host);
+    }
+};
+
+/// Looks how a window comes to be disabled.
+class Disabling {
+  public:
+    Disabling(HWND window, HWND other) : window_(window), other_(other) {
+        SetWindowSubclass(window_, hear, 3, reinterpret_cast<DWORD_PTR>(this));
+    }
+    ~Disabling() { RemoveWindowSubclass(window_, hear, 3); }
+    Disabling(const Disabling&) = delete;
+    Disabling& operator=(const Disabling&) = delete;
+
+    int count = 0;
+    bool otherWasHeld = false; ///< the last time
+
+  private:
+    static LRESULT CALLBACK hear(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR /*id*/,
+                                 DWORD_PTR disabling) {
+        auto& self = *reinterpret_cast<Disabling*>(disabling);
+        if (message == WM_ENABLE && wParam == FALSE) {
+            ++self.count;
+            self.otherWasHeld = IsWindowEnabled(self.other_) == FALSE;
+        }
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
+
+    HWND window_;
+    HWND other_;
+};
+
+int WINAPI choosingDialog(HWND owner, wchar_t* /*file*/, UINT /*size*/, int* /*index*/) {
+    return MessageBoxA(owner, "Which icon?", "Chooser", MB_OKCANCEL) == IDOK ? 1 : 0;
+}
+
+constexpr std::string_view messageBox = "message box";
+
+/// A dialog of the system, as the program calls it. A message box has its own owner.
+struct Call {
+    std::string_view name;
+    std::function<void(platform::HWND owner)> show;
+};
+
+std::vector<Call> calls(const World& world) {
+    const auto fileDialog = [folder = world.path("")](platform::HWND owner,
+                                                      int (*show)(platform::OPENFILENAMEA&)) {
+        std::string name = "a.txt";
+        name.resize(MAX_PATH);
+        platform::OPENFILENAMEA record;
+        record.lStructSize = platform::fileDialogRecordSize;
+        record.hwndOwner = owner;
+        record.lpstrFilter = "All\0*.*\0";
+        record.nFilterIndex = 1;
+        record.lpstrFile = name.data();
+        record.nMaxFile = MAX_PATH;
+        record.lpstrInitialDir = folder.c_str();
+        record.lpstrTitle = "Which file?";
+        record.lpstrDefExt = "";
+        record.Flags = OFN_NOCHANGEDIR; // the folder is to be removed
+        show(record);
+    };
+    return {
+        {messageBox, [](platform::HWND /*owner*/) { platform::msgBox("Text", 0, "Title"); }},
+        {"open a file", [=](platform::HWND owner) { fileDialog(owner, platform::GetOpenFileNameA); }},
+        {"save a file", [=](platform::HWND owner) { fileDialog(owner, platform::GetSaveFileNameA); }},
+        {"icon chooser",
+         [](platform::HWND owner) {
+             std::string file;
+             std::int32_t index = 0;
+             win32::callIconChooser(choosingDialog, win32::native(owner), file, index);
+         }},
+    };
+}
+
+/// Lets the user close the dialog by Enter and by Esc, and looks where the keyboard is then.
+void closeBothWays(const Call& call, platform::HWND owner, platform::HWND front,
+                   const std::function<std::string()>& text) {
+    for (const Key key : {Key::enter, Key::escape}) {
+        CAPTURE(std::string(call.name));
+        CAPTURE(static_cast<int>(key));
+        REQUIRE(World::until([front] { return World::foreground() == front; }));
+        bool closed = false;
+        contract::withUser(
+            contract::dialogClass, [&] { call.show(owner); },
+            [&](HWND dialog) { closed = contract::closeBy(dialog, key); });
+        CHECK(closed);
+        CHECK(World::foreground() == front);
+        CHECK(IsWindowEnabled(win32::native(front)));
+        const std::string before = text();
+        const platform::KeyStroke typed{.character = 'x'};
+        platform::sendKeys({&typed, 1}, false);
+        CHECK(World::until([&] { return text() == before + "x"; }));
+    }
+}
+
+} // namespace
+
+TEST_SUITE_BEGIN("contract/windows/systemDialogs");
+
+TEST_CASE("a dialog of the system finds its owner enabled, and disables it by itself") {
+    World world;
+    world.writeFile(world.path("a.txt"), "");
+    MainForm main;
+    for (const Call& call : calls(world)) {
+        CAPTURE(std::string(call.name));
+        Dialog dialog;
+        dialog.show();
+        // Younger than the others: of all forms that are held it is the last.
+        Dialog bystander;
+        bystander.show();
+        const HWND owner = win32::native(call.name == messageBox ? main.hWnd() : dialog.hWnd());
+        const Disabling disabling(owner, win32::native(bystander.hWnd()));
+        contract::withUser(
+            contract::dialogClass, [&] { call.show(dialog.hWnd()); },
+            [](HWND box) { contract::closeBy(box, Key::enter); });
+        CHECK(disabling.count == 1);
+        CHECK(disabling.otherWasHeld);
+        for (forms::Form* form : {static_cast<forms::Form*>(&main), static_cast<forms::Form*>(&dialog),
+                                  static_cast<forms::Form*>(&bystander)})
+            CHECK(IsWindowEnabled(win32::native(form->hWnd())));
+    }
+}
+
+TEST_CASE("a message box finds its owner enabled under a modal form too") {
+    const World world;
+    MainForm main;
+    Dialog dialog;
+    dialog.show();
+    const win32::Hold modal(dialog);
+    CHECK(IsWindowEnabled(win32::native(main.hWnd())));
+    const Disabling disabling(win32::native(main.hWnd()), win32::native(dialog.hWnd()));
+    contract::withUser(
+        contract::dialogClass, [] { platform::msgBox("Text", 0, "Title"); },
+        [](HWND box) { contract::closeBy(box, Key::enter); });
+    CHECK(disabling.count == 1);
+    CHECK(disabling.otherWasHeld);
+    CHECK(IsWindowEnabled(win32::native(dialog.hWnd())));
+}
+
+TEST_CASE(
+    "a dialog of the system over a modal form of ours gives the keyboard back to the field that had it") {
+    World world;
+    world.writeFile(world.path("a.txt"), "");
+    MainForm main;
+    for (const Call& call : calls(world)) {
+        Dialog dialog;
+        dialog.show();
+        const win32::Hold modal(dialog);
+        world.typeInto(dialog.second, "a");
+        REQUIRE(World::until([&] { return dialog.second.text() == "a"; }));
+        closeBothWays(call, dialog.hWnd(), dialog.hWnd(), [&] { return dialog.second.text(); });
+    }
+}
+
+TEST_CASE("a dialog of the system over a host gives the keyboard back to the host's field") {
+    World world;
+    world.writeFile(world.path("a.txt"), "");
+    MainForm main;
+    for (const Call& call : calls(world)) {
+        const platform::HWND editor = world.openEditor();
+        Guest guest(editor);
+        closeBothWays(call, guest.hWnd(), editor, [&] { return world.editorText(editor); });
+        CHECK(World::until([editor] { return IsWindowEnabled(win32::native(editor)) != FALSE; }));
+        guest.unload();
+        world.closeWindow(editor);
+    }
+}
+
+TEST_SUITE_END();
