@@ -1,24 +1,74 @@
 #include "win32/common/focusKeeper.h"
 
 #include "win32/common/native.h"
+#include "win32/common/userWindow.h"
 #include "win32/common/windowChanges.h"
+
+#include <utility>
 
 namespace win32 {
 
-FocusKeeper::FocusKeeper() : front_(GetForegroundWindow()) {
+namespace {
+
+FocusKeeper* innermost = nullptr;
+KeyboardPlace owed;
+
+bool isOurs(HWND window) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    return process == GetCurrentProcessId();
+}
+
+} // namespace
+
+bool KeyboardPlace::give() const {
+    if (!answers(front))
+        return false;
+    activateWindow(front);
+    // The input of a host is joined with ours, so that the focus inside it can be set from here.
+    if (focus != nullptr && IsWindow(focus) != FALSE)
+        focusWindow(focus);
+    return true;
+}
+
+FocusKeeper::FocusKeeper() : place_{userWindow(), nullptr}, outer_(innermost) {
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
-    if (GetGUIThreadInfo(GetWindowThreadProcessId(front_, nullptr), &info) != FALSE)
-        focus_ = info.hwndFocus;
+    GetGUIThreadInfo(GetWindowThreadProcessId(place_.front, nullptr), &info);
+    // A host and we share one focus: it may have gone into a window of ours already, for a keeper before this
+    // one.
+    if (info.hwndFocus == place_.front || IsChild(place_.front, info.hwndFocus) != FALSE)
+        place_.focus = info.hwndFocus;
+    else if (outer_ != nullptr && outer_->place_.front == place_.front)
+        place_.focus = outer_->place_.focus;
+    innermost = this;
 }
 
 FocusKeeper::~FocusKeeper() {
-    if (front_ == nullptr || IsWindow(front_) == FALSE || !answers(front_))
+    // A form may go that another one has come up over.
+    FocusKeeper** link = &innermost;
+    while (*link != this)
+        link = &(*link)->outer_;
+    *link = outer_;
+    if (dismissed_)
         return;
-    activateWindow(front_);
-    // The input of a host is joined with ours, so that the focus inside it can be set from here.
-    if (focus_ != nullptr && IsWindow(focus_) != FALSE)
-        focusWindow(focus_);
+    if (IsWindowVisible(place_.front) == FALSE)
+        place_ = {userWindow(), nullptr};
+    owed = place_.front == nullptr || place_.give() ? KeyboardPlace{} : place_;
+}
+
+void FocusKeeper::leaveAll() {
+    if (!isOurs(GetForegroundWindow()))
+        return;
+    for (const FocusKeeper* keeper = innermost; keeper != nullptr; keeper = keeper->outer_)
+        if (IsWindow(keeper->place_.front) != FALSE && !isOurs(keeper->place_.front)) {
+            (void)keeper->place_.give();
+            return;
+        }
+}
+
+KeyboardPlace takeOwedKeyboard() {
+    return std::exchange(owed, {});
 }
 
 } // namespace win32

@@ -1,24 +1,43 @@
-// Gives the keyboard back to whom it belonged before a dialog of ours took it.
+// Gives the keyboard back to whom it belonged before a dialog or a menu of ours took it.
 #pragma once
 
 #include <windows.h>
 
 namespace win32 {
 
+/// Where the user's keys go: a top-level window and, in it, the one that has the focus.
+struct KeyboardPlace {
+    HWND front = nullptr;
+    HWND focus = nullptr;
+
+    /// Brings the keyboard there. False, with nothing done, if that window does not answer.
+    bool give() const;
+};
+
 class FocusKeeper {
   public:
-    /// Remembers the window in front and, in it, the one that has the focus.
+    /// Remembers the window that the user works in and, in it, the one that has the focus.
     FocusKeeper();
-    /// Gives it back.
+    /// Gives it back. Where that window has gone, the one that the user worked in before it gets the
+    /// keyboard.
     ~FocusKeeper();
     /// The user has chosen another window: nothing is to be given back.
-    void dismiss() { front_ = nullptr; }
+    void dismiss() { dismissed_ = true; }
+    /// The program is about to end, whatever is open: if the keyboard is with one of its windows, the user
+    /// gets it back where he was before.
+    static void leaveAll();
     FocusKeeper(const FocusKeeper&) = delete;
     FocusKeeper& operator=(const FocusKeeper&) = delete;
 
   private:
-    HWND front_;
-    HWND focus_ = nullptr;
+    KeyboardPlace place_;
+    FocusKeeper* outer_; ///< made before this one and still there
+    bool dismissed_ = false;
 };
+
+/// What the last keeper could not give back since its window did not answer, for whoever can wait for that.
+/// It is told once, and not after another message has been served: then the user may be elsewhere. Without a
+/// window if there is none.
+KeyboardPlace takeOwedKeyboard();
 
 } // namespace win32

@@ -2,6 +2,7 @@
 #include "win32/common/focusKeeper.h"
 #include "win32/common/holding.h"
 #include "win32/common/ownerWindow.h"
+#include "win32/common/userWindow.h"
 #include "win32/common/windowChanges.h"
 #include "win32/forms/containerPeer.h"
 #include "win32/forms/dialogKeys.h"
@@ -73,6 +74,7 @@ class FormPeer : public ContainerPeer {
         ChangeWindowMessageFilterEx(handle(), taskbarCreated(), MSGFLT_ALLOW, nullptr);
         known_ = handle();
         windowMade(known_, form);
+        followUser();
         placed_ = place();
         reportSize();
     }

@@ -3,6 +3,7 @@
 
 #include "forms/form.h"
 #include "forms/menu.h"
+#include "win32/common/focusKeeper.h"
 #include "win32/common/native.h"
 #include "win32/common/windowChanges.h"
 
@@ -25,6 +26,7 @@ void popUp(Form& owner, Menu& menu) {
     POINT mouse{};
     GetCursorPos(&mouse);
     const HWND window = win32::native(owner.window());
+    win32::FocusKeeper keeper;
     // Without these two the menu would not close on a click elsewhere.
     win32::activateWindow(window);
     const BOOL chosen = TrackPopupMenu(shown, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, mouse.x,
@@ -34,6 +36,10 @@ void popUp(Form& owner, Menu& menu) {
     open = false;
     if (chosen > 0)
         menu.choose(menu.items[static_cast<std::size_t>(chosen) - firstId].index);
+    // Given back only now: what the entry has started or shown may come in front because we are. It may have
+    // done so, or the user may have clicked elsewhere.
+    if (const HWND front = GetForegroundWindow(); front != window && IsWindowVisible(front) != FALSE)
+        keeper.dismiss();
 }
 
 } // namespace forms

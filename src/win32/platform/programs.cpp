@@ -3,6 +3,7 @@
 #include "platform/user32.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
+#include "win32/common/focusKeeper.h"
 #include "win32/common/native.h"
 #include "win32/platform/hosts.h"
 #include "win32/platform/opening.h"
@@ -163,6 +164,7 @@ bool previousInstance() {
 }
 
 void endProgram() {
+    win32::FocusKeeper::leaveAll();
     ExitProcess(0);
 }
 

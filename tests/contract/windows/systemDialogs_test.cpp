@@ -1,9 +1,11 @@
-// Dialogs of the system over our windows and a host's: their owner is not disabled when they come, and when
-// they have gone the keyboard is where it was.
+// Dialogs and menus of the system over our windows and a host's: their owner is not disabled when they come,
+// and when they have gone the keyboard is where it was.
 #include "contract/windows/beside.h"
 #include "contract/world.h"
 #include "forms/form.h"
 #include "forms/mainForm.h"
+#include "forms/menu.h"
+#include "forms/peer.h"
 #include "forms/textBox.h"
 #include "platform/comdlg32.h"
 #include "platform/dialogs.h"
@@ -11,6 +13,7 @@
 #include "platform/user32.h"
 #include "win32/common/holding.h"
 #include "win32/common/native.h"
+#include "win32/common/userWindow.h"
 #include "win32/platform/iconChooser.h"
 
 #include <doctest/doctest.h>
@@ -162,6 +165,30 @@ void closeBothWays(const Call& call, platform::HWND owner, platform::HWND front,
     }
 }
 
+void checkMenu(World& world, const std::vector<Key>& keys, int chosen) {
+    MainForm main;
+    const platform::HWND editor = world.openEditor();
+    const Guest guest(editor);
+    forms::Menu menu;
+    menu.items = {{0, "&Info"}, {1, "&Exit"}};
+    int choice = -1;
+    menu.onClick = [&](int index) { choice = index; };
+    contract::withUser(
+        contract::menuClass, [&] { forms::popUp(main, menu); },
+        [&](HWND window) {
+            for (const Key key : keys) {
+                const platform::KeyStroke stroke{.key = key};
+                platform::sendKeys({&stroke, 1}, false);
+            }
+            contract::comes([window] { return IsWindowVisible(window) == FALSE; });
+        });
+    CHECK(choice == chosen);
+    CHECK(World::foreground() == editor);
+    const platform::KeyStroke typed{.character = 'x'};
+    platform::sendKeys({&typed, 1}, false);
+    CHECK(World::until([&] { return world.editorText(editor) == "x"; }));
+}
+
 } // namespace
 
 TEST_SUITE_BEGIN("contract/windows/systemDialogs");
@@ -233,6 +260,51 @@ TEST_CASE("a dialog of the system over a host gives the keyboard back to the hos
         guest.unload();
         world.closeWindow(editor);
     }
+}
+
+TEST_CASE("a menu that is left by Esc gives the keyboard back") {
+    World world;
+    checkMenu(world, {Key::escape}, -1);
+}
+
+TEST_CASE("a menu whose entry opens nothing gives the keyboard back") {
+    World world;
+    checkMenu(world, {Key::down, Key::down, Key::enter}, 1);
+}
+
+TEST_CASE("a hidden window of ours that is in front is not where the user was") {
+    World world;
+    MainForm main;
+    const platform::HWND editor = world.openEditor();
+    const Guest guest(editor);
+    REQUIRE(World::until([&] { return win32::userWindow() == win32::native(editor); }));
+    SetForegroundWindow(win32::native(main.hWnd()));
+    REQUIRE(World::until([&] { return World::foreground() == main.hWnd(); }));
+    CHECK(win32::userWindow() == win32::native(editor));
+    contract::withUser(
+        contract::dialogClass, [] { platform::msgBox("Text", 0, "Title"); },
+        [](HWND box) { contract::closeBy(box, Key::enter); });
+    CHECK(World::foreground() == editor);
+}
+
+TEST_CASE("the task bar in front is not where the user was") {
+    World world;
+    const platform::HWND editor = world.openEditor();
+    const Guest guest(editor);
+    REQUIRE(World::until([&] { return win32::userWindow() == win32::native(editor); }));
+    WNDCLASSA description{};
+    description.lpfnWndProc = DefWindowProcA;
+    description.lpszClassName = "Shell_TrayWnd";
+    RegisterClassA(&description);
+    const HWND bar = CreateWindowExA(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, "Shell_TrayWnd", "", WS_POPUP, 0, 0,
+                                     300, 30, nullptr, nullptr, nullptr, nullptr);
+    ShowWindow(bar, SW_SHOWNOACTIVATE);
+    CHECK(World::until([bar] {
+        SetForegroundWindow(bar);
+        return GetForegroundWindow() == bar;
+    }));
+    CHECK(win32::userWindow() == win32::native(editor));
+    DestroyWindow(bar);
 }
 
 TEST_SUITE_END();

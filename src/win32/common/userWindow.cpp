@@ -1,0 +1,63 @@
+#include "win32/common/userWindow.h"
+
+#include <algorithm>
+#include <array>
+
+namespace win32 {
+
+namespace {
+
+/// Windows that the user has worked in, the last one first. As many as he is likely to close in a row.
+std::array<HWND, 16> past{};
+
+DWORD processOf(HWND window) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    return process;
+}
+
+/// The task bar and what opens from it: they are the shell's and stay on top, which its folders do not.
+bool isTaskBar(HWND window) {
+    const HWND bar = FindWindowA("Shell_TrayWnd", nullptr);
+    return bar != nullptr && (GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0 &&
+           processOf(window) == processOf(bar);
+}
+
+bool isThere(HWND window) {
+    return IsWindowVisible(window) != FALSE && IsIconic(window) == FALSE;
+}
+
+bool isUsers(HWND window) {
+    return isThere(window) && !isTaskBar(window);
+}
+
+void CALLBACK cameToFront(HWINEVENTHOOK /*hook*/, DWORD /*event*/, HWND window, LONG /*object*/,
+                          LONG /*child*/, DWORD /*thread*/, DWORD /*time*/) {
+    if (!isUsers(window))
+        return;
+    const auto place = std::find(past.begin(), past.end() - 1, window);
+    *place = window;
+    std::rotate(past.begin(), place, place + 1);
+}
+
+} // namespace
+
+void followUser() {
+    static const HWINEVENTHOOK hook = [] {
+        cameToFront(nullptr, 0, GetForegroundWindow(), 0, 0, 0, 0);
+        // It is told through this thread's messages and lasts as long as the thread.
+        return SetWinEventHook(EVENT_SYSTEM_FOREGROUND, EVENT_SYSTEM_FOREGROUND, nullptr, cameToFront, 0, 0,
+                               WINEVENT_OUTOFCONTEXT);
+    }();
+    (void)hook;
+}
+
+HWND userWindow() {
+    const HWND front = GetForegroundWindow();
+    if (front != nullptr && isUsers(front))
+        return front;
+    const auto* const last = std::find_if(past.begin(), past.end(), isThere);
+    return last == past.end() ? nullptr : *last;
+}
+
+} // namespace win32
