@@ -1,8 +1,11 @@
 #include "win32/common/messages.h"
 
+#include "win32/common/focusKeeper.h"
+
 namespace win32 {
 
 void serve(MSG& message) {
+    (void)takeOwedKeyboard();
     if (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST && doneAsDialogKey(message))
         return;
     TranslateMessage(&message);

@@ -1,6 +1,7 @@
 // Injects key strokes: one batch for a text, so that nothing the user types gets between.
 #include "platform/keySender.h"
 
+#include "win32/common/focusKeeper.h"
 #include "win32/common/messages.h"
 
 #include <windows.h>
@@ -127,13 +128,29 @@ void addStroke(Inputs& inputs, const KeyStroke& stroke, std::u16string& text) {
             addKey(inputs, modifier.key, true);
 }
 
+/// Milliseconds that a host is waited for: longer than EAGLE redraws a board after a command, so that what is
+/// typed next finds it ready, and well below the 5 s after which the system tells a program that hangs from
+/// one that is busy.
+constexpr DWORD longest = 2000;
+
+/// Between two looks at our own messages: shorter than the 200 from tick to tick.
+constexpr UINT slice = 50;
+
+/// The dialog that asked for an argument could not give the keyboard back to a host that was busy: it gets it
+/// now, or as soon as it answers. Our own messages are served meanwhile.
+void takeKeyboardBack() {
+    const win32::KeyboardPlace owed = win32::takeOwedKeyboard();
+    if (owed.front == nullptr)
+        return;
+    const DWORD begin = GetTickCount();
+    while (!owed.give() && GetTickCount() - begin < longest) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, slice, QS_ALLINPUT);
+        win32::servePending();
+    }
+}
+
 /// Serves our own messages until the window in front answers, but not for ever.
 void waitUntilProcessed() {
-    // Milliseconds: longer than EAGLE redraws a board after a command, so that what is typed next finds it
-    // ready, and well below the 5 s after which the system tells a program that hangs from one that is busy.
-    constexpr DWORD longest = 2000;
-    // Between two looks at our own messages: shorter than the 200 from tick to tick.
-    constexpr UINT slice = 50;
     const DWORD begin = GetTickCount();
     do {
         win32::servePending();
@@ -149,6 +166,7 @@ void waitUntilProcessed() {
 namespace platform {
 
 void sendKeys(std::span<const KeyStroke> strokes, bool wait) {
+    takeKeyboardBack();
     Inputs inputs;
     inputs.reserve(strokes.size() * 2 + 8);
     releaseModifiers(inputs);

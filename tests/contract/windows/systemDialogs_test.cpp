@@ -11,6 +11,7 @@
 #include "platform/dialogs.h"
 #include "platform/keySender.h"
 #include "platform/user32.h"
+#include "win32/common/focusKeeper.h"
 #include "win32/common/holding.h"
 #include "win32/common/native.h"
 #include "win32/common/userWindow.h"
@@ -25,6 +26,7 @@
 #include <commdlg.h>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -305,6 +307,41 @@ TEST_CASE("the task bar in front is not where the user was") {
     }));
     CHECK(win32::userWindow() == win32::native(editor));
     DestroyWindow(bar);
+}
+
+TEST_CASE("a host that was busy when a dialog of ours went gets the keyboard back before it is typed to") {
+    World world;
+    Dialog dialog; // stays in front
+    dialog.show();
+    const platform::HWND editor = world.openEditor();
+    const Guest guest(editor);
+    std::optional<win32::FocusKeeper> keeper(std::in_place);
+    world.typeInto(dialog.second, "");
+    world.hangOtherProgram(1'200);
+    keeper.reset();
+    REQUIRE(World::foreground() == dialog.hWnd());
+    std::vector<platform::KeyStroke> strokes;
+    for (const char32_t character : std::u32string_view(U"ripup"))
+        strokes.push_back({.character = character});
+    platform::sendKeys(strokes, true);
+    CHECK(World::until([&] { return world.editorText(editor) == "ripup"; }));
+    CHECK(World::foreground() == editor);
+    CHECK(dialog.second.text().empty());
+}
+
+TEST_CASE("what a host was too busy to take back is not pressed on it later") {
+    World world;
+    Dialog dialog;
+    dialog.show();
+    const platform::HWND editor = world.openEditor();
+    std::optional<win32::FocusKeeper> keeper(std::in_place);
+    world.typeInto(dialog.second, "");
+    world.hangOtherProgram(1'200);
+    keeper.reset();
+    PostMessageA(win32::native(dialog.hWnd()), WM_NULL, 0, 0);
+    world.typeInto(dialog.second, "abc");
+    CHECK(World::until([&] { return dialog.second.text() == "abc"; }));
+    CHECK(world.editorText(editor).empty());
 }
 
 TEST_SUITE_END();
