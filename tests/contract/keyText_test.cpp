@@ -67,7 +67,7 @@ TEST_CASE("Enter, repeats and the keys that move and delete do what they are nam
     const Case cases[] = {
         {"window fit{ENTER}", "window fit\r\n"},
         {"a~b{enter}c", "a\r\nb\r\nc"},
-        {"run ulpx{BS}", "run ulp"},
+        {"run ulpx{BS}s", "run ulps"},
         {"abcdef{BACKSPACE 3}x", "abcx"},
         {"{x 5}{- 2}", "xxxxx--"},
         {"ac{LEFT}b", "abc"},
