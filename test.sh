@@ -46,6 +46,8 @@ step 'packages' "$PYTHON" packaging/check-packages.py
 step 'wine' tools/setup-wine.sh
 step 'win32 contract' tools/test-contract.sh i686
 step 'win64 contract' tools/test-contract.sh x86_64
+step 'contract in 932' tools/test-contract.sh i686 ja_JP
+step 'contract in 65001' tools/test-contract.sh i686 hi_IN
 step 'win32 scenes' "$PYTHON" tests/windows/play-all.py win32
 step 'win64 scenes' "$PYTHON" tests/windows/play-all.py win64 mainJob calculator runRequest tray setupDialog controls dialogs hostLife programStart toolbarWindow sessionEnd installer checkKit
 

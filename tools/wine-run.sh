@@ -1,18 +1,20 @@
 #!/usr/bin/env bash
 # Runs a Windows program inside the sandbox. May run any number of times at once.
 #
-#   tools/wine-run.sh [--prefix NAME] [--env NAME=VALUE]... PROGRAM [ARGUMENT]...
+#   tools/wine-run.sh [--prefix NAME] [--locale NAME] [--env NAME=VALUE]... PROGRAM [ARGUMENT]...
 #   tools/wine-run.sh --prefix NAME --server ARGUMENT...   its wineserver: -k ends all, -w waits
 #
 # PROGRAM is a Windows path (C:\...) or a path of this machine inside the project, which is seen inside as
-# /project. Without --prefix the program gets a fresh one, which is removed when it has ended.
+# /project. A locale is the user's, such as de_DE: Wine takes the language of Windows' own dialogs and the code page from
+# it, 932 from ja_JP and 65001 from hi_IN. Without --prefix the program gets a fresh one, which is removed when it has ended.
 set -euo pipefail
 . "$(dirname "$0")/lib.sh"
 
-prefix='' server=false variables=()
+prefix='' locale='' server=false variables=()
 while [ $# -gt 0 ]; do
     case $1 in
         --prefix) prefix=$2 && shift 2 ;;
+        --locale) locale=$2 && shift 2 ;;
         --env) variables+=("$2") && shift 2 ;;
         --server) server=true && shift ;;
         *) break ;;
@@ -27,6 +29,18 @@ if [ -z "$prefix" ]; then
     enter=()
 else
     enter=(exec)
+fi
+
+# The sandbox knows the locale C only. A copy of it under another name is enough for Wine, which goes by the name.
+if [ -n "$locale" ]; then
+    named=$SANDBOX/runs/$prefix/locale/$locale.UTF-8
+    # In one step, since others may be doing the same.
+    if [ ! -d "$named" ]; then
+        mkdir -p "$(dirname "$named")"
+        cp -r "$SANDBOX/usr/lib/locale/C.utf8" "$named.$$"
+        mv -nT "$named.$$" "$named"
+    fi
+    variables+=("LOCPATH=/runs/$prefix/locale" "LC_ALL=$locale.UTF-8")
 fi
 
 if $server; then

@@ -46,6 +46,9 @@ TEST_CASE("the settings-file operations do what the table says") {
     const auto rows = contract::readProfileTable(world.dataFile("profile.tsv"));
     CHECK(rows.size() == 97);
     for (const contract::ProfileCase& row : rows) {
+        // Texts of another code page are none here.
+        if (platform::toAnsi(platform::toUtf16(row.expected.text)) != row.expected.text)
+            continue;
         // A row that Wine has learnt fails here, and its mark in the table has had its day.
         const contract::ProfileOutcome& expected =
             contract::worldKind() == contract::WorldKind::wine ? row.wine : row.expected;

@@ -153,8 +153,8 @@ class TextBoxPeer : public WindowPeer {
 
     /// One character: both halves of one or none.
     LRESULT insert(const std::u16string& units, LPARAM lParam) {
-        const std::size_t room = box_.maxLength > 0 ? static_cast<std::size_t>(box_.maxLength) : units.size();
-        if (units.size() > 1 && wideText().size() + units.size() > room + selectedUnits())
+        const auto room = static_cast<std::size_t>(box_.maxLength) + selectedUnits();
+        if (units.size() > 1 && box_.maxLength > 0 && wideText().size() + units.size() > room)
             return 0;
         LRESULT result = 0;
         for (std::size_t at = 0; at < units.size(); ++at) {

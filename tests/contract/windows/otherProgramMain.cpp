@@ -70,9 +70,9 @@ std::string openGhost(std::istringstream& words) {
 
 std::string openEditor() {
     const HWND made = makeWindow("Editor", {60, 60, 660, 360}, 0);
-    CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL, 0, 0,
+    CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL, 0, 0,
                     580, 260, made, reinterpret_cast<HMENU>(static_cast<INT_PTR>(editorId)),
-                    GetModuleHandleA(nullptr), nullptr);
+                    GetModuleHandleW(nullptr), nullptr);
     ShowWindow(made, SW_SHOW);
     SetForegroundWindow(made);
     return answerOf(made);
@@ -195,9 +195,9 @@ int otherProgramMain() {
                                           GetModuleHandleA(nullptr), nullptr);
     std::thread(takeOrders, receiver).detach();
     MSG message;
-    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
         TranslateMessage(&message);
-        DispatchMessageA(&message);
+        DispatchMessageW(&message);
     }
     return 0;
 }

@@ -16,7 +16,7 @@ def _wine_prefix(*arguments):
 
 class Prefix:
     """Use it in a with statement: at its end all that runs in the prefix is ended and the prefix removed. `locale` is the
-    user's, such as de_DE: it is the language of Windows' own dialogs. `channel` is one of Wine's own, such as htmlhelp, to
+    user's, such as de_DE: it is the language of Windows' own dialogs, and the code page is its. `channel` is one of Wine's own, such as htmlhelp, to
     be listened to: what it says stands in the file `heard`. `registry` are settings of the user's, {key: {name: value}}."""
 
     def __init__(self, display, locale=None, channel=None, registry=None):
@@ -24,15 +24,9 @@ class Prefix:
         self.name = _wine_prefix("make")
         self.drive = Path(_wine_prefix("folder", self.name))
         self._register(registry or {})
-        self._variables = self._locale(locale) if locale else []
+        self._options = ["--locale", locale] if locale else []
         self._channel = channel
         self.heard = self.drive.parent / "heard.txt"
-
-    def _locale(self, name):
-        """The sandbox knows the locale C only. A copy of it under another name is enough for Wine, which goes by the name."""
-        run, sandbox = self.drive.parent, self.drive.parents[2]
-        shutil.copytree(sandbox / "usr/lib/locale/C.utf8", run / "locale" / f"{name}.UTF-8")
-        return ["--env", f"LOCPATH=/runs/{self.name}/locale", "--env", f"LC_ALL={name}.UTF-8"]
 
     def _register(self, registry):
         """Before anything runs, the user's registry is a text file; what stands last in it holds."""
@@ -58,7 +52,7 @@ class Prefix:
 
     def start(self, program, *arguments, output=subprocess.DEVNULL):
         """Starts a Windows program and does not wait for it. `output` is where what it prints goes."""
-        command = [TOOLS / "wine-run.sh", "--prefix", self.name, *self._variables, program, *arguments]
+        command = [TOOLS / "wine-run.sh", "--prefix", self.name, *self._options, program, *arguments]
         environment = dict(self._display.environment)
         if self._channel:
             environment["WINEDEBUG"] = f"-all,+{self._channel}"
