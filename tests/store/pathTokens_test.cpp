@@ -1,6 +1,8 @@
 #include "store/pathTokens.h"
 
+#include "codePages.h"
 #include "desktop/desktop.h"
+#include "store/settings.h"
 
 #include <doctest/doctest.h>
 
@@ -41,6 +43,24 @@ TEST_CASE("the second token is looked for in what the first has become") {
     const desktop::Session session;
     world().programFolder = "C:\\{eaglepath}";
     CHECK(store::expandTokens("{kestrelpath}\\x") == "C:\\\\x");
+}
+
+TEST_CASE("a folder that has no text but the token is found by it") {
+    const desktop::Session session;
+    world().programFolder = "{kestrelpath}";
+    CHECK(store::expandTokens("{kestrelpath}\\x;{kestrelpath}") == "{kestrelpath}\\x;{kestrelpath}");
+    CHECK(store::setini("s", "k", "v") != 0);
+    CHECK(store::getini("s", "k") == "v");
+    CHECK(world().fileText("{kestrelpath}\\kestrel.ini") == "[s]\r\nk=v\r\n");
+}
+
+TEST_CASE("a token is found by its characters, not by bytes of others") {
+    const desktop::Session session;
+    world().programFolder = "C:\\" + treacherous();
+    const std::string path = treacherous() + "{kestrelpath}\\" + treacherous();
+    CHECK(store::expandTokens(path) == treacherous() + world().programFolder + "\\" + treacherous());
+    if (platform::GetACP() == 932)
+        CHECK(store::expandTokens("\x83{kestrelpath}") == "\x83{kestrelpath}");
 }
 
 TEST_CASE("braces without a token are text") {

@@ -2,9 +2,9 @@
 
 #include "forms/event.h"
 #include "forms/units.h"
-#include "platform/codePage.h"
 #include "runtime/guard.h"
 #include "win32/common/resolution.h"
+#include "win32/common/wide.h"
 #include "win32/common/windowChanges.h"
 #include "win32/forms/containerPeer.h"
 #include "win32/forms/dialogKeys.h"
@@ -22,11 +22,6 @@ namespace {
 
 constexpr UINT_PTR subclassId = 1;
 constexpr int firstChildId = 1000;
-
-std::wstring wide(std::string_view text) {
-    const std::u16string units = platform::toUtf16(text);
-    return {units.begin(), units.end()};
-}
 
 RECT pixelRect(const forms::Control& control) {
     const LONG left = forms::toPixels(control.left());
@@ -89,7 +84,7 @@ void WindowPeer::createChild(const char* className, const std::string& text, DWO
     const RECT place = childPlace();
     const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(nextChildId()));
     // Wide: an edit field of the code page would get some of its letters in pieces, or not at all.
-    adopt(CreateWindowExW(exStyle | WS_EX_NOPARENTNOTIFY, wide(className).c_str(), wide(text).c_str(),
+    adopt(CreateWindowExW(exStyle | WS_EX_NOPARENTNOTIFY, toWide(className).c_str(), toWide(text).c_str(),
                           style | WS_CHILD, place.left, place.top, place.right - place.left,
                           place.bottom - place.top, container->handle(), id, GetModuleHandleW(nullptr),
                           nullptr));
@@ -291,7 +286,7 @@ std::u16string WindowPeer::wideText() const {
 
 void WindowPeer::setWindowText(const std::string& text) {
     if (handle_ != nullptr && windowText() != text)
-        SetWindowTextW(handle_, wide(text).c_str());
+        SetWindowTextW(handle_, toWide(text).c_str());
 }
 
 void WindowPeer::applyFont() {

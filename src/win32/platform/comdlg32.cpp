@@ -4,10 +4,16 @@
 #include "win32/common/holding.h"
 #include "win32/common/native.h"
 #include "win32/common/ownerWindow.h"
+#include "win32/platform/paths.h"
 
 #include <windows.h>
 
 #include <commdlg.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+#include <string_view>
 
 namespace {
 
@@ -18,22 +24,49 @@ HWND ownerFor(HWND owner) {
     return root != nullptr && !win32::answers(root) ? win32::ownerWindow() : owner;
 }
 
-int show(BOOL(WINAPI* dialog)(LPOPENFILENAMEA), platform::OPENFILENAMEA& record) {
-    ::OPENFILENAMEA made{};
+std::string_view textOf(const char* text) {
+    return text == nullptr ? std::string_view() : std::string_view(text);
+}
+
+/// A list of texts, each ended by NUL and the whole by one more.
+std::string_view listOf(const char* list) {
+    const char* end = list;
+    while (end != nullptr && *end != '\0')
+        end += std::strlen(end) + 1;
+    return list == nullptr ? std::string_view() : std::string_view(list, end);
+}
+
+/// The path that was chosen, in the caller's buffer. False if it does not fit there in the code page.
+bool takeOver(const wchar_t* chosen, platform::OPENFILENAMEA& record) {
+    const std::string text = win32::pathText(chosen);
+    if (text.size() >= record.nMaxFile)
+        return false;
+    record.lpstrFile[text.copy(record.lpstrFile, text.size())] = '\0';
+    return true;
+}
+
+int show(BOOL(WINAPI* dialog)(LPOPENFILENAMEW), platform::OPENFILENAMEA& record) {
+    ::OPENFILENAMEW made{};
     // The first version of the record, which the logic states at its 32-bit size.
-    made.lStructSize = OPENFILENAME_SIZE_VERSION_400A;
+    made.lStructSize = OPENFILENAME_SIZE_VERSION_400W;
     made.hwndOwner = ownerFor(win32::native(record.hwndOwner));
-    made.lpstrFilter = record.lpstrFilter;
+    const std::wstring filter = win32::widePath(listOf(record.lpstrFilter));
+    const std::wstring folder = win32::widePath(textOf(record.lpstrInitialDir));
+    const std::wstring title = win32::widePath(textOf(record.lpstrTitle));
+    const std::wstring extension = win32::widePath(textOf(record.lpstrDefExt));
+    std::wstring file = win32::widePath(textOf(record.lpstrFile));
+    file.resize(std::max<std::size_t>(file.size() + 1, record.nMaxFile));
+    made.lpstrFilter = record.lpstrFilter == nullptr ? nullptr : filter.c_str();
     made.nFilterIndex = record.nFilterIndex;
-    made.lpstrFile = record.lpstrFile;
-    made.nMaxFile = record.nMaxFile;
-    made.lpstrInitialDir = record.lpstrInitialDir;
-    made.lpstrTitle = record.lpstrTitle;
+    made.lpstrFile = file.data();
+    made.nMaxFile = static_cast<DWORD>(file.size());
+    made.lpstrInitialDir = record.lpstrInitialDir == nullptr ? nullptr : folder.c_str();
+    made.lpstrTitle = record.lpstrTitle == nullptr ? nullptr : title.c_str();
     made.Flags = record.Flags;
-    made.lpstrDefExt = record.lpstrDefExt;
+    made.lpstrDefExt = record.lpstrDefExt == nullptr ? nullptr : extension.c_str();
     const win32::FocusKeeper keeper;
     const win32::Hold hold(made.hwndOwner);
-    return dialog(&made);
+    return dialog(&made) != FALSE && takeOver(file.c_str(), record) ? 1 : 0;
 }
 
 } // namespace
@@ -41,11 +74,11 @@ int show(BOOL(WINAPI* dialog)(LPOPENFILENAMEA), platform::OPENFILENAMEA& record)
 namespace platform {
 
 int GetOpenFileNameA(OPENFILENAMEA& record) {
-    return show(::GetOpenFileNameA, record);
+    return show(::GetOpenFileNameW, record);
 }
 
 int GetSaveFileNameA(OPENFILENAMEA& record) {
-    return show(::GetSaveFileNameA, record);
+    return show(::GetSaveFileNameW, record);
 }
 
 } // namespace platform

@@ -1,38 +1,29 @@
 #include "platform/executable.h"
 
+#include "runtime/characters.h"
+#include "win32/common/wide.h"
 #include "win32/platform/paths.h"
-
-#include <windows.h>
-
-namespace {
-
-std::string ownPath() {
-    std::string path(win32::longestPath, '\0');
-    path.resize(GetModuleFileNameA(nullptr, path.data(), win32::longestPath));
-    return path;
-}
-
-} // namespace
 
 namespace platform {
 
 const std::string& executableName() {
     static const std::string name = [] {
-        const std::string path = ownPath();
-        const std::string file = path.substr(path.find_last_of('\\') + 1);
-        return file.substr(0, file.find_last_of('.'));
+        const std::wstring& path = win32::ownPath();
+        const std::wstring wide = path.substr(path.find_last_of(L'\\') + 1);
+        std::string file = win32::toText(wide);
+        if (win32::toWide(file) != wide) {
+            const std::string whole = win32::pathText(path);
+            file = whole.substr(runtime::findLastText(whole, "\\") + 1);
+        }
+        // Files are called by it: it must not hold what no file's name does.
+        const bool lost = file.find('?') != std::string::npos;
+        return lost ? std::string("kestrel") : file.substr(0, file.find_last_of('.'));
     }();
     return name;
 }
 
 const std::string& programFolder() {
-    static const std::string folder = [] {
-        const std::string path = ownPath();
-        const std::size_t slash = path.find_last_of('\\');
-        constexpr std::size_t root = 2; // the place of the backslash in a drive root
-        return path.substr(0, slash == root ? root + 1 : slash);
-    }();
-    return folder;
+    return win32::programFolderText();
 }
 
 } // namespace platform

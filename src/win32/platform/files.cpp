@@ -18,15 +18,15 @@ runtime::RuntimeError lastError() {
 /// The bare name of the first plain file that a path matches, none if there is none. Tells whether the path's
 /// host has answered.
 bool findFile(const std::string& path, std::string& name) {
-    WIN32_FIND_DATAA found;
-    const HANDLE search = FindFirstFileA(path.c_str(), &found);
+    WIN32_FIND_DATAW found;
+    const HANDLE search = FindFirstFileW(win32::widePath(path).c_str(), &found);
     if (search == INVALID_HANDLE_VALUE)
         return win32::isAnswer(GetLastError());
     do {
         constexpr DWORD special = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
         if ((found.dwFileAttributes & special) == 0)
-            name = found.cFileName;
-    } while (name.empty() && FindNextFileA(search, &found) != FALSE);
+            name = win32::pathText(found.cFileName);
+    } while (name.empty() && FindNextFileW(search, &found) != FALSE);
     FindClose(search);
     return true;
 }
@@ -37,7 +37,7 @@ namespace platform {
 
 std::string dir(std::string_view path) {
     // The platform takes some characters that no file name holds for wildcards of its own.
-    if (path.empty() || path.find_first_of("<>\"|") != std::string_view::npos)
+    if (path.empty() || win32::widePath(path).find_first_of(L"<>\"|") != std::wstring::npos)
         return {};
     const auto name = std::make_shared<std::string>();
     const bool asked =
@@ -46,14 +46,14 @@ std::string dir(std::string_view path) {
 }
 
 void kill(std::string_view path) {
-    if (DeleteFileA(std::string(path).c_str()) == FALSE)
+    if (DeleteFileW(win32::widePath(path).c_str()) == FALSE)
         throw lastError();
 }
 
 std::string currentDirectory() {
-    std::string folder(win32::longestPath, '\0');
-    folder.resize(GetCurrentDirectoryA(win32::longestPath, folder.data()));
-    return folder;
+    std::wstring folder(win32::longestPath, L'\0');
+    folder.resize(GetCurrentDirectoryW(win32::longestPath, folder.data()));
+    return win32::pathText(folder);
 }
 
 } // namespace platform

@@ -2,6 +2,7 @@
 
 #include "runtime/runtimeError.h"
 #include "win32/common/native.h"
+#include "win32/platform/helpFile.h"
 
 #include <windows.h>
 
@@ -19,7 +20,7 @@ HWND HtmlHelpA(HWND owner, const char* file, std::uint32_t command, std::uintptr
     Viewer show = nullptr;
     static_assert(sizeof show == sizeof found);
     std::memcpy(&show, &found, sizeof show);
-    return win32::neutral(show(win32::native(owner), file, command, data));
+    return win32::neutral(show(win32::native(owner), win32::helpFileForViewer(file).c_str(), command, data));
 }
 
 } // namespace platform

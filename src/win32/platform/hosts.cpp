@@ -1,6 +1,8 @@
 #include "win32/platform/hosts.h"
 
 #include "runtime/text.h"
+#include "win32/common/wide.h"
+#include "win32/platform/paths.h"
 #include "win32/platform/patience.h"
 
 #include <algorithm>
@@ -123,7 +125,9 @@ std::string currentFolder() {
 } // namespace
 
 std::string hostOf(std::string_view path) {
-    std::string plain = runtime::lowerCase(path.starts_with('"') ? path.substr(1) : path);
+    const std::wstring whole = widePath(path.starts_with('"') ? path.substr(1) : path);
+    // What the code page lacks does not count: only the beginning tells.
+    std::string plain = runtime::lowerCase(toText(whole));
     std::ranges::replace(plain, '/', '\\');
     constexpr int letters = 4;
     return hostOfLower(isAbsolute(plain) ? plain : runtime::lowerCase(currentFolder()), letters);
@@ -178,7 +182,7 @@ bool isAnswer(DWORD error) {
 }
 
 bool fileAnswers(const std::string& path) {
-    return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES || isAnswer(GetLastError());
+    return GetFileAttributesW(widePath(path).c_str()) != INVALID_FILE_ATTRIBUTES || isAnswer(GetLastError());
 }
 
 void askForNoMedium() {

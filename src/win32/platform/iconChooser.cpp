@@ -1,10 +1,10 @@
 #include "win32/platform/iconChooser.h"
 
-#include "platform/codePage.h"
 #include "platform/shell32.h"
 #include "win32/common/focusKeeper.h"
 #include "win32/common/holding.h"
 #include "win32/platform/hosts.h"
+#include "win32/platform/paths.h"
 
 #include <algorithm>
 #include <array>
@@ -12,19 +12,18 @@
 namespace win32 {
 
 int callIconChooser(IconChooser choose, HWND owner, std::string& file, std::int32_t& index) {
-    std::array<char16_t, platform::iconPathSize> buffer = {};
+    std::array<wchar_t, platform::iconPathSize> buffer = {};
     // The chooser reads the file on our thread, for as long as a host that does not answer takes. Without a
     // file it begins with icons of its own.
-    const std::u16string start = platform::toUtf16(hostAnswers(file) ? file : std::string());
+    const std::wstring start = widePath(hostAnswers(file) ? file : std::string());
     std::copy_n(start.begin(), std::min(start.size(), buffer.size() - 1), buffer.begin());
     int chosen = index;
     const FocusKeeper keeper;
     const Hold hold(owner);
-    const int result =
-        choose(owner, reinterpret_cast<wchar_t*>(buffer.data()), static_cast<UINT>(buffer.size()), &chosen);
+    const int result = choose(owner, buffer.data(), static_cast<UINT>(buffer.size()), &chosen);
     if (result == platform::iconPicked) {
-        const auto end = std::find(buffer.begin(), buffer.end(), u'\0');
-        file = platform::toAnsi(std::u16string_view(buffer.begin(), end));
+        const auto end = std::find(buffer.begin(), buffer.end(), L'\0');
+        file = pathText({buffer.begin(), end});
         index = chosen;
     }
     return result;

@@ -1,11 +1,17 @@
 #include "platform/kernel32.h"
 
+#include "runtime/characters.h"
+#include "win32/common/wide.h"
+#include "win32/platform/paths.h"
+
 #include <windows.h>
 
 #include <tlhelp32.h>
 
 #include <algorithm>
 #include <iterator>
+#include <string>
+#include <string_view>
 
 namespace {
 
@@ -22,17 +28,47 @@ bool walk(BOOL(WINAPI* step)(HANDLE, LPPROCESSENTRY32), platform::HANDLE snapsho
     return true;
 }
 
+/// An argument of a wide call; null stays null.
+class Wide {
+  public:
+    explicit Wide(const char* text)
+        : null_(text == nullptr), text_(null_ ? std::wstring() : win32::toWide(text)) {}
+    operator const wchar_t*() const { return null_ ? nullptr : text_.c_str(); }
+
+  private:
+    bool null_;
+    std::wstring text_;
+};
+
+/// The value of a key in the code page, cut to what fits with its NUL.
+std::uint32_t copyOut(const std::wstring& value, char* buffer, std::uint32_t size) {
+    if (size == 0)
+        return 0;
+    const std::string text = win32::toText(value);
+    const std::string_view fitting = runtime::cutToSize(text, size - 1);
+    buffer[fitting.copy(buffer, fitting.size())] = '\0';
+    return static_cast<std::uint32_t>(fitting.size());
+}
+
 } // namespace
 
 namespace platform {
 
 std::uint32_t GetPrivateProfileStringA(const char* section, const char* key, const char* defaultValue,
                                        char* buffer, std::uint32_t size, const char* file) {
-    return ::GetPrivateProfileStringA(section, key, defaultValue, buffer, size, file);
+    // The platform's own call wherever the code page will do: its ways with long values and lists stay.
+    if (!win32::holdsStandIn(file))
+        return ::GetPrivateProfileStringA(section, key, defaultValue, buffer, size, file);
+    std::wstring value(size, L'\0');
+    value.resize(::GetPrivateProfileStringW(Wide(section), Wide(key), Wide(defaultValue), value.data(), size,
+                                            win32::widePath(file).c_str()));
+    return copyOut(value, buffer, size);
 }
 
 int WritePrivateProfileStringA(const char* section, const char* key, const char* value, const char* file) {
-    return ::WritePrivateProfileStringA(section, key, value, file);
+    if (!win32::holdsStandIn(file))
+        return ::WritePrivateProfileStringA(section, key, value, file);
+    return ::WritePrivateProfileStringW(Wide(section), Wide(key), Wide(value), win32::widePath(file).c_str());
 }
 
 HANDLE CreateToolhelp32Snapshot(std::uint32_t flags, std::uint32_t processId) {

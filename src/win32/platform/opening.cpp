@@ -1,6 +1,7 @@
 #include "win32/platform/opening.h"
 
 #include "win32/common/native.h"
+#include "win32/platform/paths.h"
 
 #include <windows.h>
 
@@ -11,17 +12,21 @@ namespace win32 {
 
 void open(Opening& opening) {
     const HRESULT prepared = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
-    SHELLEXECUTEINFOA call{};
+    SHELLEXECUTEINFOW call{};
+    const std::wstring verb = widePath(opening.verb);
+    const std::wstring file = widePath(opening.file);
+    const std::wstring parameters = widePath(opening.parameters);
+    const std::wstring folder = widePath(opening.folder);
     call.cbSize = sizeof call;
     // No message of the shell's own; the thread ends behind the call.
     call.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC;
     call.hwnd = native(opening.owner);
-    call.lpVerb = opening.verb.c_str();
-    call.lpFile = opening.file.c_str();
-    call.lpParameters = opening.parameters.c_str();
-    call.lpDirectory = opening.folder.c_str();
+    call.lpVerb = verb.c_str();
+    call.lpFile = file.c_str();
+    call.lpParameters = parameters.c_str();
+    call.lpDirectory = folder.c_str();
     call.nShow = opening.command;
-    ShellExecuteExA(&call);
+    ShellExecuteExW(&call);
     opening.result = reinterpret_cast<std::intptr_t>(call.hInstApp);
     if (SUCCEEDED(prepared))
         CoUninitialize();

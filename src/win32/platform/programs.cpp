@@ -56,10 +56,11 @@ struct Start {
 
 /// The file that the system starts for the beginning of a command line; empty if there is none.
 std::string programFile(const std::string& beginning) {
-    std::string file(win32::longestPath, '\0');
-    file.resize(SearchPathA(nullptr, beginning.c_str(), ".exe", win32::longestPath, file.data(), nullptr));
-    const DWORD attributes = file.empty() ? INVALID_FILE_ATTRIBUTES : GetFileAttributesA(file.c_str());
-    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? std::string() : file;
+    std::wstring file(win32::longestPath, L'\0');
+    file.resize(SearchPathW(nullptr, win32::widePath(beginning).c_str(), L".exe", win32::longestPath,
+                            file.data(), nullptr));
+    const DWORD attributes = file.empty() ? INVALID_FILE_ATTRIBUTES : GetFileAttributesW(file.c_str());
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? std::string() : win32::pathText(file);
 }
 
 /// Parts a command line as the system does: the program is what stands in quotes, else the shortest
@@ -81,13 +82,13 @@ void partProgram(Start& start) {
 
 /// Tells whether the program's host has answered.
 bool begin(Start& start) {
-    std::string line(start.commandLine); // the call may write into it
-    STARTUPINFOA how{};
+    std::wstring line = win32::widePath(start.commandLine); // the call may write into it
+    STARTUPINFOW how{};
     how.cb = sizeof how;
     how.dwFlags = STARTF_USESHOWWINDOW;
     how.wShowWindow = static_cast<WORD>(start.windowStyle);
     PROCESS_INFORMATION started{};
-    if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_DEFAULT_ERROR_MODE, nullptr,
+    if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_DEFAULT_ERROR_MODE, nullptr,
                        nullptr, &how, &started) == FALSE) {
         start.failure = GetLastError();
         if (start.failure == win32::elevationRequired)

@@ -5,6 +5,7 @@
 #include "win32/platform/hosts.h"
 #include "win32/platform/iconChooser.h"
 #include "win32/platform/opening.h"
+#include "win32/platform/paths.h"
 #include "win32/platform/patience.h"
 #include "win32/platform/tray.h"
 
@@ -42,7 +43,8 @@ class ExtractedIcon {
 ::HICON iconAt(const std::string& file, std::int32_t index, int side) {
     ::HICON icon = nullptr;
     UINT number = 0;
-    const UINT extracted = PrivateExtractIconsA(file.c_str(), index, side, side, &icon, &number, 1, 0);
+    const UINT extracted =
+        PrivateExtractIconsW(win32::widePath(file).c_str(), index, side, side, &icon, &number, 1, 0);
     // A file that cannot be read gives the largest number. Wine leaves anything in the handle when it fails.
     return extracted == 0 || extracted == UINT_MAX ? nullptr : icon;
 }
@@ -89,7 +91,7 @@ int iconCount(const char* file) {
     const bool asked = win32::askHost(file, [path = std::string(file), count] {
         if (!win32::fileAnswers(path))
             return false;
-        *count = ::ExtractIconExA(path.c_str(), all, nullptr, nullptr, 0);
+        *count = ::ExtractIconExW(win32::widePath(path).c_str(), all, nullptr, nullptr, 0);
         return true;
     });
     return !asked || *count > INT_MAX ? 0 : static_cast<int>(*count);

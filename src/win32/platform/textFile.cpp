@@ -1,6 +1,7 @@
 #include "platform/textFile.h"
 
 #include "win32/platform/fileError.h"
+#include "win32/platform/paths.h"
 
 #include <windows.h>
 
@@ -25,7 +26,7 @@ runtime::RuntimeError writeError() {
 class SourceFile {
   public:
     explicit SourceFile(const std::string& path)
-        : handle_(CreateFileA(path.c_str(), GENERIC_READ,
+        : handle_(CreateFileW(win32::widePath(path).c_str(), GENERIC_READ,
                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
                               FILE_ATTRIBUTE_NORMAL, nullptr)) {
         if (handle_ == INVALID_HANDLE_VALUE)
@@ -51,9 +52,9 @@ class SourceFile {
 
 /// With the right to append alone, each writing goes behind what is there at that moment.
 void write(std::string_view path, std::string_view text, DWORD access, DWORD disposition) {
-    const HANDLE file =
-        CreateFileA(std::string(path).c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                    nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE file = CreateFileW(win32::widePath(path).c_str(), access,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         throw writeError();
     DWORD written = 0;

@@ -8,6 +8,7 @@
 #include "contract/windows/otherProgramMain.h"
 #include "contract/world.h"
 #include "win32/platform/hosts.h"
+#include "win32/platform/paths.h"
 
 #include <windows.h>
 
@@ -25,9 +26,17 @@ constexpr ULONGLONG longestTest = 90'000; // milliseconds
 int report() {
     contract::writeWholeFile(contract::ownPath() + ".mode",
                              std::to_string(GetErrorMode() & SEM_FAILCRITICALERRORS));
-    const std::string file = contract::ownPath() + ".started";
-    contract::writeWholeFile(file + ".new", GetCommandLineA());
-    return MoveFileExA((file + ".new").c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE ? 0 : 1;
+    // Wide: the folder may have no text in the code page.
+    const std::wstring file = win32::ownPath() + L".started";
+    const std::wstring begun = file + L".new";
+    const HANDLE written =
+        CreateFileW(begun.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const char* const line = GetCommandLineA();
+    DWORD count = 0;
+    const BOOL done = WriteFile(written, line, static_cast<DWORD>(std::strlen(line)), &count, nullptr);
+    CloseHandle(written);
+    return done != FALSE && MoveFileExW(begun.c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE ? 0
+                                                                                                         : 1;
 }
 
 /// The test that runs; null outside the run, where the framework has no state to ask.
