@@ -1,4 +1,5 @@
-"""Program folders of every kind: with umlauts and blanks, the root of a drive, one in which nothing can be written."""
+"""Program folders of every kind: with umlauts and blanks, with letters that the code page lacks, the root of a drive, one in
+which nothing can be written."""
 
 import subprocess
 from contextlib import contextmanager
@@ -11,6 +12,7 @@ from driver.tray import Tray
 from driver.waiting import poll
 
 UMLAUTS = "C:\\Gr\xf6\xdfe & Ma\xdf\\Kestrel \xc4\xd6\xdc 5 (alt)"
+FOREIGN = "C:\\\u0141\xf3d\u017a \u65e5\u672c \u0e07\\Kestrel"
 ROOT = "C:"
 CLOSED = "C:\\closed"
 ICON = "{kestrelpath}\\samples\\icons.dll,0"
@@ -19,12 +21,12 @@ BUTTONS = [button("Fit", "window fit", tooltip="Fit", icon=ICON),
 TEXT = settings.made({"autoToolbar": 0}, board=BUTTONS)
 
 
-def lay_out(stage, folder):
+def lay_out(stage, folder, text=TEXT, encoding="cp1252"):
     """A copy of the program folder, with settings and a program beside it."""
     stage.prefix.put(sorted(paths.program_folder(stage.bits).iterdir()), folder + "\\")
     stage.prefix.path(folder + "\\helper.exe").write_bytes(stage.prefix.path("C:\\windows\\notepad.exe").read_bytes())
     ini = stage.prefix.path(folder + "\\kestrel.ini")
-    ini.write_bytes(TEXT.replace("\n", "\r\n").encode("cp1252"))
+    ini.write_bytes(text.replace("\n", "\r\n").encode(encoding))
     return ini
 
 
@@ -38,8 +40,8 @@ def closed(folder):
         subprocess.run(["chattr", "-R", "-i", folder], stderr=subprocess.DEVNULL, check=False)
 
 
-def works(stage, checks, board, folder, words):
-    """Gives the process id of the program."""
+def works(stage, checks, board, folder, words, command="window fit"):
+    """The first button types the command, the second starts the program beside Kestrel. Gives Kestrel's process id."""
     kestrel = stage.witness.run(f'"{folder}\\kestrel.exe"')
     checks.that(poll(Tray(stage).icon), f"{words}: the icon stands in the tray")
     toolbar = stage.toolbar(board)
@@ -50,7 +52,7 @@ def works(stage, checks, board, folder, words):
     before = len(board.executed())
     stage.click_button(board, 0)
     poll(lambda: len(board.executed()) > before)
-    checks.equal(board.executed()[before:], ["window fit"], f"{words}: a button types its command")
+    checks.equal(board.executed()[before:], [command], f"{words}: a button types its command")
     stage.click_button(board, 1)
     helper = poll(lambda: stage.look().running("helper.exe"))
     if checks.that(helper, f"{words}: a button starts a program by the token"):
@@ -70,7 +72,8 @@ def remembered(ini):
 
 def story(stage, checks):
     eagle = stage.start_eagle()
-    for number, (folder, words) in enumerate(((UMLAUTS, "umlauts and blanks"), (ROOT, "a drive's root"))):
+    for number, (folder, words) in enumerate(((UMLAUTS, "umlauts and blanks"), (FOREIGN, "foreign letters"),
+                                              (ROOT, "a drive's root"))):
         board = eagle.open("board", f"C:\\work\\demo{number}.brd")
         board.place(0, 20, 1590, 560)
         ini = lay_out(stage, folder)
