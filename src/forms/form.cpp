@@ -1,6 +1,8 @@
 #include "forms/form.h"
 
+#include "forms/mainForm.h"
 #include "forms/units.h"
+#include "platform/programs.h"
 #include "platform/screen.h"
 
 #include <algorithm>
@@ -88,6 +90,12 @@ void Form::unload() {
     setVisible(false);
     dropPeers();
     loaded_ = false;
+}
+
+void Form::closeRequested() {
+    unload();
+    if (this == mainForm && !loaded_)
+        platform::endProgram();
 }
 
 platform::HWND Form::window() {

@@ -69,8 +69,9 @@ class Form : public Captioned<Container> {
     /// The window has been moved: pixels, on the screen or in the client area of its host. Raises nothing. A
     /// form that did not hear of it would go back to its old place with the next assignment of a size.
     void windowMoved(int left, int top);
-    /// The user wants to close the window.
-    void closeRequested() { unload(); }
+    /// The user, or the system, wants to close the window. With the main form the program ends, at once: what
+    /// has been going on meanwhile, a dialog or the start itself, does not go on without it.
+    void closeRequested();
 
     virtual void Form_Load() {}
     virtual void Form_QueryUnload(bool& /*cancel*/) {}

@@ -20,7 +20,8 @@ void appActivate(std::string_view title);
 /// Claims the place of the one instance of the logged-on user. True if another instance holds it already.
 bool previousInstance();
 
-/// Ends the program at once; no form is asked or unloaded.
+/// Ends the program at once; no form is asked or unloaded. A window of another program that a dialog of ours
+/// has disabled is enabled again.
 [[noreturn]] void endProgram();
 
 } // namespace platform

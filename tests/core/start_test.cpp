@@ -133,6 +133,7 @@ TEST_CASE("closing Hauptform from outside removes the tray icon and is not refus
     CHECK_FALSE(program.desk().trayIcon.has_value());
     CHECK_FALSE(program.form().loaded());
     CHECK(trayCalls(program.desk(), "Shell_NotifyIcon 2") == 2);
+    CHECK(program.desk().ended);
 }
 
 TEST_CASE("a list row without type ends the start with a type mismatch, and the tray icon goes") {

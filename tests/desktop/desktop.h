@@ -55,6 +55,7 @@ struct Window {
     HWND parent = HWND::none;
     HWND owner = HWND::none;
     bool visible = true;
+    bool enabled = true;
     bool minimised = false;
     bool elevated = false; ///< its program has more rights than ours: nothing of ours gets in or moves it
     bool dying = false;    ///< dies when something is about to go into it
@@ -173,6 +174,8 @@ class World {
     void show(HWND handle, bool visible);
     /// Whether the user could see a window: it and all that it stands in are shown.
     bool isSeen(HWND handle);
+    /// The top-level window that a window stands in, or is.
+    HWND rootOf(HWND handle);
     /// Puts a window of ours into another one, or onto the desktop. False if the system refuses: the parent
     /// has died, has more rights, or stands in the window itself.
     bool put(HWND child, HWND parent);
@@ -270,6 +273,7 @@ class World {
     int helpFailures = 0; ///< so many of the next calls of the help viewer fail
     std::vector<TypedKeys> typed;
     std::vector<std::string> activations; ///< titles that were activated
+    std::vector<HWND> disabledHosts;      ///< by dialogs that are up
     std::function<void()> onFileDialog;   ///< runs while a file dialog is up
     int beeps = 0;
     std::optional<platform::NOTIFYICONDATA> trayIcon;

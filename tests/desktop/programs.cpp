@@ -106,6 +106,9 @@ bool previousInstance() {
 }
 
 void endProgram() {
+    for (const HWND host : world().disabledHosts)
+        if (desktop::Window* window = world().find(host))
+            window->enabled = true;
     throw desktop::ProgramEnded();
 }
 

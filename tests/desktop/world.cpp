@@ -130,6 +130,12 @@ bool World::isSeen(HWND handle) {
     return false;
 }
 
+HWND World::rootOf(HWND handle) {
+    while (find(handle) != nullptr && window(handle).parent != HWND::none)
+        handle = window(handle).parent;
+    return handle;
+}
+
 bool World::put(HWND child, HWND parent) {
     if (const Window* host = find(parent); host != nullptr && host->dying)
         closeWindow(parent);

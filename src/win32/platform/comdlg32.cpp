@@ -1,5 +1,6 @@
 #include "platform/comdlg32.h"
 
+#include "win32/common/disabledHost.h"
 #include "win32/common/focusKeeper.h"
 #include "win32/common/holding.h"
 #include "win32/common/native.h"
@@ -66,6 +67,7 @@ int show(BOOL(WINAPI* dialog)(LPOPENFILENAMEW), platform::OPENFILENAMEA& record)
     made.lpstrDefExt = record.lpstrDefExt == nullptr ? nullptr : extension.c_str();
     const win32::FocusKeeper keeper;
     const win32::Hold hold(made.hwndOwner);
+    const win32::DisabledHost host(made.hwndOwner);
     return dialog(&made) != FALSE && takeOver(file.c_str(), record) ? 1 : 0;
 }
 

@@ -3,6 +3,7 @@
 #include "platform/user32.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
+#include "win32/common/disabledHost.h"
 #include "win32/common/focusKeeper.h"
 #include "win32/common/native.h"
 #include "win32/platform/hosts.h"
@@ -165,6 +166,7 @@ bool previousInstance() {
 }
 
 void endProgram() {
+    win32::enableHosts();
     win32::FocusKeeper::leaveAll();
     ExitProcess(0);
 }
