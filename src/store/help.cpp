@@ -14,12 +14,12 @@ namespace store {
 
 void showHelp() {
     constexpr std::uint32_t helpContext = 15; // HH_HELP_CONTEXT
-    constexpr std::uintptr_t startTopic = 6000;
+    constexpr std::int32_t startTopic = 6000;
     const std::string file = platform::programFolder() + "\\EAGLE_Kestrel_Bench.chm";
     for (;;) {
         try {
             platform::HtmlHelpA(platform::HWND::none, file.c_str(), helpContext,
-                                startTopic + static_cast<std::uintptr_t>(languageOffset));
+                                static_cast<std::uintptr_t>(startTopic + languageOffset));
             return;
         } catch (const runtime::RuntimeError&) {
             platform::beep();

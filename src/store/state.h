@@ -2,6 +2,8 @@
 // the setup.
 #pragma once
 
+#include "runtime/checkedInt32.h"
+
 #include <array>
 #include <cstdint>
 #include <string>
@@ -9,7 +11,7 @@
 namespace store {
 
 /// 0 German, 10000 English; added to every text id.
-inline std::int32_t languageOffset = 0;
+inline runtime::CheckedInt32 languageOffset = 0;
 /// Non-zero: a calculator is made for every new toolbar.
 inline std::int16_t unitCalcActive = 0;
 /// Unit names and number formats of the calculator, left and right.

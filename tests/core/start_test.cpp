@@ -152,6 +152,25 @@ TEST_CASE("a language beyond 32 bits ends the start with an overflow") {
     CHECK(program.desk().messageBoxes.at(0).text == "Run-time error '6':\r\n\r\nOverflow");
 }
 
+TEST_CASE("a language whose texts would have numbers beyond 32 bits ends the start with an overflow") {
+    for (const char* language : {"2147483647", "2147482548"}) {
+        Program program;
+        program.desk().writeSettings(std::string("[global]\r\nlanguage=") + language + "\r\n");
+        CHECK_FALSE(program.start());
+        CHECK(program.desk().messageBoxes.at(0).text == "Run-time error '6':\r\n\r\nOverflow");
+        CHECK_FALSE(program.desk().trayIcon.has_value());
+    }
+}
+
+TEST_CASE("a language just short of that, or the lowest, has no texts and ends the start, too") {
+    for (const char* language : {"2147482547", "-2147483648"}) {
+        Program program;
+        program.desk().writeSettings(std::string("[global]\r\nlanguage=") + language + "\r\n");
+        CHECK_FALSE(program.start());
+        CHECK(program.desk().messageBoxes.at(0).text.starts_with("Run-time error '326':"));
+    }
+}
+
 TEST_CASE("a program folder that is a drive root finds its settings") {
     Program program;
     program.desk().programFolder = "C:\\";
