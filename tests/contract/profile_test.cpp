@@ -2,6 +2,7 @@
 #include "codePages.h"
 #include "contract/profileTable.h"
 #include "contract/world.h"
+#include "platform/codePage.h"
 #include "platform/kernel32.h"
 #include "store/settings.h"
 
@@ -35,6 +36,16 @@ contract::ProfileOutcome play(contract::World& world, const contract::ProfileCas
     }
     outcome.file = world.readFile(file);
     return outcome;
+}
+
+/// A file in UTF-16LE with its mark.
+std::string unicodeFile(std::u16string_view text) {
+    std::string bytes = "\xFF\xFE";
+    for (const char16_t unit : text) {
+        bytes += static_cast<char>(unit & 0xFFU);
+        bytes += static_cast<char>(unit >> 8U);
+    }
+    return bytes;
 }
 
 } // namespace
@@ -113,6 +124,34 @@ TEST_CASE("a settings file that another program holds takes no write") {
     world.lockFile(contract::World::settingsPath());
     CHECK(store::setini("board", "1name", "other") == 0);
     CHECK(store::delini("board") == 0);
+}
+
+TEST_CASE("a settings file in UTF-16LE is read as text and stays in UTF-16LE when it is written") {
+    contract::World world;
+    const std::string file = contract::World::settingsPath();
+    world.writeFile(file, unicodeFile(u"; \u4E2D\r\n[board]\r\n1name=Fl\u00E4che\r\n1path=window fit\r\n"
+                                      u"[libr]\r\n1name=\u4E2D\r\n"));
+    CHECK(store::getini("board", "1path") == "window fit");
+    CHECK(store::getini("board", "1name") == western("Fl\xE4"
+                                                     "che"));
+    const std::string large = western("Gr\xFC\xDF\x65");
+    CHECK(store::setini("board", "1name", large) != 0);
+    CHECK(store::setini("board", "1tooltip", "all of it") != 0);
+    CHECK(world.readFile(file) ==
+          unicodeFile(u"; \u4E2D\r\n[board]\r\n1name=" + platform::toUtf16(large) +
+                      u"\r\n1path=window fit\r\n1tooltip=all of it\r\n[libr]\r\n1name=\u4E2D\r\n"));
+    CHECK(store::delini("board") != 0);
+    CHECK(world.readFile(file) == unicodeFile(u"; \u4E2D\r\n[libr]\r\n1name=\u4E2D\r\n"));
+}
+
+TEST_CASE("a settings file that is nothing but the mark of UTF-16LE is written in UTF-16LE") {
+    contract::World world;
+    const std::string file = contract::World::settingsPath();
+    world.writeFile(file, unicodeFile(u""));
+    CHECK(store::getini("global", "language").empty());
+    CHECK(store::setini("global", "language", "10000") != 0);
+    CHECK(store::getini("global", "language") == "10000");
+    CHECK(world.readFile(file) == unicodeFile(u"[global]\r\nlanguage=10000\r\n"));
 }
 
 TEST_SUITE_END();

@@ -1,10 +1,12 @@
 #include "desktop/iniFile.h"
 
+#include "platform/codePage.h"
 #include "runtime/characters.h"
 #include "runtime/text.h"
 
 #include <algorithm>
 #include <string_view>
+#include <vector>
 
 namespace desktop {
 
@@ -205,11 +207,65 @@ void removeSection(std::string& text, std::string_view name) {
     text.replace(header, end - header, kept);
 }
 
-} // namespace
+/// In front of a file in UTF-16LE.
+constexpr std::string_view mark = "\xFF\xFE";
 
-std::uint32_t profileGet(const std::string* fileText, const char* section, const char* key,
-                         const char* defaultValue, char* buffer, std::uint32_t size) {
-    const std::string_view text = fileText == nullptr ? std::string_view() : std::string_view(*fileText);
+std::u16string decoded(std::string_view bytes) {
+    std::u16string text;
+    for (std::size_t at = mark.size(); at + 1 < bytes.size(); at += 2) {
+        const auto low = static_cast<unsigned char>(bytes[at]);
+        const auto high = static_cast<unsigned char>(bytes[at + 1]);
+        text += static_cast<char16_t>(low | high << 8U);
+    }
+    return text;
+}
+
+std::string encoded(std::u16string_view text) {
+    std::string bytes(mark);
+    for (const char16_t unit : text) {
+        bytes += static_cast<char>(unit & 0xFFU);
+        bytes += static_cast<char>(unit >> 8U);
+    }
+    return bytes;
+}
+
+/// Each with its end.
+template <typename Character>
+std::vector<std::basic_string_view<Character>> linesOf(std::basic_string_view<Character> text) {
+    std::vector<std::basic_string_view<Character>> lines;
+    while (!text.empty()) {
+        const std::size_t feed = text.find(Character{'\n'});
+        lines.push_back(text.substr(0, feed == text.npos ? feed : feed + 1));
+        text.remove_prefix(lines.back().size());
+    }
+    return lines;
+}
+
+/// What a change of a text in the ANSI code page makes of the same text in UTF-16: the lines before and
+/// behind it keep what the code page has no letters for.
+std::u16string changed(std::u16string_view wide, std::string_view before, std::string_view after) {
+    const auto wideLines = linesOf(wide);
+    const auto beforeLines = linesOf(before);
+    const auto afterLines = linesOf(after);
+    const std::size_t most = std::min(beforeLines.size(), afterLines.size());
+    std::size_t first = 0;
+    while (first < most && beforeLines[first] == afterLines[first])
+        ++first;
+    std::size_t last = 0;
+    while (last < most - first && beforeLines.rbegin()[last] == afterLines.rbegin()[last])
+        ++last;
+    std::u16string result;
+    for (std::size_t line = 0; line < first; ++line)
+        result += wideLines[line];
+    for (std::size_t line = first; line + last < afterLines.size(); ++line)
+        result += platform::toUtf16(afterLines[line]);
+    for (std::size_t line = wideLines.size() - last; line < wideLines.size(); ++line)
+        result += wideLines[line];
+    return result;
+}
+
+std::uint32_t getFrom(std::string_view text, const char* section, const char* key, const char* defaultValue,
+                      char* buffer, std::uint32_t size) {
     if (section == nullptr || key == nullptr) {
         if (const std::optional<std::string> names = nameList(text, section))
             return copyOut(*names, buffer, size, 2);
@@ -221,16 +277,12 @@ std::uint32_t profileGet(const std::string* fileText, const char* section, const
     return copyOut(otherwise, buffer, size, 1);
 }
 
-int profileWrite(std::optional<std::string>& fileText, const char* section, const char* key,
-                 const char* value) {
-    if (section == nullptr)
-        return 0;
-    std::string text = fileText.value_or("");
+/// The text as the change leaves it.
+std::string writeInto(std::string text, const char* section, const char* key, const char* value) {
     const std::string_view sectionName = runtime::trim(section);
     if (key == nullptr) {
         removeSection(text, sectionName);
-        fileText = text;
-        return 1;
+        return text;
     }
     const std::string_view keyName = runtime::trim(key);
     const std::size_t found = findSection(text, sectionName);
@@ -248,7 +300,31 @@ int profileWrite(std::optional<std::string>& fileText, const char* section, cons
     } else if (value != nullptr) {
         insertKey(text, found, keyName, value);
     }
-    fileText = text;
+    return text;
+}
+
+} // namespace
+
+std::uint32_t profileGet(const std::string* fileText, const char* section, const char* key,
+                         const char* defaultValue, char* buffer, std::uint32_t size) {
+    const std::string_view bytes = fileText == nullptr ? std::string_view() : std::string_view(*fileText);
+    if (!bytes.starts_with(mark))
+        return getFrom(bytes, section, key, defaultValue, buffer, size);
+    return getFrom(platform::toAnsi(decoded(bytes)), section, key, defaultValue, buffer, size);
+}
+
+int profileWrite(std::optional<std::string>& fileText, const char* section, const char* key,
+                 const char* value) {
+    if (section == nullptr)
+        return 0;
+    const std::string bytes = fileText.value_or("");
+    if (!bytes.starts_with(mark)) {
+        fileText = writeInto(bytes, section, key, value);
+        return 1;
+    }
+    const std::u16string wide = decoded(bytes);
+    const std::string text = platform::toAnsi(wide);
+    fileText = encoded(changed(wide, text, writeInto(text, section, key, value)));
     return 1;
 }
 

@@ -4,8 +4,8 @@
 // They follow the platform as it is documented and measured (tests/data/profile.tsv): lines end in CR, LF or
 // both; blanks and control characters around names and values do not count, nor does case; a line whose first
 // character is a semicolon is a comment; of sections and keys that stand twice the first counts; a pair of
-// quotes around a value is taken off. Text is in the ANSI code page: a file in Unicode is bytes like any
-// other.
+// quotes around a value is taken off. Text is in the ANSI code page, unless the file begins with the mark
+// of UTF-16LE: such a file, be it nothing but its mark, is read and written in that.
 #pragma once
 
 #include <cstdint>
