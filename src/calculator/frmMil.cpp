@@ -44,8 +44,12 @@ frmMil::frmMil() {
     labUnit[1].place(fraMil, {1440, 30, 240, 195});
     labUnit[1].setCaption("mm");
     txtSize[1].place(fraMil, {1800, 0, 1035, 270});
-    txtSize[1].tabIndex = 0;
-    txtSize[0].tabIndex = 1;
+    // The Tab key goes to the right pair first. A label comes right before its field: a screen reader names a
+    // field by what stands before it.
+    labUnit[1].tabIndex = 0;
+    txtSize[1].tabIndex = 1;
+    labUnit[0].tabIndex = 2;
+    txtSize[0].tabIndex = 3;
     for (forms::Label& label : labUnit) {
         label.autoSize = true;
         label.setToolTipText("For setup or help => click right mouse button");

@@ -32,6 +32,7 @@ class ToolbarPeer : public WindowPeer {
             return;
         SendMessageA(handle(), TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
         SendMessageA(handle(), TB_SETUNICODEFORMAT, FALSE, 0);
+        SendMessageA(handle(), TB_SETMAXTEXTROWS, 0, 0);
         showWholeTips();
         behind_ = true;
         catchUp();
@@ -193,8 +194,10 @@ class ToolbarPeer : public WindowPeer {
                                                : button.image - 1;
             made.idCommand = firstCommand + static_cast<int>(buttons.size());
             made.fsState = TBSTATE_ENABLED;
-            made.fsStyle = separator ? BTNS_SEP : BTNS_BUTTON;
-            made.iString = -1;
+            made.fsStyle = separator ? BTNS_SEP : BTNS_BUTTON | BTNS_NOPREFIX;
+            // Never shown: the name that screen readers tell. The control keeps a copy.
+            made.iString =
+                button.toolTipText.empty() ? -1 : reinterpret_cast<INT_PTR>(button.toolTipText.c_str());
             buttons.push_back(made);
         }
         return buttons;
