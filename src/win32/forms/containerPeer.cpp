@@ -23,6 +23,11 @@ std::optional<COLORREF> ContainerPeer::background() const {
     return around == nullptr ? std::nullopt : around->background();
 }
 
+bool ContainerPeer::hasOwnBackground() const {
+    const ContainerPeer* around = containerPeer();
+    return control().backColour() || (around != nullptr && around->hasOwnBackground());
+}
+
 LRESULT ContainerPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_COMMAND:
@@ -77,18 +82,19 @@ LRESULT ContainerPeer::childColour(HDC dc, HWND child) {
     const WindowPeer* peer = of(child);
     if (peer == nullptr)
         return 0;
-    if (peer->control().foreColour())
-        SetTextColor(dc, nativeColour(*peer->control().foreColour()));
-    const forms::ControlKind kind = peer->control().kind();
+    const forms::Control& shown = peer->control();
+    const forms::ControlKind kind = shown.kind();
     const bool hasPaper = kind == forms::ControlKind::textBox || kind == forms::ControlKind::listBox ||
                           kind == forms::ControlKind::comboBox;
+    const bool own = shown.backColour() || (!hasPaper && hasOwnBackground());
+    const COLORREF text = textColour(shown, own);
     std::optional<COLORREF> wanted;
-    if (peer->control().backColour())
-        wanted = nativeColour(*peer->control().backColour());
+    if (shown.backColour())
+        wanted = nativeColour(*shown.backColour());
     else if (!hasPaper)
         wanted = background();
     // A colour for the text alone would be lost with the system's answer.
-    if (!wanted && peer->control().foreColour())
+    if (!wanted && text != GetSysColor(COLOR_WINDOWTEXT))
         wanted = GetSysColor(hasPaper ? COLOR_WINDOW : COLOR_BTNFACE);
     if (!wanted)
         return 0;
@@ -98,6 +104,7 @@ LRESULT ContainerPeer::childColour(HDC dc, HWND child) {
         brushColour_ = *wanted;
         brush_ = CreateSolidBrush(*wanted);
     }
+    SetTextColor(dc, text);
     SetBkColor(dc, *wanted);
     return reinterpret_cast<LRESULT>(brush_);
 }

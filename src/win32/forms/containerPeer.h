@@ -15,6 +15,8 @@ class ContainerPeer : public WindowPeer {
     /// The colour of the area that the children stand on: the container's own, else that of the containers
     /// around it. None is the system's.
     virtual std::optional<COLORREF> background() const;
+    /// Whether that is a colour of the program's own, and not the system's or its theme's.
+    virtual bool hasOwnBackground() const;
 
   protected:
     using WindowPeer::WindowPeer;

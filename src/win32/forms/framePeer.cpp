@@ -78,8 +78,7 @@ class FramePeer : public ContainerPeer {
         RECT text{whole.left + indent, whole.top, whole.right - indent, whole.bottom};
         DrawTextA(dc, frame_.caption().c_str(), -1, &text, DT_LEFT | DT_SINGLELINE | DT_CALCRECT);
         text.right = std::min(text.right, whole.right - indent);
-        const COLORREF colour =
-            frame_.foreColour() ? nativeColour(*frame_.foreColour()) : GetSysColor(COLOR_BTNTEXT);
+        const COLORREF colour = textColour(frame_, hasOwnBackground());
         SetTextColor(dc, IsWindowEnabled(handle()) != FALSE ? colour : GetSysColor(COLOR_GRAYTEXT));
         SetBkMode(dc, TRANSPARENT);
         DrawTextA(dc, frame_.caption().c_str(), -1, &text, DT_LEFT | DT_SINGLELINE);

@@ -53,6 +53,8 @@ class TabStripPeer : public ContainerPeer {
         return tabs_.backColour() ? ContainerPeer::background() : pageColour_;
     }
 
+    bool hasOwnBackground() const override { return tabs_.backColour().has_value(); }
+
   protected:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
         switch (message) {

@@ -111,6 +111,16 @@ COLORREF WindowPeer::colourBehind() const {
     return colour.value_or(GetSysColor(COLOR_BTNFACE));
 }
 
+COLORREF textColour(const forms::Control& control, bool ownBackground) {
+    HIGHCONTRASTA contrast{};
+    contrast.cbSize = sizeof contrast;
+    const bool high = SystemParametersInfoA(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) != FALSE &&
+                      (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+    if (control.foreColour() && (ownBackground || !high))
+        return nativeColour(*control.foreColour());
+    return ownBackground ? nativeColour(forms::black) : GetSysColor(COLOR_WINDOWTEXT);
+}
+
 /// The option buttons of a container that stand one after the other are one group, any other control is one
 /// by itself.
 bool WindowPeer::startsGroup() const {

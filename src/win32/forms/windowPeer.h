@@ -85,6 +85,11 @@ inline COLORREF nativeColour(forms::Colour colour) {
     return RGB(colour >> 16 & 0xFFU, colour >> 8 & 0xFFU, colour & 0xFFU);
 }
 
+/// The colour of a control's text: its own, else black on a background of the program's own and the system's
+/// on any other. The user who has asked for high contrast has the system's there whatever the control's own
+/// is.
+COLORREF textColour(const forms::Control& control, bool ownBackground);
+
 /// Shift state of the keyboard as events have it: 1 Shift, 2 Ctrl, 4 Alt.
 int shiftState();
 
