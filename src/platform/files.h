@@ -1,6 +1,9 @@
 // Directory lookup, deleting, the current folder. Paths are in the ANSI code page.
 //
 // A failure that is named here is thrown as runtime::RuntimeError.
+//
+// A server of the network that does not answer, or a drive that does not, keeps the program waiting for 3 s,
+// for all lookups, icons and programs on it together; what is on it counts as missing then, for a minute.
 #pragma once
 
 #include <string>

@@ -10,7 +10,10 @@ namespace platform {
 /// A window style.
 inline constexpr int normalWithFocus = 1;
 
-/// Starts one command line, with the window style given, and returns at once. Error 53 if nothing starts.
+/// Starts one command line, with the window style given, and returns at once. Error 53 if nothing starts; a
+/// program on a host that does not answer counts as missing, as files.h tells, and may still start. For one
+/// that needs more rights than the program has the system asks the user; that is a start, even if the user
+/// refuses.
 void shell(std::string_view commandLine, int windowStyle);
 
 /// Activates the first window whose title is `title`, else the first whose title begins with it, both without

@@ -1,5 +1,5 @@
 // Shell operations of the platform: icons of files, the icon chooser, the tray, opening
-// files. None throws.
+// files. None throws. A file on a host that does not answer counts as missing, as files.h tells.
 #pragma once
 
 #include "platform/types.h"
@@ -10,8 +10,8 @@
 
 namespace platform {
 
-/// Extracts the icon with number `index` (from 0) of an executable, a library or an .ico file, at the
-/// large and the small size. Gives the number of icons extracted, 0 on failure. Both handles are the
+/// Extracts the icon with number `index` (from 0) of an executable, a library or an .ico file, at 32 and at
+/// 16 pixels. Gives the number of icons extracted, 0 on failure. Both handles are the
 /// caller's.
 std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeIcon, HICON& smallIcon);
 
@@ -27,8 +27,9 @@ inline constexpr int iconPicked = 1;
 inline constexpr int noIconChooser = -1;
 
 /// The system's icon chooser, beginning with icon `index` (from 0) of `file`, whose name is cut to what goes
-/// into iconPathSize. If it gives iconPicked, both are replaced by the chosen ones; what the code page lacks
-/// of the name becomes question marks. With any other result both are as they were.
+/// into iconPathSize; without a file if that is on a host that does not answer. If it gives iconPicked, both
+/// are replaced by the chosen ones; what the code page lacks of the name becomes question marks. With any
+/// other result both are as they were.
 int PickIconDlg(HWND owner, std::string& file, std::int32_t& index);
 
 /// The tray's record, first version, with the platform's field names.
@@ -50,7 +51,7 @@ inline constexpr int showNormally = 1;
 
 /// Opens or starts `file` with the verb given, shown as `command` says. A value above 32 on success;
 /// failure shows nothing. Waits three seconds at most; then it counts as failed, and may still come. A
-/// file beyond 1500 characters fails.
+/// file beyond 1500 characters fails, and so does one without a name.
 std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, const char* parameters,
                             const char* folder, int command);
 

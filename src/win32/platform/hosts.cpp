@@ -186,7 +186,7 @@ bool fileAnswers(const std::string& path) {
 }
 
 void askForNoMedium() {
-    SetErrorMode(SEM_FAILCRITICALERRORS);
+    SetErrorMode(GetErrorMode() | SEM_FAILCRITICALERRORS);
 }
 
 } // namespace win32
