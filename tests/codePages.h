@@ -10,11 +10,11 @@
 using runtime::western;
 
 /// A word of letters that have a byte which alone is a mark, where the code page has such letters: the
-/// section sign's, in 932 those of backslash, bar, braces, tilde and caret too.
+/// section sign's, in 932 also across two letters, and those of backslash, bar, braces, tilde and caret too.
 inline std::string treacherous() {
     switch (platform::GetACP()) {
     case 932:
-        return "\x97\xA7\x83\\\x83|\x83{\x83}\x83~\x83^";
+        return "\x83\x81\x98\x41\x97\xA7\x83\\\x83|\x83{\x83}\x83~\x83^";
     case platform::utf8CodePage:
         return "\xC3\xA7\xC3\x9F";
     default:

@@ -12,13 +12,18 @@ bool isUtf8() {
     return platform::GetACP() == platform::utf8CodePage;
 }
 
+/// Bytes of a character of UTF-8 by its first one.
+std::size_t utf8Length(unsigned char first) {
+    return first >= 0xC2 && first < 0xE0   ? 2
+           : first >= 0xE0 && first < 0xF0 ? 3
+           : first >= 0xF0 && first < 0xF5 ? 4
+                                           : 1;
+}
+
 /// The platform's own iteration knows nothing of UTF-8.
 std::size_t utf8Size(std::string_view text) {
     const auto first = static_cast<unsigned char>(text[0]);
-    const std::size_t size = first >= 0xC2 && first < 0xE0   ? 2
-                             : first >= 0xE0 && first < 0xF0 ? 3
-                             : first >= 0xF0 && first < 0xF5 ? 4
-                                                             : 1;
+    const std::size_t size = utf8Length(first);
     const auto follows = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
     if (size > text.size() ||
         !std::all_of(text.begin() + 1, text.begin() + static_cast<std::ptrdiff_t>(size), follows))
@@ -80,6 +85,18 @@ std::string_view cutToSize(std::string_view text, std::size_t size) {
     for (std::size_t next = 0; next <= size; next += characterSize(text.substr(next)))
         end = next;
     return text.substr(0, end);
+}
+
+std::string_view withoutTornEnd(std::string_view text) {
+    if (oneByteEach())
+        return text;
+    for (std::size_t at = 0; at < text.size(); at += characterSize(text.substr(at))) {
+        const std::size_t whole = isUtf8() ? utf8Length(static_cast<unsigned char>(text[at]))
+                                           : (platform::IsDBCSLeadByte(text[at]) ? 2 : 1);
+        if (whole > text.size() - at)
+            return text.substr(0, at);
+    }
+    return text;
 }
 
 std::size_t findText(std::string_view text, std::string_view what, std::size_t from) {

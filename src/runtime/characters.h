@@ -26,6 +26,9 @@ std::size_t sizeOfCharacters(std::string_view text, std::size_t count);
 /// The first `size` bytes of a text, less the beginning of a character that does not fit.
 std::string_view cutToSize(std::string_view text, std::size_t size);
 
+/// A text that has been cut without regard to characters, less the beginning of one at its end.
+std::string_view withoutTornEnd(std::string_view text);
+
 /// Position of the first, or last, place at which `what` stands, from its first character on; npos if there
 /// is none. The first is looked for from position `from` on, where a character begins.
 std::size_t findText(std::string_view text, std::string_view what, std::size_t from = 0);
@@ -34,7 +37,8 @@ std::size_t findLastText(std::string_view text, std::string_view what);
 /// Whether the last character is this one.
 bool endsInCharacter(std::string_view text, std::string_view character);
 
-/// The code of a character: its bytes as one number, the first one highest. And back.
+/// The code of a character: its bytes as one number, the first one highest, so that one of four bytes is
+/// below 0. And back.
 int characterCode(std::string_view character);
 std::string characterOfCode(int code);
 

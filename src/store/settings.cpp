@@ -41,7 +41,8 @@ std::string getini(const std::string& section, const std::string& key) {
         settingsFileLower().c_str()));
     if (count <= 0)
         return {};
-    return {buffer.data(), static_cast<std::size_t>(count)};
+    // The platform cuts a value that is too long by bytes.
+    return std::string(runtime::withoutTornEnd({buffer.data(), static_cast<std::size_t>(count)}));
 }
 
 std::int16_t delini(const std::string& section) {

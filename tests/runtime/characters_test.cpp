@@ -13,7 +13,7 @@ TEST_CASE("a text is as many characters as a reader counts") {
     CHECK(runtime::characterCount("") == 0);
     CHECK(runtime::characterCount("abc") == 3);
     CHECK(runtime::characterCount(western("a\xA7z")) == 3);
-    CHECK(runtime::characterCount(treacherous()) == (platform::GetACP() == 932 ? 7 : 2));
+    CHECK(runtime::characterCount(treacherous()) == (platform::GetACP() == 932 ? 9 : 2));
     CHECK(runtime::characterSize("") == 0);
     CHECK(runtime::characterSize("a") == 1);
     CHECK(runtime::characterSize(western("\xA7")) == western("\xA7").size());
@@ -47,6 +47,12 @@ TEST_CASE("a cut text ends with a whole character") {
     CHECK(runtime::cutToSize(text, 0).empty());
     CHECK(runtime::sizeOfCharacters(text, 2) == text.size() - 1);
     CHECK(runtime::sizeOfCharacters(text, 9) == text.size());
+}
+
+TEST_CASE("of a text that was cut by bytes the whole characters stay") {
+    const std::string text = "a" + treacherous();
+    for (std::size_t size = 0; size <= text.size(); ++size)
+        CHECK(runtime::withoutTornEnd(text.substr(0, size)) == runtime::cutToSize(text, size));
 }
 
 TEST_CASE("a code is a character's bytes, and the way back") {

@@ -174,4 +174,12 @@ TEST_CASE("a value with binary bytes is read as it stands") {
     CHECK(store::getini("s", "k") == western("\xFFz\x7F")); // control characters around a value do not count
 }
 
+TEST_CASE("a value that is too long ends with a whole character") {
+    const Session session;
+    const std::string sign = western("\xA7");
+    const std::string beginning(253, 'x');
+    world().writeSettings("[s]\r\nk=" + beginning + sign + sign + "\r\n");
+    CHECK(store::getini("s", "k") == (sign.size() == 1 ? beginning + sign : beginning));
+}
+
 TEST_SUITE_END();
