@@ -1,10 +1,10 @@
 // Frames: windows of a class of our own that draw a box with a caption, as the theme has it.
 #include "win32/forms/containerPeer.h"
 #include "win32/forms/peers.h"
+#include "win32/forms/themes.h"
 
 #include "forms/frame.h"
 
-#include <uxtheme.h>
 #include <vssym32.h>
 
 #include <algorithm>
@@ -87,10 +87,10 @@ class FramePeer : public ContainerPeer {
     }
 
     void drawBox(HDC dc, RECT box) {
-        if (const HTHEME theme = OpenThemeData(handle(), L"Button")) {
+        if (const HTHEME theme = openTheme(handle(), L"Button")) {
             const int state = IsWindowEnabled(handle()) != FALSE ? GBS_NORMAL : GBS_DISABLED;
-            DrawThemeBackground(theme, dc, BP_GROUPBOX, state, &box, nullptr);
-            CloseThemeData(theme);
+            drawThemed(theme, dc, BP_GROUPBOX, state, box);
+            closeTheme(theme);
         } else {
             DrawEdge(dc, &box, EDGE_ETCHED, BF_RECT);
         }

@@ -2,11 +2,10 @@
 // itself.
 #include "win32/forms/bitmaps.h"
 #include "win32/forms/peers.h"
+#include "win32/forms/themes.h"
 #include "win32/forms/windowPeer.h"
 
 #include "forms/iconGrid.h"
-
-#include <uxtheme.h>
 
 #include <algorithm>
 #include <string>
@@ -39,7 +38,7 @@ class IconGridPeer : public WindowPeer {
         if (handle() == nullptr)
             return;
         // The look of the system's own folders: a box around icon and number.
-        SetWindowTheme(handle(), L"Explorer", nullptr);
+        setTheme(handle(), L"Explorer");
         SendMessageA(handle(), LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_DOUBLEBUFFER, LVS_EX_DOUBLEBUFFER);
         SendMessageA(handle(), LVM_SETICONSPACING, 0, MAKELPARAM(columnWidth, rowHeight));
         fill();

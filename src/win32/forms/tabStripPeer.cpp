@@ -2,10 +2,10 @@
 #include "win32/forms/containerPeer.h"
 #include "win32/forms/dialogKeys.h"
 #include "win32/forms/peers.h"
+#include "win32/forms/themes.h"
 
 #include "forms/tabStrip.h"
 
-#include <uxtheme.h>
 #include <vssym32.h>
 
 namespace win32 {
@@ -83,7 +83,7 @@ class TabStripPeer : public ContainerPeer {
     /// What the theme paints in the middle of a page; its own hint about that colour may be another one.
     void readPageColour() {
         pageColour_.reset();
-        const HTHEME theme = OpenThemeData(handle(), L"Tab");
+        const HTHEME theme = openTheme(handle(), L"Tab");
         if (theme == nullptr)
             return;
         constexpr int size = 64; // beyond any border of a page
@@ -94,13 +94,13 @@ class TabStripPeer : public ContainerPeer {
         const RECT area{0, 0, size, size};
         FillRect(memory, &area,
                  GetSysColorBrush(COLOR_BTNFACE)); // shows through where the theme paints nothing
-        if (SUCCEEDED(DrawThemeBackground(theme, memory, TABP_BODY, 0, &area, nullptr)))
+        if (drawThemed(theme, memory, TABP_BODY, 0, area))
             pageColour_ = GetPixel(memory, size / 2, size / 2);
         SelectObject(memory, former);
         DeleteObject(page);
         DeleteDC(memory);
         ReleaseDC(nullptr, screen);
-        CloseThemeData(theme);
+        closeTheme(theme);
     }
 
     void followCaptions() {
