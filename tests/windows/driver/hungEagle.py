@@ -26,15 +26,21 @@ class HungEagle:
         self._opened += 1
         self.board = self._eagle.open("board", f"C:\\work\\hung{self._opened}.brd")
         self.board.place(800, 20, 700, 500)
+        self.board.to_front()
         self._toolbar = self._stage.toolbar(self.board)
-        ready = self._toolbar and poll(lambda: self._stage.command_field_focused(self.board)) and poll(self.joined)
+        if not (self._toolbar and poll(lambda: self._stage.command_field_focused(self.board)) and poll(self.joined)):
+            return False
         self._order = self._eagle.hang(HANG)
         # What a user does in the first moment goes the way of what EAGLE does not take, and may be lost under Wine.
         poll(lambda: not self.joined(), FIRST_MOMENT)
-        return ready
+        return True
 
     def hangs(self):
-        return not self._eagle.answered(self._order)
+        return self._order is not None and not self._eagle.answered(self._order)
 
     def wake(self):
-        self._eagle.wake(self._order)
+        """The window that hung comes to the front."""
+        if self._order is not None:
+            self._eagle.wake(self._order)
+            self._order = None
+            self.board.to_front()

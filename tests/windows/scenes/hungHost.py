@@ -36,7 +36,6 @@ class Trial:
     def comes_and_stays(self, words, ask):
         """Kestrel goes on and is with EAGLE again when that has woken."""
         self.comes(words, ask)
-        self._eagle.board.to_front()
         self._checks.that(poll(self._eagle.joined), f"{words}: the input is joined again when EAGLE has woken")
 
 
@@ -81,7 +80,7 @@ def run_request(stage):
     written = stage.prefix.path(KESTREL + "\\request.tmp")
     written.write_text("C:\\windows\\notepad.exe")
     os.rename(written, stage.prefix.path(KESTREL + "\\execute.txt"))
-    return poll(lambda: stage.look().running("notepad.exe"), IN_TIME)
+    return poll(lambda: top(stage, "Notepad"), IN_TIME)
 
 
 def from_the_tray(stage, trial):
