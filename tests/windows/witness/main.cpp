@@ -14,7 +14,7 @@
 //                             the window may be "all"
 //   appears CLASS TITLE [WINDOW]
 //                             answers as soon as there is a visible window of this class whose title begins
-//                             so, or that has none, a top-level one, or one that stands in the window
+//                             so, or that has none, a top-level one, or a child of the window
 //   front                     from now on the journal tells "front" with handle and title of each window that
 //                             comes to the front, be it for a moment
 //   untray WINDOW             takes the tray icon of a window away, as a shell does that starts anew
@@ -103,35 +103,23 @@ static void orderPost(const Order& order) {
         orders::failed(order, L"error " + std::to_wstring(GetLastError()));
 }
 
-struct Wanted {
-    const Order& order;
-    bool seen = false;
-};
-
-static BOOL CALLBACK lookFor(HWND window, LPARAM parameter) {
-    auto& wanted = *reinterpret_cast<Wanted*>(parameter);
-    wchar_t name[64] = {};
-    wchar_t title[256] = {};
-    GetClassNameW(window, name, 64);
-    InternalGetWindowText(window, title, 256); // asks nobody
-    const std::wstring begin = wanted.order.word(1);
-    const bool titled = begin.empty() ? title[0] == 0 : std::wstring_view(title).starts_with(begin);
-    wanted.seen = IsWindowVisible(window) && wanted.order.word(0) == name && titled;
-    return !wanted.seen;
+static bool isThere(HWND parent, const std::wstring& className, const std::wstring& begin) {
+    HWND window = nullptr;
+    while ((window = FindWindowExW(parent, window, className.c_str(), nullptr)) != nullptr) {
+        wchar_t title[256] = {};
+        InternalGetWindowText(window, title, 256); // asks nobody
+        const bool titled = begin.empty() ? title[0] == 0 : std::wstring_view(title).starts_with(begin);
+        if (titled && IsWindowVisible(window))
+            return true;
+    }
+    return false;
 }
 
 static void orderAppears(const Order& order) {
     constexpr ULONGLONG patience = 20'000; // milliseconds
-    const ULONGLONG begin = GetTickCount64();
-    const HWND parent = windowAt(order, 2);
-    for (Wanted wanted{order}; GetTickCount64() - begin < patience; Sleep(5)) {
-        if (parent)
-            EnumChildWindows(parent, lookFor, reinterpret_cast<LPARAM>(&wanted));
-        else
-            EnumWindows(lookFor, reinterpret_cast<LPARAM>(&wanted));
-        if (wanted.seen)
+    for (const ULONGLONG begin = GetTickCount64(); GetTickCount64() - begin < patience; Sleep(10))
+        if (isThere(windowAt(order, 2), order.word(0), order.word(1)))
             return orders::done(order);
-    }
     orders::failed(order, L"it does not appear");
 }
 
