@@ -16,7 +16,7 @@ static constexpr int gap = 25; // to the right end of the host's outer rectangle
 static constexpr int top = 21; // from the top of the host's client area
 static constexpr int rowHeight = 22;
 static constexpr int separatedRow = 27; // from a row to the next where a separator was
-static constexpr int noticeHeight = 80; // left free at the bottom of the screen
+static constexpr int noticeHeight = 90; // left free at the bottom of the screen
 static constexpr int plain = 3;         // colours of a button that has no picture, under the mouse or not
 
 template <typename Number>
@@ -86,7 +86,8 @@ class Scene {
     void play() {
         std::vector<Editor> without;
         for (const Editor& editor : editors_) {
-            if (!appears(editor))
+            // The program is up once the first has its own.
+            if (!appears(editor, editor.id == editors_.front().id ? waiting::limit : 20))
                 without.push_back(editor);
         }
         if (!kestrel_.runs())
@@ -99,7 +100,7 @@ class Scene {
         for (const Editor& editor : with)
             standsRight(editor);
         for (const Editor& editor : with)
-            painted(editor);
+            painted(editor, L"all buttons are painted");
         for (const Editor& editor : with)
             pictureOf(editor.window, editor.kind);
         for (const Editor& editor : with)
@@ -156,16 +157,16 @@ class Scene {
                EqualRect(&one[0].form.place, &other[0].form.place);
     }
 
-    bool appears(const Editor& editor) {
+    bool appears(const Editor& editor, int seconds) {
         const ULONGLONG begin = GetTickCount64();
         const bool come =
-            waiting::until([&] { return !kestrel_.runs() || atRest(editor); }) && kestrel_.runs();
+            waiting::until([&] { return !kestrel_.runs() || atRest(editor); }, seconds) && kestrel_.runs();
         const std::vector<Toolbar> found = toolbars(editor);
         std::wstring seen =
             number(found.size()) + L" toolbars after " + number(GetTickCount64() - begin) + L" ms";
-        for (const Toolbar& toolbar : found)
-            seen += L", " + placeOf(toolbar.form.place) + L" with its lowest button at " +
-                    number(lowest(toolbar));
+        if (!found.empty())
+            seen += L", " + placeOf(found[0].form.place) + L" with its lowest button at " +
+                    number(lowest(found[0]));
         if (!kestrel_.runs())
             seen += L"; kestrel.exe has ended with code " + number(kestrel_.exitCode());
         report_.check(come, editor.kind + L": a toolbar appears", seen);
@@ -214,14 +215,10 @@ class Scene {
         return fewest == INT_MAX ? 0 : fewest;
     }
 
-    bool waitForPaint(const Editor& editor) {
-        return waiting::until([&] { return fewestColours(editor) > plain; }, 10);
-    }
-
-    void painted(const Editor& editor) {
-        const bool all = waitForPaint(editor);
-        report_.check(all, editor.kind + L": all buttons are painted",
-                      number(fewestColours(editor)) + L" colours in the plainest of them");
+    void painted(const Editor& editor, const std::wstring& words) {
+        int fewest = 0;
+        const bool all = waiting::until([&] { return (fewest = fewestColours(editor)) > plain; }, 10);
+        report_.check(all, editor.kind + L": " + words, number(fewest) + L" colours in the plainest of them");
     }
 
     void pictureOf(HWND window, const std::wstring& name) {
@@ -263,8 +260,7 @@ class Scene {
             hands::press(VK_RETURN);
             executes(editor, before + 1, L"display top", name + L"what the user types next arrives there");
         }
-        report_.check(waitForPaint(editor), name + L"the toolbar is painted afterwards",
-                      number(fewestColours(editor)) + L" colours in the plainest button");
+        painted(editor, L"all buttons are painted afterwards");
         pictureOf(editor.window, editor.kind + L"-clicked");
     }
 

@@ -12,8 +12,8 @@ static std::wstring now; // the last line, of the window's thread alone
 
 static constexpr UINT sayMessage = WM_APP;
 static constexpr UINT endMessage = WM_APP + 1;
-static constexpr int width = 480; // at 96 dpi
-static constexpr int height = 60;
+static constexpr int width = 640; // at 96 dpi
+static constexpr int height = 72;
 
 // A key that was down before the check began is let go some time.
 static LRESULT CALLBACK keyboard(int code, WPARAM message, LPARAM data) {
