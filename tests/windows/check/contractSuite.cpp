@@ -2,6 +2,7 @@
 #include "check/waiting.h"
 #include "common/text.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <vector>
@@ -44,11 +45,15 @@ static std::wstring wide(const std::string& ansi) {
     return result;
 }
 
-// What is told of a test: its name alone, if all went well.
+// What is told of a test: its name alone, if it has nothing to say.
 static void tellTest(const std::vector<std::string>& lines, const Privacy& privacy, Report& report) {
-    constexpr size_t head = 3; // file, suite and name stand above what the test has told
-    const bool well = lines.size() == head + 1 && lines[1].starts_with("TEST SUITE:");
-    for (size_t i = well ? head : 0; i < lines.size(); ++i)
+    const auto says = [](const std::string& line) {
+        return line.find("ERROR:") != std::string::npos || line.find("WARNING:") != std::string::npos ||
+               line.find("MESSAGE:") != std::string::npos;
+    };
+    const bool all =
+        lines.size() < 2 || !lines[1].starts_with("TEST SUITE:") || std::ranges::any_of(lines, says);
+    for (size_t i = all ? 0 : lines.size() - 1; i < lines.size(); ++i)
         report.line(L"   " + privacy.hidden(wide(lines[i])));
 }
 
