@@ -2,6 +2,7 @@
 #include "core/hauptform.h"
 #include "runtime/guard.h"
 #include "win32/common/messages.h"
+#include "win32/common/processSettings.h"
 #include "win32/platform/hosts.h"
 
 #include <windows.h>
@@ -20,6 +21,7 @@ void __verbose_terminate_handler() {
 } // namespace __gnu_cxx
 
 int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*commandLine*/, int /*show*/) {
+    win32::settleProcess();
     win32::askForNoMedium();
     // The file dialogs host the shell's extensions.
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);

@@ -3,6 +3,7 @@
 #define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>
 
+#include "contract/windows/faultingTimer.h"
 #include "contract/windows/files.h"
 #include "contract/windows/orders.h"
 #include "contract/windows/otherProgramMain.h"
@@ -100,6 +101,8 @@ int main(int count, char** arguments) {
         return report();
     if (count > 1 && std::strcmp(arguments[1], contract::otherProgramArgument) == 0)
         return contract::otherProgramMain();
+    if (count > 1 && std::strcmp(arguments[1], contract::faultingTimerArgument) == 0)
+        return contract::faultingTimerMain();
     if (!windowsCanBeMade()) {
         std::fputs("no window can be made: there is no display\n", stderr);
         return 5;
