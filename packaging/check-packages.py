@@ -29,6 +29,14 @@ CHECK_FILES = {"check.cmd", "README.txt", "LICENSE.txt",
                    *(f"kestrel/{name}" for name in ("kestrel.exe", "kestrel.ini", "brd.ico", "sch.ico", "lbr.ico",
                                                     "EAGLE_Kestrel_Bench.chm", "samples/icons.dll"))))}
 WINDOWED = 2  # subsystem of a program
+WINDOWS_7 = (6, 1)
+# Of a program's header: loaded anywhere, no data run as code, no help of a terminal server's; with 64 bits, anywhere in
+# all of their room.
+ANYWHERE, WIDELY, NO_DATA_RUN, NO_HELP = 0x40, 0x20, 0x100, 0x8000
+FLAGS = {"win32": ANYWHERE | NO_DATA_RUN | NO_HELP, "win64": ANYWHERE | WIDELY | NO_DATA_RUN | NO_HELP}
+# The system takes these from its own folder, or, the last, by the manifest; any other it looks for beside the program first.
+SAFE = {"advapi32.dll", "comdlg32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll", "oleaut32.dll",
+        "shell32.dll", "user32.dll", "comctl32.dll"}
 LONGEST = 254  # characters of a value that come back whole
 NOTATION = re.compile(r"[+^%~(){}\[\]]")  # has a meaning of its own in a command
 
@@ -105,6 +113,12 @@ def check_zip(checks):
             checks.equal(foreign, [], f"the check: {bits}: nothing tells where it was built")
 
 
+def imported(bits):
+    """The libraries that the system loads with the program, in lower case."""
+    told = subprocess.run(["objdump", "-p", ROOT / "dist" / bits / "kestrel.exe"], check=True, capture_output=True, text=True)
+    return {name.lower() for name in re.findall(r"DLL Name: (\S+)", told.stdout)}
+
+
 def programs(checks):
     for bits in BITS:
         program = (ROOT / "dist" / bits / "kestrel.exe").read_bytes()
@@ -118,6 +132,11 @@ def programs(checks):
         header = int.from_bytes(program[0x3C:0x40], "little")
         checks.equal(program[header + 8:header + 12], bytes(4), f"{bits}: kestrel.exe does not hold the time of its making")
         checks.equal(program[header + 0x5C], WINDOWED, f"{bits}: kestrel.exe opens no console")
+        version = tuple(int.from_bytes(program[header + place:header + place + 2], "little") for place in (0x48, 0x4A))
+        checks.equal(version, WINDOWS_7, f"{bits}: it is made for Windows 7 and later")
+        flags = int.from_bytes(program[header + 0x5E:header + 0x60], "little")
+        checks.equal(flags, FLAGS[bits], f"{bits}: its header asks for the system's protections")
+        checks.equal(imported(bits) - SAFE, set(), f"{bits}: it needs no library that another's could stand in for")
         checks.that(not (ROOT / "dist" / bits / "kestrel.ini").exists(), f"{bits}: the program folder has no settings of its own")
 
 
