@@ -58,7 +58,8 @@ FocusKeeper::~FocusKeeper() {
 }
 
 void FocusKeeper::leaveAll() {
-    if (!isOurs(GetForegroundWindow()))
+    // Nobody has it, for a moment, when a window of ours has just gone.
+    if (const HWND front = GetForegroundWindow(); front != nullptr && !isOurs(front))
         return;
     for (const FocusKeeper* keeper = innermost; keeper != nullptr; keeper = keeper->outer_)
         if (IsWindow(keeper->place_.front) != FALSE && !isOurs(keeper->place_.front)) {

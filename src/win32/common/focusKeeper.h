@@ -23,8 +23,8 @@ class FocusKeeper {
     ~FocusKeeper();
     /// The user has chosen another window: nothing is to be given back.
     void dismiss() { dismissed_ = true; }
-    /// The program is about to end, whatever is open: if the keyboard is with one of its windows, the user
-    /// gets it back where he was before.
+    /// The program is about to end, whatever is open: if the keyboard is with one of its windows or nobody,
+    /// the user gets it back where he was before.
     static void leaveAll();
     FocusKeeper(const FocusKeeper&) = delete;
     FocusKeeper& operator=(const FocusKeeper&) = delete;

@@ -289,6 +289,22 @@ TEST_CASE("a hidden window of ours that is in front is not where the user was") 
     CHECK(World::foreground() == editor);
 }
 
+TEST_CASE("a program that ends while its hidden window is in front gives the keyboard back first") {
+    World world;
+    MainForm main;
+    const platform::HWND editor = world.openEditor();
+    const Guest guest(editor);
+    win32::FocusKeeper menu;
+    SetForegroundWindow(win32::native(main.hWnd()));
+    REQUIRE(World::until([&] { return World::foreground() == main.hWnd(); }));
+    win32::FocusKeeper::leaveAll();
+    CHECK(World::foreground() == editor);
+    menu.dismiss();
+    const platform::KeyStroke typed{.character = 'x'};
+    platform::sendKeys({&typed, 1}, false);
+    CHECK(World::until([&] { return world.editorText(editor) == "x"; }));
+}
+
 TEST_CASE("the task bar in front is not where the user was") {
     World world;
     const platform::HWND editor = world.openEditor();
