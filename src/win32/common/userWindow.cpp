@@ -16,11 +16,12 @@ DWORD processOf(HWND window) {
     return process;
 }
 
-/// The task bar and what opens from it: they are the shell's and stay on top, which its folders do not.
+/// The task bar, the icons on it and what opens from it: windows of the shell without a title bar, which its
+/// folders have, and the desktop itself is none of them.
 bool isTaskBar(HWND window) {
     const HWND bar = FindWindowA("Shell_TrayWnd", nullptr);
-    return bar != nullptr && (GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0 &&
-           processOf(window) == processOf(bar);
+    return bar != nullptr && processOf(window) == processOf(bar) && window != GetShellWindow() &&
+           (GetWindowLongA(window, GWL_STYLE) & WS_CAPTION) != WS_CAPTION;
 }
 
 bool isThere(HWND window) {
