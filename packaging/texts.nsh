@@ -18,6 +18,9 @@
 !insertmacro text stillRuns \
     "Kestrel is still running, or its files cannot be replaced.$\r$\n$\r$\nEnd it (its icon beside the clock, $\"Exit$\") and try again." \
     "Kestrel läuft noch, oder seine Dateien lassen sich nicht ersetzen.$\r$\n$\r$\nBeenden Sie es (sein Symbol neben der Uhr, $\"Beenden$\") und versuchen Sie es noch einmal."
+!insertmacro text runsAsAdministrator \
+    "Kestrel runs as administrator. Windows does not let this program, which does not, end it.$\r$\n$\r$\nEnd it yourself (its icon beside the clock, $\"Exit$\") and try again." \
+    "Kestrel läuft als Administrator. Windows lässt nicht zu, dass dieses Programm, das ohne diese Rechte läuft, es beendet.$\r$\n$\r$\nBeenden Sie es selbst (sein Symbol neben der Uhr, $\"Beenden$\") und versuchen Sie es noch einmal."
 !insertmacro text notWritable \
     "You may not write into this folder:$\r$\n$INSTDIR$\r$\n$\r$\nKestrel keeps its settings beside the program. Please choose a folder of your own." \
     "In diesen Ordner dürfen Sie nicht schreiben:$\r$\n$INSTDIR$\r$\n$\r$\nKestrel bewahrt seine Einstellungen neben dem Programm auf. Bitte wählen Sie einen eigenen Ordner."
