@@ -2,25 +2,43 @@
 
 #include "runtime/runtimeError.h"
 #include "win32/common/native.h"
+#include "win32/common/systemLibrary.h"
+#include "win32/platform/help.h"
 #include "win32/platform/helpFile.h"
 
 #include <windows.h>
 
-#include <cstring>
+namespace {
+
+using Viewer = HWND(WINAPI*)(HWND, const char*, UINT, DWORD_PTR);
+
+/// Loaded at the first use and kept: it runs the help window, on a thread of its own.
+Viewer viewer() {
+    static const auto bound = win32::routineOf<Viewer>(win32::systemLibrary(L"hhctrl.ocx"), "HtmlHelpA");
+    return bound;
+}
+
+HWND lastShown = nullptr;
+
+} // namespace
 
 namespace platform {
 
 HWND HtmlHelpA(HWND owner, const char* file, std::uint32_t command, std::uintptr_t data) {
-    using Viewer = ::HWND(WINAPI*)(::HWND, const char*, UINT, DWORD_PTR);
-    // Loaded at the first use and kept: it runs the help window.
-    static const HMODULE library = LoadLibraryExA("hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    const FARPROC found = library == nullptr ? nullptr : GetProcAddress(library, "HtmlHelpA");
-    if (found == nullptr)
+    if (viewer() == nullptr)
         throw runtime::RuntimeError(runtime::ErrorNumber::fileNotFound);
-    Viewer show = nullptr;
-    static_assert(sizeof show == sizeof found);
-    std::memcpy(&show, &found, sizeof show);
-    return win32::neutral(show(win32::native(owner), win32::helpFileForViewer(file).c_str(), command, data));
+    lastShown = viewer()(win32::native(owner), win32::helpFileForViewer(file).c_str(), command, data);
+    return win32::neutral(lastShown);
 }
 
 } // namespace platform
+
+namespace win32 {
+
+void closeHelp() {
+    constexpr UINT closeAll = 0x12;
+    if (lastShown != nullptr && IsWindow(lastShown) != FALSE && answers(lastShown))
+        viewer()(nullptr, nullptr, closeAll, 0);
+}
+
+} // namespace win32

@@ -6,6 +6,7 @@
 #include "win32/common/disabledHost.h"
 #include "win32/common/focusKeeper.h"
 #include "win32/common/native.h"
+#include "win32/platform/help.h"
 #include "win32/platform/hosts.h"
 #include "win32/platform/opening.h"
 #include "win32/platform/paths.h"
@@ -168,6 +169,7 @@ bool previousInstance() {
 void endProgram() {
     win32::enableHosts();
     win32::FocusKeeper::leaveAll();
+    win32::closeHelp();
     ExitProcess(0);
 }
 

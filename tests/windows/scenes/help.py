@@ -59,6 +59,22 @@ def by_setup(stage, checks, board, language):
         checks.that(stays(lambda: not guests(stage), 1), f"{language}: it is not taken for a window of EAGLE's", guests(stage))
 
 
+def closings(stage):
+    """How often the viewer has been told to close all of its windows."""
+    close_all = re.compile(r"HtmlHelp[AW].*\b(command=HH_CLOSE_ALL|0x12|18)\b")
+    return len(close_all.findall(stage.prefix.heard.read_text(errors="replace")))
+
+
+def ends(stage, checks, kestrel, language):
+    """The help is closed before the end: its window is one of the same process."""
+    before = closings(stage)
+    stage.screen.key("Escape")  # the setup
+    checks.that(poll(lambda: not stage.look().top(LANGUAGES[language][1])), f"{language}: the setup closes")
+    Tray(stage).choose("exit")
+    checks.equal(stage.witness.exit_code(kestrel), 0, f"{language}: Exit ends Kestrel with the help open")
+    checks.equal(closings(stage) - before, 1, f"{language}: the help was told to close before")
+
+
 def story(stage, checks):
     eagle = stage.start_eagle()
     for number, language in enumerate(LANGUAGES):
@@ -70,7 +86,7 @@ def story(stage, checks):
         by_tray(stage, checks, language)
         by_setup(stage, checks, board, language)
         stage.picture(f"help-{language}")
-        stage.witness.order("terminate", kestrel)
+        ends(stage, checks, kestrel, language)
         board.close()
 
 
