@@ -68,6 +68,10 @@ void FocusKeeper::leaveAll() {
         }
 }
 
+void oweKeyboard(HWND front) {
+    owed = {front, nullptr};
+}
+
 KeyboardPlace takeOwedKeyboard() {
     return std::exchange(owed, {});
 }

@@ -35,9 +35,12 @@ class FocusKeeper {
     bool dismissed_ = false;
 };
 
-/// What the last keeper could not give back since its window did not answer, for whoever can wait for that.
-/// It is told once, and not after another message has been served: then the user may be elsewhere. Without a
-/// window if there is none.
+/// A window was to get the keyboard and does not answer.
+void oweKeyboard(HWND front);
+
+/// Where the keyboard belongs and could not be brought, by the last keeper or otherwise, since that window
+/// did not answer; for whoever can wait for it. It is told once, and not after another message has been
+/// served: then the user may be elsewhere. Without a window if there is none.
 KeyboardPlace takeOwedKeyboard();
 
 } // namespace win32

@@ -1,5 +1,6 @@
 #include "win32/common/windowChanges.h"
 
+#include "win32/common/focusKeeper.h"
 #include "win32/common/joinedHosts.h"
 #include "win32/common/native.h"
 #include "win32/common/refusal.h"
@@ -46,6 +47,8 @@ bool raiseWindow(HWND window) {
     // The click that brought us here gives us the right to choose the window in front.
     if (answers(window))
         activateWindow(window);
+    else
+        oweKeyboard(window);
     return SetWindowPos(window, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_ASYNCWINDOWPOS) != FALSE;
 }
 
