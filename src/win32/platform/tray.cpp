@@ -33,7 +33,7 @@ bool notifyShell(DWORD message, NOTIFYICONDATAA& icon) {
         return true;
     // The system has waited no longer, yet the shell may have done it: then the icon is there to be changed,
     // and to add it once more would be refused for ever.
-    return message == NIM_ADD && Shell_NotifyIconA(NIM_MODIFY, &icon) != FALSE;
+    return message == NIM_ADD && shellAnswers() && Shell_NotifyIconA(NIM_MODIFY, &icon) != FALSE;
 }
 
 } // namespace win32
