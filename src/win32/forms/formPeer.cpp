@@ -11,6 +11,7 @@
 #include "win32/forms/peers.h"
 
 #include "forms/form.h"
+#include "forms/mainForm.h"
 #include "forms/units.h"
 
 #include <windowsx.h>
@@ -122,8 +123,9 @@ class FormPeer : public ContainerPeer {
         case WM_QUERYENDSESSION:
             return TRUE;
         case WM_ENDSESSION:
+            // Each form is told, in an order of the system's; the program ends by its main form.
             if (wParam != FALSE)
-                form_.closeRequested();
+                (forms::mainForm != nullptr ? *forms::mainForm : form_).closeRequested();
             return 0;
         case WM_MOUSEACTIVATE:
             if (!form_.activates)
