@@ -98,8 +98,8 @@ void ErrPtnr::designButtons() {
     constexpr float left[] = {240, 2040, 3840, 5640};
     constexpr const char* protocol[] = {"&Drucken", "&Speichern", "&EMail", "&WWW"};
     constexpr const char* next[] = {"Befehl wieder&holen",
-                                    "Fortsetzen mit &n\xE4"
-                                    "chsten Befehl",
+                                    ("Fortsetzen mit &n\xE4"
+                                     "chsten Befehl"),
                                     "&Prozedur verlassen", "Programm &beenden"};
     for (std::size_t index = 0; index < cmdProtocol.size(); ++index) {
         cmdProtocol[index].setCaption(protocol[index]);

@@ -11,9 +11,8 @@ namespace runtime {
 /// A 32-bit number. A sum beyond its range is error 6; with a plain number it would be anything.
 class CheckedInt32 {
   public:
-    // NOLINTNEXTLINE(google-explicit-constructor,hicpp-explicit-conversions): it is a number like any other
+    /// Not explicit, as the way back: it is a number like any other.
     constexpr CheckedInt32(std::int32_t value) : value_(value) {}
-    // NOLINTNEXTLINE(google-explicit-constructor,hicpp-explicit-conversions)
     constexpr operator std::int32_t() const { return value_; }
 
     friend std::int32_t operator+(std::int32_t left, CheckedInt32 right) {
