@@ -42,7 +42,7 @@ std::string helpFileForViewer(const char* file) {
         // One that is open in a viewer cannot be written anew, and is as good.
         if (!there && (folder.empty() || GetFileAttributesW(copy.c_str()) == INVALID_FILE_ATTRIBUTES))
             continue;
-        const std::string text = pathText(copy);
+        std::string text = pathText(copy);
         if (isExpressed(widePath(text)))
             return text;
     }

@@ -8,8 +8,6 @@
 #include "win32/platform/ghosts.h"
 #include "win32/platform/titles.h"
 
-#include <string>
-
 #include <algorithm>
 #include <string>
 
