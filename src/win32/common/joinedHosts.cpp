@@ -38,13 +38,17 @@ void ask(DWORD thread, Host& host) {
         host.asked = SendMessageCallbackA(host.windows.front(), WM_NULL, 0, 0, heard, thread) != FALSE;
 }
 
-void part(DWORD thread, Host& host) {
-    host.silent = true;
-    // Each window that has gone in there has joined us once more.
+/// How often we had been joined with it: each window that has gone in there has done so once more.
+int leave(DWORD thread) {
     int joins = 0;
     while (AttachThreadInput(GetCurrentThreadId(), thread, FALSE) != FALSE)
         ++joins;
-    host.joins = std::max(host.joins, joins);
+    return joins;
+}
+
+void part(DWORD thread, Host& host) {
+    host.silent = true;
+    host.joins = std::max(host.joins, leave(thread));
     ask(thread, host);
 }
 
@@ -81,6 +85,8 @@ void CALLBACK watch(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/, DWORD
     for (auto& [thread, host] : hosts())
         if (lives(host))
             watchHost(thread, host);
+        else
+            leave(thread); // windows that went while we were parted have left a join of ours behind
     std::erase_if(hosts(), [](const auto& host) { return host.second.windows.empty(); });
 }
 
@@ -94,6 +100,8 @@ void hostJoined(HWND host) {
     static const UINT_PTR timer = SetTimer(nullptr, 0, hostPatience, watch);
     static_cast<void>(timer);
     Host& joined = hosts()[thread];
+    if (!lives(joined))
+        joined = {}; // another thread may have had the number
     if (std::ranges::find(joined.windows, host) == joined.windows.end())
         joined.windows.push_back(host);
     if (joined.silent)
