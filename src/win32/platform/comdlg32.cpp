@@ -5,6 +5,7 @@
 #include "win32/common/holding.h"
 #include "win32/common/native.h"
 #include "win32/common/ownerWindow.h"
+#include "win32/platform/hosts.h"
 #include "win32/platform/paths.h"
 
 #include <windows.h>
@@ -27,6 +28,13 @@ HWND ownerFor(HWND owner) {
 
 std::string_view textOf(const char* text) {
     return text == nullptr ? std::string_view() : std::string_view(text);
+}
+
+/// What the dialog begins with: nothing where the path's host does not answer, since the dialog would look
+/// there on our thread.
+std::string_view reachable(const char* path) {
+    const std::string_view text = textOf(path);
+    return win32::hostAnswers(text) ? text : std::string_view();
 }
 
 /// A list of texts, each ended by NUL and the whole by one more.
@@ -52,10 +60,10 @@ int show(BOOL(WINAPI* dialog)(LPOPENFILENAMEW), platform::OPENFILENAMEA& record)
     made.lStructSize = OPENFILENAME_SIZE_VERSION_400W;
     made.hwndOwner = ownerFor(win32::native(record.hwndOwner));
     const std::wstring filter = win32::widePath(listOf(record.lpstrFilter));
-    const std::wstring folder = win32::widePath(textOf(record.lpstrInitialDir));
+    const std::wstring folder = win32::widePath(reachable(record.lpstrInitialDir));
     const std::wstring title = win32::widePath(textOf(record.lpstrTitle));
     const std::wstring extension = win32::widePath(textOf(record.lpstrDefExt));
-    std::wstring file = win32::widePath(textOf(record.lpstrFile));
+    std::wstring file = win32::widePath(reachable(record.lpstrFile));
     file.resize(std::max<std::size_t>(file.size() + 1, record.nMaxFile));
     made.lpstrFilter = record.lpstrFilter == nullptr ? nullptr : filter.c_str();
     made.nFilterIndex = record.nFilterIndex;
