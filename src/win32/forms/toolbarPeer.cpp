@@ -6,9 +6,9 @@
 #include "forms/toolbar.h"
 #include "forms/toolbarLayout.h"
 #include "forms/units.h"
+#include "runtime/characters.h"
 
-#include <algorithm>
-#include <cstring>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -140,10 +140,9 @@ class ToolbarPeer : public WindowPeer {
         const auto index = static_cast<std::size_t>(commandNumber - firstCommand);
         if (text == nullptr || size <= 0 || index >= toolbar_.buttons().size())
             return;
-        const std::string& tip = toolbar_.buttons()[index].toolTipText;
-        const std::size_t length = std::min(tip.size(), static_cast<std::size_t>(size) - 1);
-        std::memcpy(text, tip.data(), length);
-        text[length] = '\0';
+        const std::string_view tip =
+            runtime::cutToSize(toolbar_.buttons()[index].toolTipText, static_cast<std::size_t>(size) - 1);
+        text[tip.copy(text, tip.size())] = '\0';
     }
 
     /// A list of buttons is built one by one; the window follows once.
