@@ -33,5 +33,6 @@ int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*comma
     MSG message;
     while (form->loaded() && GetMessageW(&message, nullptr, 0, 0) > 0)
         win32::serve(message);
-    return 0;
+    // Without the library's own end: a thread that waits for a server may still read what that would destroy.
+    ExitProcess(0);
 }
