@@ -18,13 +18,15 @@ namespace {
 
 using contract::World;
 
+/// IID_IAccessible. The compiler's 64-bit library has another number under that name.
+constexpr IID accessible{0x618736E0, 0x3C3D, 0x11CF, {0x81, 0x0C, 0x00, 0xAA, 0x00, 0x38, 0x9B, 0x71}};
+
 /// The name of a window, or of a part of it (from 1), as the system's interface for screen readers gives it.
 std::string toldName(HWND window, LONG part = CHILDID_SELF) {
     const HRESULT prepared = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     void* found = nullptr;
     std::string name = "no object";
-    if (SUCCEEDED(
-            AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible, &found))) {
+    if (SUCCEEDED(AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), accessible, &found))) {
         auto* const object = static_cast<IAccessible*>(found);
         VARIANT child{};
         child.vt = VT_I4;
