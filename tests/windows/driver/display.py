@@ -21,8 +21,11 @@ class Display:
         # Who is told to end clears away as well: with statements end in good order.
         signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
         read, write = os.pipe()
+        # Without a reset: the look for the window manager could be the only client, and its end would throw out the
+        # window manager that is about to connect.
         self._server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-nolisten", "tcp", "-ac"],
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-nolisten", "tcp", "-ac",
+             "-noreset"],
             pass_fds=[write], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(write)
         with os.fdopen(read) as pipe:
