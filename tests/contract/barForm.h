@@ -1,7 +1,7 @@
 // A form with a toolbar, made as the program's toolbar forms are.
 #pragma once
 
-#include "forms/form.h"
+#include "contract/toolForm.h"
 #include "forms/toolbar.h"
 #include "forms/units.h"
 
@@ -9,13 +9,9 @@
 
 namespace contract {
 
-class BarForm : public forms::Form {
+class BarForm : public ToolForm {
   public:
     BarForm() {
-        borderStyle = forms::BorderStyle::sizableToolWindow;
-        showInTaskbar = false;
-        activates = false;
-        setClientSize(1800, 300);
         bar.setImageList(&images);
         bar.place(*this, {});
     }

@@ -1,4 +1,5 @@
 // A form of the program in a window of another program: rectangles, the way in and out, and the host's death.
+#include "contract/toolForm.h"
 #include "contract/world.h"
 #include "forms/form.h"
 #include "forms/frame.h"
@@ -21,15 +22,9 @@ using platform::RECT;
 
 constexpr RECT hostRect = {100, 120, 900, 720};
 
-class ToolForm : public forms::Form {
+class CountingForm : public contract::ToolForm {
   public:
-    ToolForm() {
-        borderStyle = forms::BorderStyle::sizableToolWindow;
-        showInTaskbar = false;
-        activates = false;
-        setCaption("tools");
-        setClientSize(1800, 300);
-    }
+    CountingForm() { setCaption("tools"); }
     int resizes = 0;
     void Form_Resize() override { ++resizes; }
 };
@@ -69,7 +64,7 @@ TEST_SUITE_BEGIN("contract/hosting");
 TEST_CASE("a child's coordinates are those of its parent's client area") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
-    ToolForm form;
+    CountingForm form;
     const HWND hosted = host(form, window);
     const RECT corner = rectOf(hosted);
 
@@ -89,7 +84,7 @@ TEST_CASE("a child's coordinates are those of its parent's client area") {
 TEST_CASE("a child goes along with its host") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
-    ToolForm form;
+    CountingForm form;
     const HWND hosted = host(form, window);
     const RECT before = rectOf(hosted);
     platform::MoveWindow(window, 150, 180, widthOf(hostRect), heightOf(hostRect), true);
@@ -99,7 +94,7 @@ TEST_CASE("a child goes along with its host") {
 TEST_CASE("taking a form into a host and out again keeps its position in numbers") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
-    ToolForm form;
+    CountingForm form;
     const HWND hosted = host(form, window);
     const RECT corner = rectOf(hosted);
     REQUIRE(platform::MoveWindow(hosted, 70, 80, widthOf(corner), heightOf(corner), true));
@@ -116,7 +111,7 @@ TEST_CASE("taking a form into a host and out again keeps its position in numbers
 TEST_CASE("a height that is assigned outside the host lasts inside") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
-    ToolForm form;
+    CountingForm form;
     const HWND hosted = host(form, window);
     const RECT corner = rectOf(hosted);
     REQUIRE(platform::MoveWindow(hosted, 300, 10, widthOf(corner), heightOf(corner), true));
@@ -136,7 +131,7 @@ TEST_CASE("a height that is assigned outside the host lasts inside") {
 TEST_CASE("a hosted form is not among the top-level windows and is found there again outside") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
-    ToolForm form;
+    CountingForm form;
     const HWND hosted = host(form, window);
     struct Search {
         HWND wanted;
@@ -161,7 +156,7 @@ TEST_CASE("a hosted form is not among the top-level windows and is found there a
 TEST_CASE("a frame can be hosted without the form that it stands on") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
-    ToolForm form;
+    CountingForm form;
     forms::Frame frame;
     frame.place(form, {0, 0, 1500, 270});
     form.show();
@@ -185,8 +180,8 @@ TEST_CASE("a form outlives the closing of its host, without a window") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
     const HWND other = world.openWindow("other host", hostRect);
-    ToolForm form;
-    ToolForm stays;
+    CountingForm form;
+    CountingForm stays;
     const HWND hosted = host(form, window);
     host(stays, other);
     world.closeWindow(window);
@@ -204,7 +199,7 @@ TEST_CASE("a form outlives the closing of its host, without a window") {
 TEST_CASE("a form outlives the end of its host's process, without a window") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
-    ToolForm form;
+    CountingForm form;
     forms::Frame frame;
     frame.place(form, {0, 0, 1500, 270});
     const HWND hosted = host(form, window);
@@ -221,7 +216,7 @@ TEST_CASE("a form outlives the end of its host's process, without a window") {
 TEST_CASE("nothing waits for a host that hangs") {
     World world;
     const HWND window = world.openWindow("host", hostRect);
-    ToolForm form;
+    CountingForm form;
     const HWND hosted = host(form, window);
     const RECT corner = rectOf(hosted);
     // Far longer than all that follows: the host is ended while it still sleeps.

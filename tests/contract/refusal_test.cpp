@@ -1,4 +1,5 @@
 // A form or frame of the program that is to go into another window and is refused.
+#include "contract/toolForm.h"
 #include "contract/world.h"
 #include "forms/form.h"
 #include "forms/frame.h"
@@ -17,14 +18,10 @@ constexpr RECT hostRect = {100, 120, 900, 720};
 constexpr std::uint32_t setRedraw = 11;
 constexpr int show = 5;
 
-class ToolForm : public forms::Form {
+class FrameForm : public contract::ToolForm {
   public:
-    ToolForm() {
-        borderStyle = forms::BorderStyle::sizableToolWindow;
-        showInTaskbar = false;
-        activates = false;
+    FrameForm() {
         setCaption("tools");
-        setClientSize(1800, 300);
         frame.place(*this, {0, 0, 1500, 270});
     }
     forms::Frame frame;
@@ -38,7 +35,7 @@ HWND deadWindow(World& world) {
 }
 
 /// All that a toolbar that is built for a host is told.
-void buildIn(ToolForm& form, HWND host) {
+void buildIn(FrameForm& form, HWND host) {
     const HWND window = form.hWnd();
     platform::MoveWindow(window, 300, 200, 128, 60, true);
     platform::SendMessageA(window, setRedraw, 0, 0);
@@ -58,7 +55,7 @@ TEST_SUITE_BEGIN("contract/refusal");
 
 TEST_CASE("a form that is refused stays top-level and is not seen, whatever it is told") {
     World world;
-    ToolForm form;
+    FrameForm form;
     form.show();
     REQUIRE(World::isSeen(form.hWnd()));
     HWND host = HWND::none;
@@ -77,7 +74,7 @@ TEST_CASE("a form that is refused stays top-level and is not seen, whatever it i
 
 TEST_CASE("a form that has been refused is seen in a host that takes it") {
     World world;
-    ToolForm form;
+    FrameForm form;
     form.show();
     platform::SetParent(form.hWnd(), deadWindow(world));
     const HWND host = world.openWindow("host", hostRect);
@@ -103,7 +100,7 @@ TEST_CASE("a form that has been refused is seen in a host that takes it") {
 
 TEST_CASE("a frame that is refused stays in its form and is not seen") {
     World world;
-    ToolForm form;
+    FrameForm form;
     form.show();
     const HWND host = deadWindow(world);
     CHECK(platform::SetParent(form.frame.hWnd(), host) == HWND::none);

@@ -1,4 +1,5 @@
 // Hosts that change under the program: the system shows a picture of one that hangs, or keeps us out of one.
+#include "core/running.h"
 #include "desktop/program.h"
 #include "store/state.h"
 
@@ -13,14 +14,6 @@ using platform::HWND;
 using store::EditorKind;
 
 namespace {
-
-/// A program that has been started beside a running EAGLE.
-struct Running : Program {
-    Running() {
-        desk().startProcess("EAGLE.EXE");
-        REQUIRE(start());
-    }
-};
 
 /// Windows of the program's own that stand on the desktop for the user to see.
 int seenOnDesktop(desktop::World& desk) {

@@ -1,4 +1,5 @@
 // Ticks of the tracker: which windows get what.
+#include "core/running.h"
 #include "desktop/program.h"
 #include "store/settings.h"
 #include "store/state.h"
@@ -14,19 +15,14 @@ using store::EditorKind;
 
 namespace {
 
-/// A program that has been started beside a running EAGLE.
-struct Running : Program {
-    Running() {
-        desk().startProcess("EAGLE.EXE");
-        REQUIRE(start());
-    }
+struct Tracked : Running {
     HWND open(const std::string& title, int width = 1024) {
         return desk().openWindow(title, {0, 0, width, 700});
     }
     HWND formOf(EditorKind kind, std::size_t index) { return toolbar(kind, index).window(); }
 };
 
-struct WithCalculator : Running {
+struct WithCalculator : Tracked {
     WithCalculator() { store::unitCalcActive = 1; }
     float calculatorLeft(std::size_t index) { return form().calculators.at(index)->fraMil.left(); }
 };
@@ -36,7 +32,7 @@ struct WithCalculator : Running {
 TEST_SUITE_BEGIN("core/tracker");
 
 TEST_CASE("board, schematic and library that are new on one tick each get a toolbar on that tick") {
-    Running program;
+    Tracked program;
     const HWND library = program.open("Library - x.lbr - EAGLE");
     const HWND schematic = program.open("Schematic - x.sch - EAGLE");
     const HWND board = program.open("Board - x.brd - EAGLE");
@@ -60,7 +56,7 @@ TEST_CASE("board, schematic and library that are new on one tick each get a tool
 }
 
 TEST_CASE("a toolbar stands in its host 25 pixels from the right end and 21 from the top") {
-    Running program;
+    Tracked program;
     const HWND board = program.open("Board - x.brd - EAGLE", 1024);
     program.ticks(1);
     const desktop::Window& bar = program.desk().window(program.formOf(EditorKind::board, 1));
@@ -74,7 +70,7 @@ TEST_CASE("a toolbar stands in its host 25 pixels from the right end and 21 from
 }
 
 TEST_CASE("the toolbar is moved with its height in twips, and its resize then sets the real one") {
-    Running program;
+    Tracked program;
     program.open("Board - x.brd - EAGLE", 1024);
     program.desk().calls.clear();
     program.ticks(1);
@@ -92,7 +88,7 @@ TEST_CASE("the toolbar is moved with its height in twips, and its resize then se
 }
 
 TEST_CASE("a toolbar does not follow its host and is not touched again once it is known") {
-    Running program;
+    Tracked program;
     const HWND board = program.open("Board - x.brd - EAGLE", 1024);
     program.ticks(1);
     const platform::RECT before = program.desk().window(program.formOf(EditorKind::board, 1)).rect;
@@ -105,14 +101,14 @@ TEST_CASE("a toolbar does not follow its host and is not touched again once it i
 }
 
 TEST_CASE("any program's window whose title holds board - is taken for a board editor") {
-    Running program;
+    Tracked program;
     program.open("notes about my BOARD - draft");
     program.ticks(1);
     CHECK(program.hosted(EditorKind::board) == 1);
 }
 
 TEST_CASE("a title with eagle: in it is refused, and no other window of the kind is tried on that tick") {
-    Running program;
+    Tracked program;
     const HWND board = program.open("Board - x.brd - EAGLE");
     const HWND refused = program.open("Board - Eagle: read-only");
     program.ticks(3);
@@ -124,7 +120,7 @@ TEST_CASE("a title with eagle: in it is refused, and no other window of the kind
 }
 
 TEST_CASE("a refused window does not keep the other kinds from their toolbars") {
-    Running program;
+    Tracked program;
     program.open("Schematic - x.sch - EAGLE");
     program.open("Board - EAGLE: x");
     program.ticks(1);
@@ -133,7 +129,7 @@ TEST_CASE("a refused window does not keep the other kinds from their toolbars") 
 }
 
 TEST_CASE("a German schematic is seen only while no window holds the English title") {
-    Running program;
+    Tracked program;
     const HWND german = program.open("Schaltplan - a.sch - EAGLE");
     const HWND english = program.open("Schematic - b.sch - EAGLE");
     program.desk().raise(german);
@@ -147,7 +143,7 @@ TEST_CASE("a German schematic is seen only while no window holds the English tit
 }
 
 TEST_CASE("a German library is seen, a German board is not") {
-    Running program;
+    Tracked program;
     program.open("Bibliothek - a.lbr - EAGLE");
     program.open("Platine - a.brd - EAGLE");
     program.ticks(1);
@@ -156,7 +152,7 @@ TEST_CASE("a German library is seen, a German board is not") {
 }
 
 TEST_CASE("a second board gets its toolbar when it comes in front of the first") {
-    Running program;
+    Tracked program;
     const HWND first = program.open("Board - a.brd - EAGLE");
     program.ticks(1);
     const HWND second = program.open("Board - b.brd - EAGLE");
@@ -169,7 +165,7 @@ TEST_CASE("a second board gets its toolbar when it comes in front of the first")
 }
 
 TEST_CASE("the file of a new window is written under the key of its kind") {
-    Running program;
+    Tracked program;
     program.open("Library - C:\\l.lbr - EAGLE");
     program.open("Schematic - C:\\s.sch - EAGLE");
     program.open("Board - C:\\b.brd - EAGLE");
@@ -180,7 +176,7 @@ TEST_CASE("the file of a new window is written under the key of its kind") {
 }
 
 TEST_CASE("a title with one separator writes nothing and gets its toolbar all the same") {
-    Running program;
+    Tracked program;
     program.open("Board - x.brd");
     program.ticks(1);
     CHECK(program.hosted(EditorKind::board) == 1);
@@ -188,7 +184,7 @@ TEST_CASE("a title with one separator writes nothing and gets its toolbar all th
 }
 
 TEST_CASE("a title without a file leaves the key of the file before as it is") {
-    Running program;
+    Tracked program;
     program.open("Board - a.brd - EAGLE");
     program.ticks(1);
     program.open("Board - untitled");
@@ -199,7 +195,7 @@ TEST_CASE("a title without a file leaves the key of the file before as it is") {
 }
 
 TEST_CASE("a name is written again only when it differs from the last one of its kind") {
-    Running program;
+    Tracked program;
     program.open("Board - a.brd - EAGLE");
     program.ticks(1);
     program.desk().writeSettings("");
@@ -213,7 +209,7 @@ TEST_CASE("a name is written again only when it differs from the last one of its
 }
 
 TEST_CASE("a library name loses its bracket part and the character before it, other names keep theirs") {
-    Running program;
+    Tracked program;
     program.open("Library - C:\\l.lbr (package) - EAGLE");
     program.open("Board - C:\\b.brd (copy) - EAGLE");
     program.ticks(1);
@@ -223,14 +219,14 @@ TEST_CASE("a library name loses its bracket part and the character before it, ot
 }
 
 TEST_CASE("only the last bracket of a library name counts") {
-    Running program;
+    Tracked program;
     program.open("Library - a (b) c (d) - EAGLE");
     program.ticks(1);
     CHECK(program.form().lastOpened[2] == "a (b) c");
 }
 
 TEST_CASE("a library name with the bracket as second character becomes empty and is stored empty") {
-    Running program;
+    Tracked program;
     program.desk().writeSettings("[Toolbar]\r\nlastLbr=old\r\n");
     program.open("Library - x(package) - EAGLE");
     program.ticks(1);
@@ -240,7 +236,7 @@ TEST_CASE("a library name with the bracket as second character becomes empty and
 }
 
 TEST_CASE("a library name that begins with a bracket ends the program with the runtime's message") {
-    Running program;
+    Tracked program;
     program.open("Library - (package) - EAGLE");
     program.ticks(1);
     CHECK(program.desk().ended);
@@ -250,7 +246,7 @@ TEST_CASE("a library name that begins with a bracket ends the program with the r
 }
 
 TEST_CASE("a closed host takes its toolbar's window along and leaves the entry in the list") {
-    Running program;
+    Tracked program;
     const HWND board = program.open("Board - a.brd - EAGLE");
     program.ticks(1);
     program.desk().closeWindow(board);
@@ -264,7 +260,7 @@ TEST_CASE("a closed host takes its toolbar's window along and leaves the entry i
 }
 
 TEST_CASE("a new window with the handle of a closed one counts as known") {
-    Running program;
+    Tracked program;
     const HWND board = program.open("Board - a.brd - EAGLE");
     program.ticks(1);
     program.desk().closeWindow(board);
@@ -275,7 +271,7 @@ TEST_CASE("a new window with the handle of a closed one counts as known") {
 }
 
 TEST_CASE("with no schematic toolbar every tick finds the library new but writes its name once") {
-    Running program;
+    Tracked program;
     store::unitCalcActive = 1;
     program.open("Library - C:\\l.lbr - EAGLE");
     program.ticks(1);
@@ -287,7 +283,7 @@ TEST_CASE("with no schematic toolbar every tick finds the library new but writes
 }
 
 TEST_CASE("a library with a bracket part is written again for each toolbar, as the stored name differs") {
-    Running program;
+    Tracked program;
     program.open("Library - C:\\l.lbr (pac) - EAGLE");
     program.ticks(1);
     program.desk().writeSettings("");
@@ -296,7 +292,7 @@ TEST_CASE("a library with a bracket part is written again for each toolbar, as t
 }
 
 TEST_CASE("a library entry within the schematic list's bound is known, one beyond it is new") {
-    Running program;
+    Tracked program;
     const HWND schematic = program.open("Schematic - s.sch - EAGLE");
     const HWND first = program.open("Library - a.lbr - EAGLE");
     program.ticks(3);
@@ -314,7 +310,7 @@ TEST_CASE("a library entry within the schematic list's bound is known, one beyon
 }
 
 TEST_CASE("the library scan may run beyond the end of its own list without a match") {
-    Running program;
+    Tracked program;
     for (int count = 0; count < 5; ++count) {
         program.open("Schematic - " + std::to_string(count) + " - EAGLE");
         program.ticks(1);
@@ -370,7 +366,7 @@ TEST_CASE("only the frontmost editor of a kind has its calculator placed") {
 }
 
 TEST_CASE("with the calculator off there is none, and nothing is placed") {
-    Running program;
+    Tracked program;
     program.open("Board - a.brd - EAGLE");
     program.ticks(3);
     CHECK(program.form().calculators.size() == 1);
@@ -378,7 +374,7 @@ TEST_CASE("with the calculator off there is none, and nothing is placed") {
 }
 
 TEST_CASE("a calculator that is switched on later comes with the next new window, without a restart") {
-    Running program;
+    Tracked program;
     program.open("Board - a.brd - EAGLE");
     program.ticks(1);
     store::unitCalcActive = 1;
@@ -412,7 +408,7 @@ TEST_CASE("300 editor windows all get their toolbar once they have been in front
 }
 
 TEST_CASE("titles of 10,000 characters and with control characters get a toolbar and no trouble") {
-    Running program;
+    Tracked program;
     program.open("Board - " + std::string(10'000, 'x') + " - EAGLE");
     program.ticks(1);
     program.open(std::string("Schematic - \x01\x02\r\n\x7F - EAGLE"));

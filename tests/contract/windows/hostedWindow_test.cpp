@@ -1,4 +1,5 @@
 // What the system's default handling would pass on from a hosted window to its host, which may be busy.
+#include "contract/toolForm.h"
 #include "contract/world.h"
 #include "forms/form.h"
 #include "forms/frame.h"
@@ -20,13 +21,9 @@ namespace {
 using contract::World;
 
 /// A toolbar form, and a frame that can be hosted without it.
-class HostedForm : public forms::Form {
+class HostedForm : public contract::ToolForm {
   public:
     explicit HostedForm(platform::HWND host) {
-        borderStyle = forms::BorderStyle::sizableToolWindow;
-        showInTaskbar = false;
-        activates = false;
-        setClientSize(1800, 300);
         frame.border = false;
         frame.place(*this, {0, 0, 1500, 270});
         bar.place(*this, {});

@@ -1,4 +1,5 @@
 // A host that has the keyboard and hangs: nothing of ours waits for it, and it gets back what it had.
+#include "contract/toolForm.h"
 #include "contract/world.h"
 #include "forms/form.h"
 #include "forms/frame.h"
@@ -26,13 +27,9 @@ constexpr int longHang = 5'000;         // milliseconds
 constexpr std::chrono::seconds soon{3}; // a file dialog takes two by itself
 
 /// What a toolbar and a calculator put into a host.
-class Guest : public forms::Form {
+class Guest : public contract::ToolForm {
   public:
     explicit Guest(platform::HWND host) {
-        borderStyle = forms::BorderStyle::sizableToolWindow;
-        showInTaskbar = false;
-        activates = false;
-        setClientSize(1800, 300);
         frame.border = false;
         frame.place(*this, {0, 0, 1500, 270});
         field.place(frame, {0, 0, 900, 285});

@@ -1,5 +1,6 @@
 // Dialogs and menus of the system over our windows and a host's: their owner is not disabled when they come,
 // and when they have gone the keyboard is where it was.
+#include "contract/toolForm.h"
 #include "contract/windows/beside.h"
 #include "contract/world.h"
 #include "forms/form.h"
@@ -63,13 +64,9 @@ class Dialog : public forms::Form {
 };
 
 /// A toolbar's form in a host's window.
-class Guest : public forms::Form {
+class Guest : public contract::ToolForm {
   public:
     explicit Guest(platform::HWND host) {
-        borderStyle = forms::BorderStyle::sizableToolWindow;
-        showInTaskbar = false;
-        activates = false;
-        setClientSize(1800, 300);
         show();
         platform::SetParent(hWnd(), host);
     }
