@@ -4,7 +4,8 @@
 # no arguments and may be run again: what is there already is not made again.
 #
 # A step that prints counts of its own (tools/test-counts.awk knows how they look) adds them; any other step counts
-# as one. A step that could not run has failed.
+# as one. A step that could not run has failed. Under a step stand the lines FLAKY that it has printed: what has failed
+# beside others and passed alone.
 set -uo pipefail
 . "$(dirname "$0")/tools/lib.sh"
 cd "$PROJECT" || exit 1
@@ -31,6 +32,7 @@ step() {
     failed=$((failed + bad))
     summary+=("$(printf '%-22s %4d passed %4d failed %4d s' "$name" "$good" "$bad" $((SECONDS - begin)))")
     printf '== %s\n' "${summary[-1]}"
+    mapfile -t -O ${#summary[@]} summary < <(sed -n 's/^ *\(FLAKY: .*\)/      \1/p' "$log")
 }
 
 step 'toolchain' tools/setup-toolchain.sh
@@ -38,6 +40,7 @@ step 'native build' tools/build.sh native
 step 'native tests' build/native/bin/kestrel-tests
 step 'code pages' tools/test-code-pages.sh
 step 'style' tools/check-style.sh
+step 'second tries' "$PYTHON" tests/windows/check-turns.py
 step 'art' "$PYTHON" resources/check-art.py
 step 'win32 build' tools/build.sh i686
 step 'win64 build' tools/build.sh x86_64

@@ -38,8 +38,8 @@ def play_on_each(file, stories):
                     story(stage, checks)
                 finally:
                     stage.picture(name)
-    except Exception:  # pylint: disable=broad-except; a scene that breaks off has failed, whatever the reason
+    except Exception as error:  # pylint: disable=broad-except; a scene that breaks off has failed, whatever the reason
         traceback.print_exc()
-        checks.that(False, "the scene is played to its end")
+        checks.that(False, "the scene is played to its end", repr(error))
     print(checks.summary(), flush=True)
     sys.exit(1 if checks.failed else 0)
