@@ -6,6 +6,7 @@
 #include "forms/mainForm.h"
 #include "platform/programs.h"
 #include "setup/frmSetup.h"
+#include "store/mends.h"
 #include "store/settings.h"
 #include "store/state.h"
 
@@ -66,6 +67,7 @@ void Hauptform::loadSettings() {
     using store::getText;
     namespace key = store::key;
     constexpr const char* unit = store::section::unit;
+    store::mendsOn = store::mendSetting();
     if (store::getFlag(unit, key::visible))
         store::unitCalcActive = 1;
     store::unitName[0] = getText(unit, key::leftUnit, "mil");

@@ -8,6 +8,7 @@
 #include "runtime/characters.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
+#include "store/mends.h"
 #include "store/settings.h"
 #include "store/state.h"
 
@@ -91,7 +92,8 @@ void Hauptform::trackKind(EditorKind kind) {
 std::size_t Hauptform::scan(EditorKind kind, platform::HWND host, bool& found) {
     const Toolbars& list = toolbarsOf(kind);
     // Kept: the library scan ends where the schematic list does.
-    const std::size_t bound = (kind == EditorKind::library ? toolbarsSCH : list).size();
+    const bool elsewhere = kind == EditorKind::library && !store::mended(store::Mend::libraries);
+    const std::size_t bound = (elsewhere ? toolbarsSCH : list).size();
     for (std::size_t index = 0; index < bound; ++index)
         if (index < list.size() && list[index]->eagHND == host) {
             found = true;

@@ -17,6 +17,7 @@ inline constexpr const char* toolbarWritten = "Toolbar"; ///< Kept: the same sec
 
 namespace key {
 inline constexpr const char* language = "language";
+inline constexpr const char* mend = "mend";
 inline constexpr const char* visible = "Visible";
 inline constexpr const char* leftUnit = "LeftUnit";
 inline constexpr const char* rightUnit = "RightUnit";

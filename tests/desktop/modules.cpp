@@ -7,6 +7,7 @@
 #include "forms/defaultInstance.h"
 #include "setup/frmSetup.h"
 #include "store/buttonLists.h"
+#include "store/mends.h"
 #include "store/pathTokens.h"
 #include "store/settings.h"
 #include "store/state.h"
@@ -17,6 +18,7 @@ namespace desktop {
 
 void resetModules() {
     store::languageOffset = 0;
+    store::mendsOn = false;
     store::unitCalcActive = 0;
     store::unitName = {};
     store::unitAccuracy = {};
