@@ -1,5 +1,6 @@
 """The user's hands and eyes: mouse and keys by the X server's own input, pictures of the whole screen."""
 
+import re
 import subprocess
 
 from driver.waiting import poll
@@ -69,6 +70,16 @@ class Screen:
         shown = subprocess.run(["xdotool", "getwindowfocus", "getwindowname"], env=self._environment,
                                capture_output=True, text=True, check=False)
         return shown.stdout.strip()
+
+    def focus_lost(self):
+        """Whether keys go to no program: to the window manager's own window, or nowhere at all."""
+        return self.focused() in ("Openbox", "")
+
+    def activate(self, title):
+        """Asks the window manager to give the keys to the window with this title."""
+        exact = re.sub(r"([][\\^$.|?*+(){}])", r"\\\1", title)
+        subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{exact}$", "windowactivate"],
+                       env=self._environment, capture_output=True, check=False)
 
     def picture(self, path, part=None):
         """A PNG of the whole screen, or of a rectangle of it."""

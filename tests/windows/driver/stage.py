@@ -12,6 +12,7 @@ from driver.screen import Screen
 from driver.waiting import LIMIT, poll
 
 KESTREL = "C:\\kestrel"
+LOST = 3  # so many looks in a row find keys that go to nobody before they count as lost
 PLAIN = 3  # colours of a button that has no picture, under the mouse or not
 
 
@@ -131,10 +132,25 @@ class Stage:
         self.screen.click(*self.toolbar(editor).buttons[number].place.middle)
 
     def wait_for_focus(self, handle, seconds=LIMIT):
-        """Waits until this top-level window is in front and gets the user's keys."""
+        """Waits until this top-level window is in front and gets the user's keys. When a window goes the display's own focus
+        may be left with nobody for good: the window manager asks EAGLE to take it, and Wine, in EAGLE, gives it to whatever
+        the joined input has for active at that moment, be it a hidden window of Kestrel's, which the display refuses. What
+        Windows has in front is never changed here: the window manager is asked once more for the window that is there."""
+        looks = 0  # in a row at which nobody had the keys
+
         def come():
+            nonlocal looks
             desktop = self.look()
-            return desktop.foreground == handle and self.screen.focused() == desktop.windows[handle].text.strip()
+            if desktop.foreground != handle:
+                return False
+            title = desktop.windows[handle].text.strip()
+            if self.screen.focused() == title:
+                return True
+            looks = looks + 1 if self.screen.focus_lost() else 0
+            if title and looks > LOST:
+                self.screen.activate(title)
+                looks = 0
+            return False
         return poll(come, seconds)
 
     @staticmethod

@@ -30,7 +30,8 @@ class Field:
         """Types a key, which is to arrive there."""
         self._checks.that(poll(lambda: self._stage.command_field_focused(self._editor)),
                           f"{words}: the command field has the focus")
-        self._stage.wait_for_focus(self._editor.handle)  # the screen's own focus follows Windows' a moment later
+        # The display's own focus follows Windows' a moment later.
+        self._checks.that(self._stage.wait_for_focus(self._editor.handle), f"{words}: the user's keys go to its window")
         before = self._stage.command_field(self._editor).text
         self._stage.screen.type("k")
         self._checks.that(poll(lambda: self._stage.command_field(self._editor).text == before + "k"),
