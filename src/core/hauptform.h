@@ -33,6 +33,8 @@ struct PositionRecord {
     std::int32_t bottom = 0;
 };
 
+class EditorSearch;
+
 class Hauptform : public forms::Form {
   public:
     Hauptform();
@@ -82,7 +84,7 @@ class Hauptform : public forms::Form {
     void Timer2_Timer();
     // tracker.cpp
     void idleTest();
-    void trackKind(store::EditorKind kind);
+    void trackKind(store::EditorKind kind, EditorSearch& search);
     std::size_t scan(store::EditorKind kind, platform::HWND host, bool& found);
     void rememberFile(store::EditorKind kind, platform::HWND host);
     std::size_t addToolbar(store::EditorKind kind, platform::HWND host, std::size_t scanned);

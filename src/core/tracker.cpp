@@ -1,4 +1,5 @@
 // One tick: which windows of EAGLE's are there, and what each of them still needs.
+#include "core/editorSearch.h"
 #include "core/hauptform.h"
 #include "core/placement.h"
 #include "core/windoInf.h"
@@ -18,32 +19,12 @@ namespace {
 
 using store::EditorKind;
 
-/// What tells the editor kinds apart for the tracker.
-struct TrackedKind {
-    std::array<const char*, 2> searchTexts; ///< null where there is no second one
-    const char* keyWritten;
-};
-
-constexpr std::array<TrackedKind, 3> trackedKinds = {{
-    {{"Board -", nullptr}, store::key::lastBoard},
-    {{"Schematic -", "Schaltplan -"}, store::key::lastSCH},
-    {{"Library -", "Bibliothek -"}, store::key::lastLbrWritten},
-}};
-
-const TrackedKind& tracked(EditorKind kind) {
-    return trackedKinds[static_cast<std::size_t>(kind)];
-}
+/// Of each editor kind, the key that its latest file is written to.
+constexpr std::array<const char*, 3> keysWritten = {store::key::lastBoard, store::key::lastSCH,
+                                                    store::key::lastLbrWritten};
 
 /// Titles with this text belong to EAGLE's windows that are no editors.
 constexpr const char* excluded = "eagle:";
-
-platform::HWND candidate(EditorKind kind) {
-    for (const char* text : tracked(kind).searchTexts)
-        if (text != nullptr)
-            if (const platform::HWND window = findWindowByTitle(text); window != platform::HWND::none)
-                return window;
-    return platform::HWND::none;
-}
 
 /// Outer width in screen pixels; 0 for a window that has just died.
 std::int32_t hostWidth(platform::HWND host) {
@@ -56,8 +37,9 @@ std::int32_t hostWidth(platform::HWND host) {
 
 void Hauptform::setWindow() {
     idleTest();
+    EditorSearch search; // of this tick alone: nothing is kept for the next one
     for (const EditorKind kind : store::editorKinds)
-        trackKind(kind);
+        trackKind(kind, search);
 }
 
 void Hauptform::idleTest() {
@@ -75,17 +57,19 @@ void Hauptform::idleTest() {
     }
 }
 
-void Hauptform::trackKind(EditorKind kind) {
-    const platform::HWND host = candidate(kind);
+void Hauptform::trackKind(EditorKind kind, EditorSearch& search) {
+    const platform::HWND host = search.front(kind);
     // No other window of the kind is tried when this one is refused.
     if (host == platform::HWND::none || runtime::holdsIgnoringCase(getWindowCaption(host), excluded))
         return;
     bool found = false;
     const std::size_t scanned = scan(kind, host, found);
-    if (found)
+    if (found) {
         placeCalculator(static_cast<std::size_t>(toolbarsOf(kind)[scanned]->milIndex), host);
-    else
-        placeCalculator(addToolbar(kind, host, scanned), host);
+        return;
+    }
+    search.forget(); // what is made raises its host, also if the host then refuses it
+    placeCalculator(addToolbar(kind, host, scanned), host);
 }
 
 /// Index of the toolbar that stands in the host, or the first index beyond the bound.
@@ -116,7 +100,7 @@ void Hauptform::rememberFile(EditorKind kind, platform::HWND host) {
             const std::string_view before(name.data(), bracket);
             name.resize(runtime::sizeOfCharacters(before, runtime::characterCount(before) - 1));
         }
-    store::setini(store::section::toolbarWritten, tracked(kind).keyWritten, name);
+    store::setini(store::section::toolbarWritten, keysWritten[static_cast<std::size_t>(kind)], name);
     last = name;
 }
 

@@ -7,7 +7,6 @@
 #include "runtime/text.h"
 
 #include <algorithm>
-#include <array>
 #include <span>
 
 namespace core {
@@ -21,12 +20,14 @@ platform::HWND findWindowByTitle(std::string_view text) {
     return foundWindow;
 }
 
-int enumTitleCallback(platform::HWND window, std::intptr_t /*extra*/) {
-    std::array<char, 256> buffer; // filled by the call
+std::string_view titleForSearch(platform::HWND window, TitleBuffer& buffer) {
     const int copied = platform::GetWindowTextA(window, buffer.data(), static_cast<int>(buffer.size()));
-    if (copied < static_cast<int>(searchTitle.size()))
-        return 1;
-    if (!runtime::holdsIgnoringCase({buffer.data(), static_cast<std::size_t>(copied)}, searchTitle))
+    return {buffer.data(), static_cast<std::size_t>(copied)};
+}
+
+int enumTitleCallback(platform::HWND window, std::intptr_t /*extra*/) {
+    TitleBuffer buffer; // filled by the call
+    if (!runtime::holdsIgnoringCase(titleForSearch(window, buffer), searchTitle))
         return 1;
     foundWindow = window;
     return 0;

@@ -5,6 +5,7 @@
 
 #include "platform/types.h"
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -19,6 +20,11 @@ inline platform::HWND foundWindow = platform::HWND::none;
 /// The first top-level window, in window order, whose title holds the text, ignoring case; none if there is
 /// none or the text is empty. Only the first 255 characters of a title count.
 platform::HWND findWindowByTitle(std::string_view text);
+
+/// A title as far as a search looks at it, its first 255 characters; it stands in the buffer. Allocates
+/// nothing.
+using TitleBuffer = std::array<char, 256>;
+std::string_view titleForSearch(platform::HWND window, TitleBuffer& buffer);
 
 /// Callback of findWindowByTitle: 0 on a match, else 1. Allocates nothing.
 int enumTitleCallback(platform::HWND window, std::intptr_t extra);

@@ -184,6 +184,8 @@ class World {
     /// Top-level windows, top of the order first.
     std::vector<HWND> order;
     HWND foreground = HWND::none;
+    std::function<void(HWND)> onTitleRead; ///< runs when a title is read
+    std::function<void(HWND)> onSetParent; ///< runs when something is about to go into a window
     /// The next window made gets this handle instead of a new one.
     HWND nextHandle = HWND::none;
 

@@ -58,6 +58,8 @@ bool EnumWindows(EnumWindowsCallback callback, std::intptr_t extra) {
 }
 
 int GetWindowTextA(HWND window, char* text, int size) {
+    if (world().onTitleRead)
+        world().onTitleRead(window);
     const Window* found = world().find(window);
     if (size <= 0)
         return 0;
@@ -96,6 +98,8 @@ bool GetClientRect(HWND window, RECT& rect) {
 
 HWND SetParent(HWND child, HWND parent) {
     noteCall("SetParent", {number(child), number(parent)});
+    if (world().onSetParent)
+        world().onSetParent(parent);
     Window* moved = world().find(child);
     if (moved == nullptr)
         return HWND::none;
