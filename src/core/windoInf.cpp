@@ -66,7 +66,7 @@ std::string fileOfTitle(std::string_view title) {
 
 std::int16_t isEagleRunning() {
     constexpr std::uint32_t processes = 2;
-    // Kept: the snapshot is not given back.
+    // Kept: the snapshot is not given back. The platform ends it when the next one is asked for.
     const platform::HANDLE snapshot = platform::CreateToolhelp32Snapshot(processes, 0);
     platform::PROCESSENTRY32 entry;
     entry.dwSize = platform::processRecordSize;

@@ -25,6 +25,7 @@ struct PROCESSENTRY32 {
 };
 inline constexpr std::uint32_t processRecordSize = 296;
 
+/// A snapshot that nobody gives back. It lasts until the next one is asked for: one walk at a time.
 HANDLE CreateToolhelp32Snapshot(std::uint32_t flags, std::uint32_t processId);
 bool Process32First(HANDLE snapshot, PROCESSENTRY32& entry);
 bool Process32Next(HANDLE snapshot, PROCESSENTRY32& entry);

@@ -13,7 +13,8 @@ namespace store {
 
 void extractIconToPicture(const std::string& file, std::int32_t index, forms::PictureBox& picture) {
     try {
-        // Kept: the large icon is fetched with the small one, never used and never given back.
+        // Kept: the large icon is fetched with the small one, never used and never given back. The platform
+        // ends it with the next extraction.
         platform::HICON largeIcon = platform::HICON::none;
         platform::HICON smallIcon = platform::HICON::none;
         if (platform::ExtractIconExA(expandTokens(file).c_str(), index, largeIcon, smallIcon) < 1)

@@ -2,6 +2,7 @@
 
 #include "runtime/characters.h"
 #include "win32/common/wide.h"
+#include "win32/platform/leftOpen.h"
 #include "win32/platform/paths.h"
 
 #include <windows.h>
@@ -72,7 +73,10 @@ int WritePrivateProfileStringA(const char* section, const char* key, const char*
 }
 
 HANDLE CreateToolhelp32Snapshot(std::uint32_t flags, std::uint32_t processId) {
-    return HANDLE{reinterpret_cast<std::uintptr_t>(::CreateToolhelp32Snapshot(flags, processId))};
+    win32::endLastSnapshot();
+    const ::HANDLE snapshot = ::CreateToolhelp32Snapshot(flags, processId);
+    win32::keepSnapshot(snapshot);
+    return HANDLE{reinterpret_cast<std::uintptr_t>(snapshot)};
 }
 
 bool Process32First(HANDLE snapshot, PROCESSENTRY32& entry) {

@@ -4,6 +4,7 @@
 #include "win32/common/native.h"
 #include "win32/platform/hosts.h"
 #include "win32/platform/iconChooser.h"
+#include "win32/platform/leftOpen.h"
 #include "win32/platform/opening.h"
 #include "win32/platform/paths.h"
 #include "win32/platform/patience.h"
@@ -70,6 +71,7 @@ namespace platform {
 std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeIcon, HICON& smallIcon) {
     constexpr int largeSide = 32;
     constexpr int smallSide = 16;
+    win32::endLastLargeIcon();
     const auto icon = std::make_shared<ExtractedIcon>();
     const bool asked = win32::askHost(file, [path = std::string(file), index, icon] {
         if (!win32::fileAnswers(path))
@@ -80,6 +82,7 @@ std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeI
     });
     if (!asked || icon->large == nullptr || icon->little == nullptr)
         return 0;
+    win32::keepLargeIcon(icon->large);
     largeIcon = HICON{reinterpret_cast<std::uintptr_t>(std::exchange(icon->large, nullptr))};
     smallIcon = HICON{reinterpret_cast<std::uintptr_t>(std::exchange(icon->little, nullptr))};
     return 1;

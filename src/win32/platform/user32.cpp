@@ -6,6 +6,7 @@
 #include "win32/common/refusal.h"
 #include "win32/common/windowChanges.h"
 #include "win32/platform/ghosts.h"
+#include "win32/platform/leftOpen.h"
 #include "win32/platform/titles.h"
 
 #include <algorithm>
@@ -147,7 +148,9 @@ bool DrawIconEx(HDC dc, int x, int y, HICON icon, int width, int height, std::ui
 }
 
 bool DestroyIcon(HICON icon) {
-    return ::DestroyIcon(reinterpret_cast<::HICON>(icon)) != FALSE;
+    const auto given = reinterpret_cast<::HICON>(icon);
+    win32::forgetIcon(given);
+    return ::DestroyIcon(given) != FALSE;
 }
 
 void CharLowerBuffA(std::span<char> text) {
