@@ -150,6 +150,10 @@ class frmSetup : public forms::Form {
     void btnH_Click(std::int16_t Index);
     void btnL_Click(std::int16_t Index);
     void chkAdd_Click(std::int16_t Index);
+    // optionButtons.cpp
+    void enableQuestion(std::size_t page, bool enabled);
+    void showDialogKind(std::int16_t list);
+    void storeDialogKind(std::int16_t Index);
     // eagleEntries.cpp
     void btnAddEAGLE_Click(std::int16_t Index);
     void btnIcon_Click(std::int16_t Index);

@@ -10,6 +10,7 @@
 #include "setup/ObjFiledialog.h"
 #include "store/iconExtract.h"
 #include "store/iconReference.h"
+#include "store/mends.h"
 #include "store/settings.h"
 #include "store/state.h"
 #include "store/textCatalogue.h"
@@ -93,7 +94,8 @@ void frmSetup::showEntryFields(std::int16_t list, const std::int16_t& type) {
     btnIcon[page].setEnabled(edits);
     fraCommand[page].setEnabled(edits);
     // Kept: the type, not the page, says whose option buttons are meant.
-    const std::size_t triple = edits ? 3 * at(type) : 6;
+    const bool own = store::mended(store::Mend::optionButtons);
+    const std::size_t triple = own ? 3 * page : edits ? 3 * at(type) : 6;
     for (std::size_t option = triple; option < triple + 3; ++option)
         chkAdd[option].setEnabled(edits);
 }
@@ -118,9 +120,12 @@ void frmSetup::lstApps_Click(std::int16_t Index) {
     txtTooltip[page].setText(entry.tooltip);
     txtPara[page].setText(entry.param);
     // Kept: the first page's option button, whichever list is shown.
-    if (at(entry.dialog) >= chkAdd.size()) // one below 0, too
+    if (store::mended(store::Mend::optionButtons))
+        showDialogKind(Index);
+    else if (at(entry.dialog) >= chkAdd.size()) // one below 0, too
         throw runtime::RuntimeError(runtime::ErrorNumber::subscriptOutOfRange);
-    chkAdd[at(entry.dialog)].setValue(true);
+    else
+        chkAdd[at(entry.dialog)].setValue(true);
     if (entry.type != entryType::separator)
         drawIcon(Index, entry.icon);
     refreshPreview(page);
@@ -154,6 +159,10 @@ void frmSetup::txtPara_Change(std::int16_t Index) {
 /// with the number of the option; and the fields that follow are those of yet another page. Only the first
 /// page's buttons do anything.
 void frmSetup::chkAdd_Click(std::int16_t Index) {
+    if (store::mended(store::Mend::optionButtons)) {
+        storeDialogKind(Index);
+        return;
+    }
     const std::size_t page = at(runtime::roundToInt16(Index / 3.0));
     // The last button's page does not exist.
     if (page >= listPages || lstApps[page].listIndex() < 0 || noUpdate != 0)
@@ -215,6 +224,10 @@ void frmSetup::btnAdd_Click(std::int16_t Index) {
         fillList(Index);
     }
     selectLast(Index);
+    // Kept: after a cancelled dialog the fields stay empty, and the option buttons as they were set above, if
+    // the last row was selected before.
+    if (store::mended(store::Mend::optionButtons))
+        showDialogKind(Index);
     refreshPreview(page);
     noUpdate = 0;
 }

@@ -1,6 +1,7 @@
 // The texts of the dialog. A text is read anew each time; only what stands here follows the language.
 #include "setup/frmSetup.h"
 
+#include "store/mends.h"
 #include "store/state.h"
 #include "store/textCatalogue.h"
 
@@ -25,9 +26,12 @@ void frmSetup::loadResources() {
         btnAdd[i].setCaption(LoadResString(1009 + languageOffset));
     }
     // Kept: only the first page's option buttons follow the language.
-    chkAdd[0].setCaption(LoadResString(1006 + languageOffset));
-    chkAdd[1].setCaption(LoadResString(1007 + languageOffset));
-    chkAdd[2].setCaption(LoadResString(1008 + languageOffset));
+    const std::size_t pages = store::mended(store::Mend::optionButtons) ? listPages : 1;
+    for (std::size_t page = 0; page < pages; ++page) {
+        chkAdd[3 * page].setCaption(LoadResString(1006 + languageOffset));
+        chkAdd[3 * page + 1].setCaption(LoadResString(1007 + languageOffset));
+        chkAdd[3 * page + 2].setCaption(LoadResString(1008 + languageOffset));
+    }
     btnHelp.setCaption(LoadResString(1014 + languageOffset));
     btnCancel.setCaption(LoadResString(1015 + languageOffset));
     btnOk.setCaption(LoadResString(1016 + languageOffset));
