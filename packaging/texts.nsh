@@ -11,7 +11,7 @@
 !insertmacro text programTip "The program, its help and its icons." "Das Programm, seine Hilfe und seine Symbole."
 !insertmacro text samplesTip \
     "Buttons for boards, schematics and libraries. Settings that are there already are kept as they are." \
-    "Knöpfe für Platinen, Schaltpläne und Bibliotheken. Schon vorhandene Einstellungen bleiben, wie sie sind."
+    "Knöpfe für Boards, Schaltpläne und Bibliotheken. Schon vorhandene Einstellungen bleiben, wie sie sind."
 !insertmacro text startMenuTip "Kestrel in the start menu." "Kestrel im Startmenü."
 !insertmacro text logonTip "Kestrel starts when you log on." "Kestrel startet bei der Anmeldung."
 !insertmacro text closing "Ending the running Kestrel" "Das laufende Kestrel wird beendet"
