@@ -2,7 +2,7 @@
 
 import time
 
-from driver import paths
+from driver import paths, settings
 from driver.stage import Stage
 from measuring import BITS, FOLDER, private_kb
 from work import PICTURES
@@ -19,7 +19,7 @@ def ticking_memory(minutes=MINUTES):
         stage.prefix.put([paths.built(BITS, "win-bench.exe")], FOLDER)
         eagle = stage.start_eagle()
         editors = stage.three_editors(eagle)
-        stage.start_kestrel(paths.DEMO_SETTINGS.read_text(encoding="cp1252"))
+        stage.start_kestrel(settings.start_set())
         stage.witness.run(FOLDER + "\\win-bench.exe idle")
         for kind, editor in editors.items():
             if not stage.toolbar(editor):

@@ -38,6 +38,7 @@ FLAGS = {"win32": ANYWHERE | NO_DATA_RUN | NO_HELP, "win64": ANYWHERE | WIDELY |
 SAFE = {"advapi32.dll", "comdlg32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll", "oleaut32.dll",
         "shell32.dll", "user32.dll", "comctl32.dll"}
 LONGEST = 254  # characters of a value that come back whole
+WAITS = {"window", "ripup", "show", "display", "display none", "edit"}  # commands that take what follows, names or points
 NOTATION = re.compile(r"[+^%~(){}\[\]]")  # has a meaning of its own in a command
 
 
@@ -50,7 +51,7 @@ def copy_of_tree(folder):
     for name in ("packaging", "samples", "resources", "tools", "dist/win32", "dist/win64"):
         shutil.copytree(ROOT / name, folder / name, copy_function=shutil.copyfile)
     of_check = [f"{built}/{name}" for built in packages.BUILT.values() for name in packages.OF_CHECK]
-    for name in ("CMakeLists.txt", "LICENSE", packages.CHECK_SETTINGS, *of_check):
+    for name in ("CMakeLists.txt", "LICENSE", *of_check):
         (folder / name).parent.mkdir(parents=True, exist_ok=True)
         copy = shutil.copytree if (ROOT / name).is_dir() else shutil.copyfile
         copy(ROOT / name, folder / name)
@@ -175,6 +176,8 @@ def lists(checks):
             buttons = [row for row in rows if int(row["type"]) != settings.SEPARATOR]
             names = [row["name"] for row in buttons]
             checks.equal(len(set(names)), len(names), f"{folder}, {kind}: {len(names)} buttons, each with a name of its own")
+            pictures = [row["icon"] for row in buttons]
+            checks.equal(len(set(pictures)), len(pictures), f"{folder}, {kind}: and an icon of its own")
             texts = [value for row in rows for value in row.values()]
             checks.that(max(map(len, texts)) <= LONGEST, f"{folder}, {kind}: no value is cut on reading")
             icons = [re.fullmatch(r"\{kestrelpath\}\\([^,]+),(\d+)", row["icon"]) for row in buttons]
@@ -183,6 +186,8 @@ def lists(checks):
             bad = [row["name"] for row in buttons if not row["path"] or not row["tooltip"]
                    or (int(row["dialog"]) != settings.NONE) != bool(row["param"]) or NOTATION.search(row["path"])]
             checks.equal(bad, [], f"{folder}, {kind}: every button has what it needs")
+            waiting = [row["name"] for row in buttons if row["path"] in WAITS and int(row["dialog"]) == settings.NONE]
+            checks.equal(waiting, [], f"{folder}, {kind}: no command waits for more than it is given")
             programs_of = [row["path"] for row in buttons if int(row["type"]) == settings.PROGRAM]
             checks.that(all(re.match(r"[A-Z]:\\", path) for path in programs_of),
                         f"{folder}, {kind}: a program has its whole path, since it is not searched for", programs_of)

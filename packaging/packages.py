@@ -27,7 +27,6 @@ from version import version  # noqa: E402
 BITS = {"win32": 32, "win64": 64}
 BUILT = {"win32": "build/i686/bin", "win64": "build/x86_64/bin"}  # programs that users do not install
 OF_CHECK = ("kestrel-check.exe", "contract-tests.exe", "eagle.exe", "witness.exe", "contract-data")
-CHECK_SETTINGS = "tests/windows/demo/kestrel.ini"
 PICTURES = {"ICON": "kestrel.ico", "SIDE": "installer.bmp"}  # of the installer
 ZIP_BEGINS = 315532800  # 1980: a zip knows no earlier time
 
@@ -77,7 +76,7 @@ def fill_check(stage, when):
     for bits, built in BUILT.items():
         folder = stage / "kit" / bits
         shutil.copytree(ROOT / "dist" / bits, folder / "kestrel")
-        shutil.copyfile(ROOT / CHECK_SETTINGS, folder / "kestrel" / "kestrel.ini")
+        (folder / "kestrel" / "kestrel.ini").write_bytes(samples.settings("en"))
         for name in OF_CHECK:
             path = ROOT / built / name
             (shutil.copytree if path.is_dir() else shutil.copyfile)(path, folder / name)

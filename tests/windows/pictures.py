@@ -31,35 +31,13 @@ SHOWS_VERSION = ("-set", "Kestrel", version(), "-define", "png:include-chunks=tE
 FILM = "demo.gif"
 DEMO = Path(__file__).resolve().parent / "demo" / "demo.py"
 OWN_WORK = "C:\\work"
-FILES = ("demo.brd", "demo.sch", "parts.lbr", "drillstat.ulp", "notes.ulp", "panelize.ulp")
-
-# The demonstration's buttons in German.
-GERMAN = {
-    "Fit": ("Einpassen", "Zeichnung in das Fenster einpassen", ""),
-    "Redraw": ("Neu zeichnen", "Fenster neu zeichnen", ""),
-    "Ratsnest": ("Luftlinien", "Luftlinien berechnen", ""),
-    "Rip up": ("Auftrennen", "Signale auftrennen", "Welche Signale auftrennen?"),
-    "DRC": ("DRC", "Design-Regeln prüfen", ""),
-    "ERC": ("ERC", "Elektrische Regeln prüfen", ""),
-    "Grid mm": ("Raster mm", "Raster von 0,5 mm", ""),
-    "Grid inch": ("Raster Zoll", "Raster von 0,05 Zoll", ""),
-    "Layers": ("Layer", "Nur diese Layer zeigen", "Welche Layer zeigen, nach Nummer oder Name?"),
-    "Run ULP": ("ULP starten", "Ein ULP starten", "Welches ULP?"),
-    "Script": ("Skript", "Ein Skript ausführen", "Welches Skript?"),
-    "Print": ("Drucken", "Zeichnung drucken", ""),
-    "Notes": ("Notizen", "Den Editor öffnen", ""),
-}
+FILES = ("demo.brd", "demo.sch", "parts.lbr", "assembly.txt", "notes.txt", "readme.txt")
 
 
 def configured(language):
-    """The demonstration's settings in a language, with the calculator on."""
-    demo = paths.DEMO_SETTINGS.read_text(encoding="cp1252")
-    lists = {}
-    for kind in settings.SECTIONS:
-        lists[kind] = settings.rows(demo, kind)
-        for row in lists[kind]:
-            if language == "de" and row["name"] in GERMAN:
-                row["name"], row["tooltip"], row["param"] = GERMAN[row["name"]]
+    """The settings that a new user begins with, and the calculator on."""
+    begin = settings.start_set(language)
+    lists = {kind: settings.rows(begin, kind) for kind in settings.SECTIONS}
     options = {"EAGLEpath": "C:\\eagle\\eagle.exe", "winEAGLE": 3, "oneEAGLE": 1}
     return (f"[global]\nlanguage={OFFSETS[language]}\n[Unit]\nVisible=1\nLeftAccuracy=0.##\nRightAccuracy=0.####\n"
             + settings.made(options, **lists))
@@ -81,6 +59,7 @@ class Artist:
         eagle = self.stage.start_eagle()
         for kind, file in (("board", "demo.brd"), ("schematic", "demo.sch"), ("library", "parts.lbr")):
             self.editors[kind] = eagle.open(kind, f"{OWN_WORK}\\{file}", self.language == "de")
+            self.editors[kind].count()
         self.cascade()
         self.stage.start_kestrel(configured(self.language))
         for editor in self.editors.values():
@@ -134,8 +113,10 @@ class Artist:
         """Place of a button by what it types."""
         return [row["path"] for row in settings.buttons(self.stage.settings(), kind)].index(path)
 
-    def param(self, kind, path):
-        return settings.buttons(self.stage.settings(), kind)[self.number(kind, path)]["param"]
+    def asks_for_file(self, kind):
+        """Place of the button that opens a file dialog."""
+        rows = settings.buttons(self.stage.settings(), kind)
+        return [int(row["dialog"]) for row in rows].index(settings.FILE_DIALOG)
 
     # The pictures.
 
@@ -164,9 +145,9 @@ class Artist:
         self.editors["board"].to_front()
         self.button("board", self.number("board", "ripup"))
         box = self.window("Input Parameter")
-        self.stage.screen.type("GND VCC")
+        self.stage.screen.type("GND VCC;")
         field = next(child for child in box.children if child.class_name == "Edit").handle
-        poll(lambda: self.stage.look().windows[field].text == "GND VCC")
+        poll(lambda: self.stage.look().windows[field].text == "GND VCC;")
         self.keep("input-box", self.frame(box))
         self.stage.screen.key("Escape")
         poll(lambda: not self.stage.look().top("Input Parameter"))
@@ -174,10 +155,11 @@ class Artist:
 
     def file_dialog(self):
         self.editors["board"].to_front()
-        self.button("board", self.number("board", "run"))
-        title = self.param("board", "run")
+        number = self.asks_for_file("board")
+        self.button("board", number)
+        title = settings.buttons(self.stage.settings(), "board")[number]["param"]
         dialog = self.window(title)
-        for entered in (OWN_WORK, "*.ulp"):
+        for entered in (OWN_WORK, "*.txt"):
             self.stage.screen.type(entered)
             self.stage.screen.key("Return")
         self.rest()

@@ -23,9 +23,12 @@ from driver.waiting import poll  # noqa: E402
 BITS = "win32"
 PICTURES = paths.BUILD / "demo"
 MOVING = "demo.gif"
-SCREEN_USED = Rect(0, 0, 1300, 900)  # by the three editors
-FOLDER, FILE = "C:\\work", "panelize.ulp"
-SETTINGS = paths.DEMO_SETTINGS.read_text(encoding="cp1252")
+# In the middle of the screen, where dialogs come; as wide as a README shows it without making it smaller.
+SCREEN_USED = Rect(350, 270, 1250, 930)
+EDITORS = (Rect(354, 274, 798, 594), Rect(802, 274, 1246, 594), Rect(578, 602, 1022, 922))
+NOTEPAD = Rect(600, 450, 1100, 750)
+FOLDER, FILE = "C:\\work", "assembly.txt"
+SETTINGS = settings.start_set()
 
 
 def number(kind, name):
@@ -40,6 +43,15 @@ class Scene:
         self.stage = stage
         self.checks = checks
         self.film = Film(stage.screen, PICTURES / "film", SCREEN_USED)
+
+
+def three_editors(stage, eagle):
+    """With the numbers that EAGLE gives its windows, side by side."""
+    editors = stage.three_editors(eagle)
+    for editor, place in zip(editors.values(), EDITORS):
+        editor.count()
+        editor.place(place.left, place.top, place.width, place.height)
+    return editors
 
 
 def appear(scene, editors):
@@ -79,14 +91,13 @@ def click(scene, kind, editor, name, expected):
     typed(scene, kind, editor, before, expected, f"a click on \"{name}\"")
 
 
-def ask(scene, kind, editor, name, title, answers, expected, picture):
+def ask(scene, kind, editor, name, title, answers, picture):
     """Each of the answers is entered; the last closes the dialog."""
     stage, checks = scene.stage, scene.checks
-    before = len(editor.executed())
     press(scene, kind, editor, name)
     dialog = poll(lambda: stage.look().top(title))
     if not checks.that(dialog, f"{kind}: a click on \"{name}\" opens the dialog \"{title}\""):
-        return
+        return False
     stage.wait_for_focus(dialog[0].handle)
     for answer in answers[:-1]:
         stage.screen.type(answer)
@@ -96,12 +107,33 @@ def ask(scene, kind, editor, name, title, answers, expected, picture):
     stage.picture(picture)
     scene.film.still(2)
     stage.screen.key("Return")
-    typed(scene, kind, editor, before, expected, f"{answers[-1]} and Enter")
+    return True
+
+
+def ask_and_type(scene, kind, editor, name, answer, expected):
+    before = len(editor.executed())
+    if ask(scene, kind, editor, name, "Input Parameter", [answer], "3-input-box"):
+        typed(scene, kind, editor, before, expected, f"{answer} and Enter")
+
+
+def open_text(scene, kind, editor):
+    """The notepad shows the file that is chosen."""
+    stage = scene.stage
+    if not ask(scene, kind, editor, "Text file", "Which text file?", [FOLDER, FILE], "4-file-dialog"):
+        return
+    notepad = poll(lambda: stage.look().top(FILE.partition(".")[0]))
+    if scene.checks.that(notepad, f"{kind}: {FILE} and Enter; the notepad shows it"):
+        stage.screen.place(FILE.partition(".")[0], NOTEPAD)
+        poll(lambda: stage.look().windows[notepad[0].handle].place.width <= NOTEPAD.width + 20)
+        stage.screen.still(NOTEPAD)
+        scene.film.still(1.5)
+        stage.witness.order("terminate", notepad[0].process)
+        poll(lambda: not stage.look().top(FILE.partition(".")[0]))
 
 
 def tip(scene, editor):
     stage, checks = scene.stage, scene.checks
-    place = stage.toolbar(editor).buttons[number("library", "Layers")].place
+    place = stage.toolbar(editor).buttons[number("library", "Add layers")].place
     stage.screen.point(place.left, place.bottom + 200)
     stage.screen.point(*place.middle)
     checks.that(poll(lambda: stage.look().top(class_name="tooltips_class32")),
@@ -113,22 +145,21 @@ def tip(scene, editor):
 def play(stage, checks):
     scene = Scene(stage, checks)
     stage.prefix.path(FOLDER).mkdir()
-    (stage.prefix.path(FOLDER) / FILE).write_text("// nothing\n", encoding="ascii")
+    (stage.prefix.path(FOLDER) / FILE).write_text("U1 bottom, the rest top\n", encoding="ascii")
     eagle = stage.start_eagle()
-    editors = stage.three_editors(eagle)
+    editors = three_editors(stage, eagle)
     checks.say("   EAGLE shows " + ", ".join(window.text for window in stage.look().top(class_name="EagleEditor")))
     kestrel = stage.start_kestrel(SETTINGS)
     board, schematic, library = editors.values()
     appear(scene, editors)
     click(scene, "board", board, "Ratsnest", "ratsnest")
     click(scene, "schematic", schematic, "ERC", "erc")
-    click(scene, "library", library, "Grid mm", "grid mm 0.5 on")
+    click(scene, "library", library, "Redraw", "window;")
     for editor in editors.values():
         stage.painted(editor)
     stage.picture("2-clicked", SCREEN_USED)
-    ask(scene, "board", board, "Rip up", "Input Parameter", ["GND"], "ripup GND", "3-input-box")
-    ask(scene, "board", board, "Run ULP", "Which program?", [FOLDER, FILE], f"run {FOLDER}\\{FILE}",
-        "4-file-dialog")
+    ask_and_type(scene, "board", board, "Rip up", "GND VCC;", "ripup GND VCC;")
+    open_text(scene, "board", board)
     tip(scene, library)
     scene.film.cut(PICTURES / MOVING)
     eagle.order("quit")
@@ -138,7 +169,7 @@ def play(stage, checks):
 
 def leave_to_user(stage):
     eagle = stage.start_eagle()
-    stage.three_editors(eagle)
+    three_editors(stage, eagle)
     kestrel = stage.start_kestrel(SETTINGS)
     print("The windows are yours: click the toolbars in the three editor windows.")
     print("To end press Ctrl+C here, or close EAGLE's control panel, which stands behind the board: Kestrel follows some "

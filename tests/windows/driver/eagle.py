@@ -13,6 +13,11 @@ class Editor:
         """Outer rectangle, screen pixels."""
         self.eagle.order("place", self.number, left, top, width, height)
 
+    def count(self):
+        """Puts its number in front of the title, as EAGLE does: "1 Board - ..."."""
+        title = [event.words[3] for event in self.eagle.events("opened") if event.words[0] == str(self.number)][-1]
+        self.eagle.order("title", self.number, f"{self.number} {title}")
+
     def to_front(self):
         self.eagle.order("raise", self.number)
 

@@ -7,7 +7,6 @@ PROJECT = Path(__file__).resolve().parents[3]
 TOOLS = PROJECT / "tools"
 sys.path.insert(0, str(TOOLS))
 BUILD = PROJECT / "build"
-DEMO_SETTINGS = PROJECT / "tests" / "windows" / "demo" / "kestrel.ini"
 
 # The preset that makes the programs of each bitness.
 PRESETS = {"win32": "i686", "win64": "x86_64"}

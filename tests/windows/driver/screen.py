@@ -65,6 +65,13 @@ class Screen:
         """Keys by their X names: Return, Escape, Tab, alt+F4."""
         self._xdotool("key", "--delay", 15, *names)
 
+    def place(self, title, place):
+        """Gives a window, by its title's beginning, another place and size, as the user's mouse would."""
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}"], env=self._environment,
+                               capture_output=True, text=True, check=True).stdout.split()[0]
+        self._xdotool("windowsize", found, *self._pixels(place.width, place.height),
+                      "windowmove", found, *self._pixels(place.left, place.top))
+
     def focused(self):
         """Title of the window that keys go to; it lags behind what Windows calls the focus."""
         shown = subprocess.run(["xdotool", "getwindowfocus", "getwindowname"], env=self._environment,

@@ -1,6 +1,12 @@
 """Kestrel's settings file: reads it, to know what a toolbar has to show, and makes small ones."""
 
 import configparser
+import sys
+
+from driver import paths
+
+sys.path.insert(0, str(paths.PROJECT / "samples"))
+import samples  # noqa: E402, the way to it stands above
 
 PROGRAM, COMMAND, SEPARATOR = 0, 1, 2  # values of `type`
 NONE, INPUT_BOX, FILE_DIALOG = 0, 1, 2  # values of `dialog`
@@ -8,6 +14,11 @@ NONE, INPUT_BOX, FILE_DIALOG = 0, 1, 2  # values of `dialog`
 KEYS = ("name", "path", "tooltip", "param", "icon", "dialog", "type")
 
 SECTIONS = {"board": "board", "schematic": "schem", "library": "libr"}  # by the stand-in's names of the kinds
+
+
+def start_set(language="en"):
+    """The settings file that a new user begins with."""
+    return samples.settings(language).decode("cp1252").replace("\r\n", "\n")
 
 
 def _parsed(text):

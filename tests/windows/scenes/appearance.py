@@ -6,7 +6,7 @@ from functools import partial
 
 from play import play_on_each
 
-from driver import paths, settings
+from driver import settings
 from driver.desktop import Rect
 from driver.setup import Setup
 from driver.tray import Tray
@@ -28,7 +28,7 @@ BLACK_THEME = {
 
 
 def text():
-    demo = paths.DEMO_SETTINGS.read_text(encoding="cp1252")
+    demo = settings.start_set()
     lists = {kind: settings.rows(demo, kind) for kind in settings.SECTIONS}
     options = {"autoToolbar": 0, "EAGLEpath": "C:\\nowhere\\eagle.exe"}
     return "[global]\nlanguage=10000\n[Unit]\nVisible=1\n" + settings.made(options, **lists)

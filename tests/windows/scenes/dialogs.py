@@ -2,11 +2,12 @@
 
 from play import play
 
-from driver import paths, settings
+from driver import settings
 from driver.waiting import poll
 
 INPUT_BOX = "Input Parameter"
 FILE = "C:\\work\\cam job.ulp"
+CHOSEN = settings.button("A ULP", "run", dialog=settings.FILE_DIALOG, param="Which program?")
 
 
 def row_number(stage, kind, path):
@@ -70,9 +71,9 @@ def input_box(stage, checks, editor):
 
 
 def file_dialog(stage, checks, editor):
-    title = settings.buttons(stage.settings(), "schematic")[row_number(stage, "schematic", "run")]["param"]
+    title = CHOSEN["param"]
     before = len(editor.executed())
-    open_dialog(stage, checks, editor, "schematic", "run", title)
+    open_dialog(stage, checks, editor, "schematic", CHOSEN["path"], title)
     stage.screen.type(FILE)
     stage.picture("file-dialog")
     stage.screen.key("Return")
@@ -80,7 +81,7 @@ def file_dialog(stage, checks, editor):
     checks.that(poll(lambda: stage.look().windows[editor.handle].enabled), "file dialog: EAGLE's window works again")
 
     before = len(editor.executed())
-    open_dialog(stage, checks, editor, "schematic", "run", title)
+    open_dialog(stage, checks, editor, "schematic", CHOSEN["path"], title)
     stage.screen.key("Escape")
     cancelled(stage, checks, editor, before, title, "file dialog, Escape")
 
@@ -89,7 +90,8 @@ def story(stage, checks):
     stage.prefix.path(FILE).parent.mkdir(parents=True)
     stage.prefix.path(FILE).write_text("// nothing\n")
     editors = stage.three_editors(stage.start_eagle())
-    kestrel = stage.start_kestrel(paths.DEMO_SETTINGS.read_text(encoding="cp1252"))
+    begin = settings.start_set()
+    kestrel = stage.start_kestrel(settings.made(board=settings.rows(begin, "board"), schematic=[CHOSEN]))
     input_box(stage, checks, editors["board"])
     file_dialog(stage, checks, editors["schematic"])
     checks.that(stage.witness.runs(kestrel), "Kestrel goes on")

@@ -2,7 +2,7 @@
 
 from play import play
 
-from driver import paths, settings
+from driver import settings
 from driver.waiting import poll
 
 GAP, TOP = 25, 21  # pixels: to the right end of the host's outer rectangle, from the top of its client area
@@ -46,7 +46,7 @@ def types_the_command(checks, stage, kind, editor):
 def story(stage, checks):
     eagle = stage.start_eagle()
     editors = stage.three_editors(eagle)
-    kestrel = stage.start_kestrel(paths.DEMO_SETTINGS.read_text(encoding="cp1252"))
+    kestrel = stage.start_kestrel(settings.start_set())
     for kind, editor in editors.items():
         checks.that(stage.toolbar(editor), f"{kind}: a toolbar appears")
     for kind, editor in editors.items():

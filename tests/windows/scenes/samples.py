@@ -1,15 +1,10 @@
 """The buttons to begin with: each has its picture, in both languages; each types what the table says, the notepad starts."""
 
-import sys
-
 from play import play
 
-from driver import paths, settings
+from driver import settings
 from driver.tray import Tray
 from driver.waiting import poll
-
-sys.path.insert(0, str(paths.PROJECT / "samples"))
-import samples  # noqa: E402, the way to it stands above
 
 
 def shows(stage, checks, kind, editor, text):
@@ -43,13 +38,13 @@ def starts_notepad(stage, checks, kind, buttons):
 
 def story(stage, checks):
     eagle = stage.start_eagle()
-    for language, folder in samples.FOLDERS.items():
+    for language, folder in settings.samples.FOLDERS.items():
         checks.say(f"   {folder}")
-        text = samples.settings(language)
+        text = settings.start_set(language)
         editors = stage.three_editors(eagle)
         kestrel = stage.start_kestrel(text)
         for kind, editor in editors.items():
-            buttons = shows(stage, checks, kind, editor, text.decode("cp1252"))
+            buttons = shows(stage, checks, kind, editor, text)
             if folder == "English":
                 click_all(stage, checks, kind, editor, buttons)
                 starts_notepad(stage, checks, kind, buttons)

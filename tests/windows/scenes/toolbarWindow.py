@@ -2,7 +2,7 @@
 
 from play import play
 
-from driver import paths
+from driver import settings
 from driver.desktop import Rect
 from driver.waiting import poll, stays
 
@@ -18,7 +18,7 @@ def tip(stage):
 
 def tool_tips(stage, checks, toolbar):
     widths = []
-    for number in (0, 5):  # "Fit the drawing into the window", "Grid of 0.5 mm"
+    for number in (0, 5):  # "Fit the drawing into the window", "Check the design rules"
         button = toolbar.buttons[number].place
         # Away first: a tip goes when the mouse does, and the next one is another.
         stage.screen.point(button.left, toolbar.form.place.bottom + 100)
@@ -97,7 +97,7 @@ def moving(stage, checks, board):
 def story(stage, checks):
     board = stage.start_eagle().open("board", "C:\\work\\demo.brd")
     board.place(200, 100, 1000, 700)
-    kestrel = stage.start_kestrel(paths.DEMO_SETTINGS.read_text(encoding="cp1252"))
+    kestrel = stage.start_kestrel(settings.start_set())
     toolbar = stage.toolbar(board)
     checks.that(toolbar, "the toolbar appears and shows all its rows")
     tool_tips(stage, checks, toolbar)
