@@ -7,12 +7,14 @@
 #include "runtime/characters.h"
 #include "runtime/text.h"
 #include "store/eaglePath.h"
+#include "store/mends.h"
 #include "store/settings.h"
 #include "store/state.h"
 #include "store/textCatalogue.h"
 
 #include <algorithm>
 #include <cstdint>
+#include <vector>
 
 namespace core {
 
@@ -38,19 +40,37 @@ void tellWrongPath() {
                      platform::criticalStyle, store::LoadResString(3930 + store::languageOffset));
 }
 
-/// Activates the application whose title begins as the latest title search was for.
-void activateFound() {
-    platform::appActivate(searchTitle);
+/// Windows that have been told to come back from their icons. They do so when they come to it: told twice,
+/// one that was maximised before would become smaller.
+using Restored = std::vector<platform::HWND>;
+
+/// Brings the window that the latest title search has found to the front.
+void activateFound(Restored& restored) {
+    // Kept: the search looks for a title that holds the text, the activation for one that begins with it.
+    // EAGLE numbers its titles, and none that does is error 5; or another program's window comes to the
+    // front.
+    if (!store::mended(store::Mend::frontSequence)) {
+        platform::appActivate(searchTitle);
+        return;
+    }
+    if (platform::IsIconic(foundWindow) && std::ranges::find(restored, foundWindow) == restored.end()) {
+        platform::ShowWindow(foundWindow, platform::restoreWindow);
+        restored.push_back(foundWindow);
+    }
+    platform::BringWindowToTop(foundWindow);
 }
 
 /// The window of the file that is named in the settings; where there is none, a window of the kind whose name
 /// stands in that setting.
 void bringFileToFront() {
+    Restored restored;
     const platform::HWND window = findWindowByTitle(setting(key::eagleFile));
     if (window != platform::HWND::none) {
         platform::BringWindowToTop(window);
-        platform::ShowWindow(window, platform::restoreWindow);
-        activateFound();
+        // Kept: a window that is maximised becomes smaller by this.
+        if (!store::mended(store::Mend::frontSequence))
+            platform::ShowWindow(window, platform::restoreWindow);
+        activateFound(restored);
         return;
     }
     const std::string file = setting(key::eagleFile);
@@ -58,16 +78,17 @@ void bringFileToFront() {
         if (runtime::findText(file, kind) == std::string::npos)
             continue;
         if (findWindowByTitle(kind) != platform::HWND::none)
-            activateFound();
+            activateFound(restored);
         return;
     }
 }
 
 /// In this order, which leaves the board on top.
 void bringEditorsToFront() {
+    Restored restored;
     for (const char* kind : {"library", "schematic", "board"})
         if (findWindowByTitle(kind) != platform::HWND::none)
-            activateFound();
+            activateFound(restored);
 }
 
 void bringToFront() {

@@ -9,7 +9,7 @@ namespace core {
 
 /// One run, from the settings of this moment. A wrong path to EAGLE is told in a message and nothing is
 /// started. Errors: 53 if the command line cannot be started, 5 if no window begins with the title to be
-/// activated, 6 for a setting beyond its range.
+/// activated and that is not mended, 6 for a setting beyond its range.
 void startEagle();
 
 /// What follows EAGLE's path on its command line for the names of the last board, schematic and library;

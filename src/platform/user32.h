@@ -26,6 +26,8 @@ bool EnumWindows(EnumWindowsCallback callback, std::intptr_t extra);
 int GetWindowTextA(HWND window, char* text, int size);
 int GetWindowTextLengthA(HWND window);
 bool IsWindow(HWND window);
+/// Whether a window is an icon on the task bar.
+bool IsIconic(HWND window);
 
 /// Outer rectangle in screen pixels. False and an untouched rectangle for a dead window.
 bool GetWindowRect(HWND window, RECT& rect);

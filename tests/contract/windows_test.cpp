@@ -239,4 +239,19 @@ TEST_CASE("activating a title that no window has fails with error 5") {
     CHECK(platform::IsWindow(window));
 }
 
+TEST_CASE("a window that the user has made an icon is one until it is restored; a dead one is none") {
+    World world;
+    const HWND window = world.openWindow("1 Board - a.brd");
+    CHECK_FALSE(platform::IsIconic(window));
+    constexpr int minimise = 6;
+    platform::ShowWindow(window, minimise);
+    CHECK(World::until([&] { return platform::IsIconic(window); }));
+    platform::ShowWindow(window, platform::restoreWindow);
+    CHECK(World::until([&] { return !platform::IsIconic(window); }));
+    platform::BringWindowToTop(window);
+    CHECK(World::until([&] { return World::foreground() == window; }));
+    CHECK_FALSE(platform::IsIconic(deadWindow(world)));
+    CHECK_FALSE(platform::IsIconic(HWND::none));
+}
+
 TEST_SUITE_END();

@@ -1,13 +1,45 @@
 // What the switch `mend` changes in the core: the stories with it off are the ones of the oddities.
+#include "core/launcher.h"
 #include "mending.h"
 #include "store/state.h"
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 using platform::HWND;
 using store::EditorKind;
+
+namespace {
+
+/// EAGLE runs and is to be brought to the front.
+struct Front : Mending {
+    explicit Front(bool on, const std::string& settings = {})
+        : Mending(on, "[toolbar]\r\noneEAGLE=1\r\nEAGLEpath=C:\\e\\eagle.exe\r\n" + settings) {
+        desk().writeFile("C:\\e\\eagle.exe", "MZ");
+        panel = desk().openWindow("Control Panel - EAGLE");
+    }
+    HWND openIcon(const std::string& title) {
+        const HWND window = desk().openWindow(title);
+        desk().window(window).minimised = true;
+        return window;
+    }
+    bool run() {
+        desk().openWindow("another program");
+        desk().calls.clear();
+        return desk().event([] { core::startEagle(); });
+    }
+    int count(const std::string& call, HWND window, const std::string& rest = {}) {
+        const std::string whole = call + " " + std::to_string(static_cast<std::uintptr_t>(window)) + rest;
+        return static_cast<int>(std::ranges::count(desk().calls, whole));
+    }
+
+    HWND panel;
+};
+
+} // namespace
 
 TEST_SUITE_BEGIN("core/mends");
 
@@ -51,6 +83,89 @@ TEST_CASE("on, more schematics than libraries: a new library is new, once") {
     program.ticks(4);
     CHECK(program.hosted(EditorKind::library) == 1);
     CHECK(program.hosted(EditorKind::schematic) == 3);
+}
+
+TEST_CASE(
+    "numbered titles in the front sequence: off error 5 ends the program, on all come, the board last") {
+    for (const bool on : offAndOn) {
+        CAPTURE(on);
+        Front program(on);
+        const HWND board = program.openIcon("1 Board - C:\\w\\a.brd - EAGLE");
+        const HWND schematic = program.desk().openWindow("2 Schematic - C:\\w\\a.sch - EAGLE");
+        const HWND library = program.openIcon("3 Library - C:\\w\\a.lbr - EAGLE");
+        CHECK(program.run() == on);
+        CHECK(program.desk().messageBoxes.size() == (on ? 0 : 1));
+        if (!on) {
+            CHECK(program.desk().messageBoxes[0].text ==
+                  "Run-time error '5':\r\n\r\nInvalid procedure call or argument");
+            continue;
+        }
+        CHECK(program.desk().foreground == board);
+        std::vector<HWND> front(program.desk().order.begin(), program.desk().order.begin() + 4);
+        CHECK(front == std::vector{board, schematic, library, program.panel});
+        for (const HWND window : {board, library}) {
+            CHECK_FALSE(program.desk().window(window).minimised);
+            CHECK(program.count("ShowWindow", window, " 9") == 1);
+        }
+        // One that is no icon is left as large as it is.
+        CHECK(program.count("ShowWindow", schematic, " 9") == 0);
+    }
+}
+
+TEST_CASE("on, a window that several words fit is restored once, however busy it is") {
+    Front program(true);
+    const HWND both = program.openIcon("2 Schematic - C:\\board\\library.sch - EAGLE");
+    program.desk().window(both).busy = true;
+    REQUIRE(program.run());
+    CHECK(program.count("ShowWindow", both, " 9") == 1);
+    CHECK(program.count("BringWindowToTop", both) == 3);
+}
+
+TEST_CASE("on, nothing but the control panel: it alone comes to the front") {
+    Front program(true);
+    REQUIRE(program.run());
+    CHECK(program.desk().foreground == program.panel);
+    CHECK(program.desk().activations.empty());
+    CHECK(program.desk().calls.size() == 1);
+}
+
+TEST_CASE(
+    "the window of EAGLEfile: off it is restored always and sought by its title's beginning, on as it is") {
+    for (const bool on : offAndOn)
+        for (const bool icon : {false, true}) {
+            CAPTURE(on);
+            CAPTURE(icon);
+            Front program(on, "winEAGLE=1\r\nEAGLEfile=BOARD - A\r\n");
+            const HWND board = program.desk().openWindow("Board - a.brd - EAGLE");
+            program.desk().window(board).minimised = icon;
+            REQUIRE(program.run());
+            CHECK(program.desk().foreground == board);
+            CHECK_FALSE(program.desk().window(board).minimised);
+            CHECK(program.count("ShowWindow", board, " 9") == (icon || !on ? 1 : 0));
+            CHECK(program.desk().activations.empty() == on);
+        }
+    Front numbered(true, "winEAGLE=1\r\nEAGLEfile=a.brd\r\n");
+    const HWND board = numbered.openIcon("1 Board - a.brd - EAGLE");
+    REQUIRE(numbered.run());
+    CHECK(numbered.desk().foreground == board);
+    CHECK(numbered.count("ShowWindow", board, " 9") == 1);
+}
+
+TEST_CASE("the kind word of EAGLEfile: off its window is only activated, on restored too, another never") {
+    for (const bool on : offAndOn) {
+        CAPTURE(on);
+        Front program(on, "winEAGLE=1\r\nEAGLEfile=any schematic\r\n");
+        const HWND schematic = program.openIcon("Schematic - a.sch - EAGLE");
+        const HWND board = program.openIcon("1 Board - a.brd - EAGLE");
+        REQUIRE(program.run());
+        CHECK(program.desk().foreground == schematic);
+        CHECK(program.desk().window(schematic).minimised == !on);
+        CHECK(program.desk().window(board).minimised);
+    }
+    Front none(true, "winEAGLE=1\r\nEAGLEfile=any library\r\n");
+    none.openIcon("1 Board - a.brd - EAGLE");
+    REQUIRE(none.run());
+    CHECK(none.desk().foreground == none.panel);
 }
 
 TEST_SUITE_END();

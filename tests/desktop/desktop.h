@@ -58,6 +58,7 @@ struct Window {
     bool enabled = true;
     bool minimised = false;
     bool elevated = false; ///< its program has more rights than ours: nothing of ours gets in or moves it
+    bool busy = false;     ///< its program does not come to what it is told to show
     bool dying = false;    ///< dies when something is about to go into it
     bool refused = false;  ///< was to go into a host and could not: not seen, whatever it is told
     bool toBeSeen = false; ///< what it was told meanwhile

@@ -80,6 +80,11 @@ bool IsWindow(HWND window) {
     return world().find(window) != nullptr;
 }
 
+bool IsIconic(HWND window) {
+    const Window* found = world().find(window);
+    return found != nullptr && found->minimised;
+}
+
 bool GetWindowRect(HWND window, RECT& rect) {
     if (world().find(window) == nullptr)
         return false;
@@ -156,9 +161,12 @@ bool ShowWindow(HWND window, int command) {
     if (shown == nullptr || shown->elevated)
         return false;
     const bool was = shown->visible;
+    if (shown->busy)
+        return was;
     world().show(window, command != 0);
-    if (command == 9)
-        shown->minimised = false;
+    constexpr int minimise = 6;
+    if (command == minimise || command == platform::restoreWindow)
+        shown->minimised = command == minimise;
     return was;
 }
 

@@ -66,6 +66,10 @@ bool IsWindow(HWND window) {
     return ::IsWindow(native(window)) != FALSE;
 }
 
+bool IsIconic(HWND window) {
+    return ::IsIconic(native(window)) != FALSE;
+}
+
 bool GetWindowRect(HWND window, RECT& rect) {
     ::RECT found{};
     if (::GetWindowRect(native(window), &found) == FALSE)
