@@ -6,20 +6,24 @@
 namespace core {
 
 namespace {
-constexpr std::int32_t toolbarGap = 25;         // pixels between toolbar and right end of the host
-constexpr std::int32_t toolbarTop = 21;         // pixels
-constexpr std::int32_t narrowestFollowed = 700; // pixels
+// In pixels of the design.
+constexpr int toolbarGap = 25; // between toolbar and right end of the host
+constexpr int toolbarTop = 21;
+constexpr int narrowestFollowed = 700;
 } // namespace
 
-ToolbarPlace placeToolbar(std::int32_t hostWidth, float formWidth, float formHeight, double twipsPerPixel) {
-    const std::int32_t width = runtime::roundToInt32(formWidth) / runtime::roundToInt32(twipsPerPixel);
+ToolbarPlace placeToolbar(std::int32_t hostWidth, float formWidth, float formHeight,
+                          forms::Resolution resolution) {
+    const std::int32_t width = resolution.wholePixels(runtime::roundToInt32(formWidth));
     // Kept: the height goes in as it is, in twips. The form's own resize sets the real one right afterwards.
-    return {hostWidth - width - toolbarGap, toolbarTop, width, runtime::roundToInt32(formHeight)};
+    return {hostWidth - width - resolution.scaled(toolbarGap), resolution.scaled(toolbarTop), width,
+            runtime::roundToInt32(formHeight)};
 }
 
-float calculatorLeft(std::int32_t hostWidth, bool follows, double twipsPerPixel) {
-    const std::int32_t width = follows && hostWidth > narrowestFollowed ? hostWidth : narrowestFollowed;
-    return static_cast<float>(width * twipsPerPixel - double{calculator::frmMil::designWidth});
+float calculatorLeft(std::int32_t hostWidth, bool follows, forms::Resolution resolution) {
+    const std::int32_t narrowest = resolution.scaled(narrowestFollowed);
+    const std::int32_t width = follows && hostWidth > narrowest ? hostWidth : narrowest;
+    return resolution.toTwips(width) - calculator::frmMil::designWidth;
 }
 
 } // namespace core

@@ -1,5 +1,8 @@
-// Where a toolbar and a calculator stand in their host: pure arithmetic on pixels and twips.
+// Where a toolbar and a calculator stand in their host: pure arithmetic on twips and the pixels of a host,
+// which may have more of them to an inch than the design.
 #pragma once
+
+#include "forms/units.h"
 
 #include <cstdint>
 
@@ -15,10 +18,11 @@ struct ToolbarPlace {
     bool operator==(const ToolbarPlace&) const = default;
 };
 
-/// `hostWidth` in pixels, the form's size in twips. Error 6 for sizes beyond 32 bits.
-ToolbarPlace placeToolbar(std::int32_t hostWidth, float formWidth, float formHeight, double twipsPerPixel);
+/// `hostWidth` in the host's pixels, the form's size in twips. Error 6 for sizes beyond 32 bits.
+ToolbarPlace placeToolbar(std::int32_t hostWidth, float formWidth, float formHeight,
+                          forms::Resolution resolution);
 
 /// Left edge of the calculator's frame in twips. It follows the host's width in pixels only if `follows`.
-float calculatorLeft(std::int32_t hostWidth, bool follows, double twipsPerPixel);
+float calculatorLeft(std::int32_t hostWidth, bool follows, forms::Resolution resolution);
 
 } // namespace core

@@ -3,8 +3,8 @@
 #include "core/hauptform.h"
 #include "core/placement.h"
 #include "core/windoInf.h"
+#include "platform/awareness.h"
 #include "platform/programs.h"
-#include "platform/screen.h"
 #include "platform/user32.h"
 #include "runtime/characters.h"
 #include "runtime/runtimeError.h"
@@ -26,7 +26,7 @@ constexpr std::array<const char*, 3> keysWritten = {store::key::lastBoard, store
 /// Titles with this text belong to EAGLE's windows that are no editors.
 constexpr const char* excluded = "eagle:";
 
-/// Outer width in screen pixels; 0 for a window that has just died.
+/// Outer width in the pixels that the host sees; 0 for a window that has just died.
 std::int32_t hostWidth(platform::HWND host) {
     platform::RECT rect;
     platform::GetWindowRect(host, rect);
@@ -62,6 +62,7 @@ void Hauptform::trackKind(EditorKind kind, EditorSearch& search) {
     // No other window of the kind is tried when this one is refused.
     if (host == platform::HWND::none || runtime::holdsIgnoringCase(getWindowCaption(host), excluded))
         return;
+    const platform::InAwarenessOf seen(host);
     bool found = false;
     const std::size_t scanned = scan(kind, host, found);
     if (found) {
@@ -110,12 +111,13 @@ std::size_t Hauptform::addToolbar(EditorKind kind, platform::HWND host, std::siz
     Toolbars& list = toolbarsOf(kind);
     list.push_back(std::make_unique<toolbars::frmToolbar>(kind));
     toolbars::frmToolbar& toolbar = *list.back();
+    toolbar.setResolution(forms::Resolution(platform::dpiOf(host)));
     toolbar.loadVarBar();
     toolbar.eagHND = host;
     toolbar.show();
     toolbar.oldParent = platform::SetParent(toolbar.window(), host);
     const ToolbarPlace place =
-        placeToolbar(hostWidth(host), toolbar.width(), toolbar.height(), platform::twipsPerPixelX());
+        placeToolbar(hostWidth(host), toolbar.width(), toolbar.height(), toolbar.resolution());
     platform::MoveWindow(toolbar.window(), place.x, place.y, place.width, place.height, true);
     toolbar.Form_Resize();
     return store::unitCalcActive == 0 ? scanned : addCalculator(toolbar, host);
@@ -124,6 +126,7 @@ std::size_t Hauptform::addToolbar(EditorKind kind, platform::HWND host, std::siz
 std::size_t Hauptform::addCalculator(toolbars::frmToolbar& toolbar, platform::HWND host) {
     calculators.push_back(std::make_unique<calculator::frmMil>());
     calculator::frmMil& added = *calculators.back();
+    added.setResolution(toolbar.resolution());
     // Not to be seen before it has its place: the host would show for a while what stood elsewhere.
     added.fraMil.setVisible(false);
     added.show();
@@ -137,12 +140,12 @@ std::size_t Hauptform::addCalculator(toolbars::frmToolbar& toolbar, platform::HW
 }
 
 void Hauptform::placeCalculator(std::size_t index, platform::HWND host) {
-    const float left = calculatorLeft(hostWidth(host), index != 0, platform::twipsPerPixelX());
     // Without a calculator at this index there is nothing to place.
     if (index >= calculators.size() || calculators[index] == nullptr)
         return;
-    calculators[index]->fraMil.setLeft(left);
-    calculators[index]->fraMil.setVisible(true);
+    calculator::frmMil& placed = *calculators[index];
+    placed.fraMil.setLeft(calculatorLeft(hostWidth(host), index != 0, placed.resolution()));
+    placed.fraMil.setVisible(true);
 }
 
 } // namespace core

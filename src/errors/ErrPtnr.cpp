@@ -99,8 +99,8 @@ void ErrPtnr::arrangeFrames(std::uint8_t ContBits) {
         cmdContinue[index].setVisible(index == endProgram && (ContBits & mayEnd) != 0);
     setWidth(width() - scaleWidth() + framFehler.width());
     setHeight(this->height() - scaleHeight() + height);
-    setLeft((forms::toTwips(platform::screenWidth()) - width()) / 2);
-    setTop((forms::toTwips(platform::screenHeight()) - this->height()) / 2);
+    setLeft((resolution().toTwips(platform::screenWidth()) - width()) / 2);
+    setTop((resolution().toTwips(platform::screenHeight()) - this->height()) / 2);
 }
 
 void ErrPtnr::cmdContinue_Click(std::int16_t Index) {

@@ -31,6 +31,10 @@ Form* Control::form() {
     return outermost->kind_ == ControlKind::form ? static_cast<Form*>(outermost) : nullptr;
 }
 
+Resolution Control::resolution() const {
+    return container_ == nullptr ? Resolution() : container_->resolution();
+}
+
 void Control::setLeft(float twips) {
     Position moved = position_;
     moved.left = twips;

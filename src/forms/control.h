@@ -9,6 +9,7 @@
 
 #include "forms/peer.h"
 #include "forms/picture.h"
+#include "forms/units.h"
 
 #include <cstdint>
 #include <functional>
@@ -78,6 +79,8 @@ class Control {
     Container* container() const { return container_; }
     /// The form that the control stands on, at whatever depth; null before it is placed.
     Form* form();
+    /// That of the form; the design's before the control is placed.
+    virtual Resolution resolution() const;
 
     Position position() const { return {left(), top(), width(), height()}; }
     float left() const { return position_.left; }

@@ -1,7 +1,6 @@
 #include "forms/form.h"
 
 #include "forms/mainForm.h"
-#include "forms/units.h"
 #include "platform/programs.h"
 #include "platform/screen.h"
 
@@ -40,6 +39,17 @@ Form::~Form() {
 void Form::setClientSize(float width, float height) {
     const FrameExtent frame = frameExtent(*this);
     assignSize(toTwips(toPixels(width) + frame.width), toTwips(toPixels(height) + frame.height));
+}
+
+void Form::setResolution(Resolution resolution) {
+    if (resolution == resolution_)
+        return;
+    const float width = scaleWidth_;
+    const float height = scaleHeight_;
+    resolution_ = resolution;
+    const FrameExtent frame = frameExtent(*this);
+    adoptSize(toPixels(width) + frame.width, toPixels(height) + frame.height, toPixels(width),
+              toPixels(height));
 }
 
 void Form::load() {

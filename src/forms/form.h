@@ -35,6 +35,9 @@ class Form : public Captioned<Container> {
     /// Has the keyboard first if it can; without one the first stop of the Tab key has it.
     Control* firstFocus = nullptr;
     bool activates = true; ///< takes the focus when it is shown or clicked; a hosted form must not
+    Resolution resolution() const override { return resolution_; }
+    /// Of the screen that the form is to be seen on, before it is loaded. Keeps the client size, in twips.
+    void setResolution(Resolution resolution);
     /// Sets the client size, in twips; the outer size follows from the border style, to be set before.
     void setClientSize(float width, float height);
 
@@ -87,12 +90,15 @@ class Form : public Captioned<Container> {
 
   private:
     void assignSize(float width, float height);
+    int toPixels(float twips) const { return resolution_.toPixels(twips); }
+    float toTwips(int pixels) const { return resolution_.toTwips(pixels); }
     void adoptSize(int width, int height, int clientWidth, int clientHeight);
 
     bool loaded_ = false;
     bool loading_ = false;      ///< the windows are being made
     bool unloading_ = false;    ///< QueryUnload or Unload is running
     bool sizeAssigned_ = false; ///< a size has been stored that the window has not confirmed yet
+    Resolution resolution_;
     float scaleWidth_ = 0;
     float scaleHeight_ = 0;
     MousePointer mousePointer_ = MousePointer::standard;

@@ -1,17 +1,10 @@
 #include "forms/pictureBox.h"
 
-#include "forms/units.h"
-
 #include <algorithm>
 
 namespace forms {
 
 namespace {
-
-/// Pixels of a box; at least one, since a surface cannot be without.
-int boxPixels(float twips) {
-    return std::max(1, toPixels(twips));
-}
 
 /// A picture in the making: others are laid over it from the top left corner, as far as they reach.
 class Canvas {
@@ -39,10 +32,14 @@ class Canvas {
 
 } // namespace
 
+int PictureBox::pixels(float twips) const {
+    return std::max(1, resolution().toPixels(twips));
+}
+
 void PictureBox::setAutoRedraw(bool on) {
     autoRedraw_ = on;
     if (on && !surface_)
-        surface_ = std::make_unique<Surface>(boxPixels(width()), boxPixels(height()), background());
+        surface_ = std::make_unique<Surface>(pixels(width()), pixels(height()), background());
 }
 
 void PictureBox::cls() {
@@ -59,7 +56,7 @@ void PictureBox::refresh() {
 }
 
 Picture PictureBox::image() const {
-    Canvas canvas(boxPixels(width()), boxPixels(height()), background());
+    Canvas canvas(pixels(width()), pixels(height()), background());
     canvas.lay(picture_, [](std::uint32_t pixel) { return pixel >> 24 >= 128; });
     if (surface_)
         canvas.lay(surface_->copy(),

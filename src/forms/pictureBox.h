@@ -30,6 +30,8 @@ class PictureBox : public Control {
     void setPicture(const Picture& picture);
 
   private:
+    /// A length of the box; at least one pixel, since a surface cannot be without.
+    int pixels(float twips) const;
     Colour background() const { return backColour().value_or(maskGrey); }
 
     bool autoRedraw_ = false;

@@ -2,7 +2,6 @@
 
 #include "forms/event.h"
 #include "forms/toolbarLayout.h"
-#include "forms/units.h"
 #include "runtime/runtimeError.h"
 
 namespace forms {
@@ -54,8 +53,8 @@ float Toolbar::height() const {
     if (!rowsHeight_ && peer() != nullptr)
         peer()->catchUp();
     if (!rowsHeight_)
-        rowsHeight_ = layoutToolbar(buttons_, toPixels(width())).height;
-    return toTwips(*rowsHeight_);
+        rowsHeight_ = layoutToolbar(buttons_, resolution().toPixels(width())).height;
+    return resolution().toTwips(*rowsHeight_);
 }
 
 void Toolbar::containerResized(float clientWidth) {
@@ -64,7 +63,7 @@ void Toolbar::containerResized(float clientWidth) {
 }
 
 void Toolbar::setPosition(const Position& position) {
-    if (toPixels(position.width) != toPixels(width()))
+    if (resolution().toPixels(position.width) != resolution().toPixels(width()))
         rowsHeight_.reset();
     Position heightless = position;
     heightless.height = 0;

@@ -15,7 +15,4 @@ RECT workArea();
 /// A pointer that tells the user to wait is an arrow again.
 void resetMousePointer();
 
-/// Twips to a pixel of the screen, horizontally: 15 on the usual display.
-double twipsPerPixelX();
-
 } // namespace platform

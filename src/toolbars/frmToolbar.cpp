@@ -2,6 +2,7 @@
 #include "toolbars/frmToolbar.h"
 
 #include "core/windoInf.h"
+#include "platform/awareness.h"
 #include "platform/user32.h"
 #include "runtime/numbers.h"
 
@@ -48,6 +49,7 @@ void frmToolbar::loadLists() {
 
 void frmToolbar::Form_Resize() {
     const platform::HWND form = window();
+    const platform::InAwarenessOf seen(eagHND);
     core::setWindowOnTop(eagHND, 0);
     platform::SendMessageA(eagHND, setRedraw, 0, 0);
     platform::SendMessageA(form, setRedraw, 0, 0);

@@ -30,7 +30,7 @@ class BarForm : public ToolForm {
 
     void setClientWidth(int pixels) {
         const float frame = width() - scaleWidth();
-        setWidth(forms::toTwips(pixels) + frame);
+        setWidth(forms::Resolution().toTwips(pixels) + frame);
     }
 };
 

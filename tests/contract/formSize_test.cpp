@@ -41,10 +41,10 @@ RECT client(forms::Form& form) {
 void checkInStep(forms::Form& form) {
     const RECT window = outer(form);
     const RECT inside = client(form);
-    CHECK(form.width() == forms::toTwips(window.right - window.left));
-    CHECK(form.height() == forms::toTwips(window.bottom - window.top));
-    CHECK(form.scaleWidth() == forms::toTwips(inside.right));
-    CHECK(form.scaleHeight() == forms::toTwips(inside.bottom));
+    CHECK(form.width() == forms::Resolution().toTwips(window.right - window.left));
+    CHECK(form.height() == forms::Resolution().toTwips(window.bottom - window.top));
+    CHECK(form.scaleWidth() == forms::Resolution().toTwips(inside.right));
+    CHECK(form.scaleHeight() == forms::Resolution().toTwips(inside.bottom));
 }
 
 constexpr forms::BorderStyle borders[] = {forms::BorderStyle::none, forms::BorderStyle::fixedSingle,

@@ -118,7 +118,7 @@ TEST_CASE("a height that is assigned outside the host lasts inside") {
     form.resizes = 0;
 
     platform::SetParent(hosted, HWND::none);
-    form.setHeight(form.height() + forms::toTwips(44));
+    form.setHeight(form.height() + forms::Resolution().toTwips(44));
     platform::SetParent(hosted, window);
 
     RECT expected = moved(corner, 300, 10);
@@ -245,7 +245,7 @@ TEST_CASE("nothing waits for a host that hangs") {
         CHECK(platform::IsWindow(window));
     });
     returnsSoon("SetParent out", [&] { CHECK(platform::SetParent(hosted, HWND::none) == window); });
-    returnsSoon("Height", [&] { form.setHeight(form.height() + forms::toTwips(22)); });
+    returnsSoon("Height", [&] { form.setHeight(form.height() + forms::Resolution().toTwips(22)); });
     returnsSoon("SetParent in", [&] { platform::SetParent(hosted, window); });
     returnsSoon("RedrawWindow of the form", [&] { platform::RedrawWindow(hosted, {0, 0, 120, 42}, 0x185); });
     returnsSoon("MoveWindow", [&] { platform::MoveWindow(hosted, 60, 0, widthOf(corner), 60, true); });

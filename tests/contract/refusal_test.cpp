@@ -40,7 +40,7 @@ void buildIn(FrameForm& form, HWND host) {
     platform::MoveWindow(window, 300, 200, 128, 60, true);
     platform::SendMessageA(window, setRedraw, 0, 0);
     platform::SetParent(window, HWND::none);
-    form.setHeight(form.height() + forms::toTwips(22));
+    form.setHeight(form.height() + forms::Resolution().toTwips(22));
     platform::SetParent(window, host);
     platform::SendMessageA(window, setRedraw, 1, 0);
     platform::SetWindowPos(window, 0, 0, 0, 0, 0, 3);

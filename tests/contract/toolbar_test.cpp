@@ -25,7 +25,7 @@ class BarForm : public contract::BarForm {
 
 /// Rows that end on buttons.
 float rows(int count) {
-    return forms::toTwips(count * 22);
+    return forms::Resolution().toTwips(count * 22);
 }
 
 } // namespace
@@ -78,7 +78,7 @@ TEST_CASE("a row ends at its rightmost separator, which becomes a gap of 5 pixel
     };
     for (const auto& [pattern, height] : cases) {
         form.fill(pattern);
-        CHECK_MESSAGE(form.bar.height() == forms::toTwips(height), pattern);
+        CHECK_MESSAGE(form.bar.height() == forms::Resolution().toTwips(height), pattern);
     }
 }
 
@@ -95,7 +95,7 @@ TEST_CASE("the buttons wrap anew when the form's width changes, before its resiz
     for (const auto& [width, count] : cases) {
         form.setClientWidth(width);
         CHECK_MESSAGE(form.bar.height() == rows(count), width);
-        CHECK(form.bar.width() == forms::toTwips(width));
+        CHECK(form.bar.width() == forms::Resolution().toTwips(width));
         CHECK(form.heightAtResize == rows(count));
         CHECK(form.resizes == ++resizes);
     }
@@ -125,7 +125,7 @@ TEST_CASE("a form made as high as its toolbar's rows shows just them") {
         CHECK(form.scaleHeight() == form.bar.height());
         RECT client;
         REQUIRE(platform::GetClientRect(form.hWnd(), client));
-        CHECK(client.bottom == forms::toPixels(form.bar.height()));
+        CHECK(client.bottom == forms::Resolution().toPixels(form.bar.height()));
         CHECK(client.right == 120);
     }
 }

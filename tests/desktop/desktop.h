@@ -47,11 +47,20 @@ inline constexpr const char* ghostClass = "Ghost";
 inline constexpr int frameSide = 4;
 inline constexpr int frameTop = 23;
 
+/// What a program knows of the screens: nothing, how fine the main one is, or all.
+enum class Awareness { unaware, system, perMonitor };
+
+struct Screen {
+    int dpi = 96;
+};
+
 struct Window {
     HWND handle = HWND::none;
     std::string title;
     std::string className = "Window";
-    RECT rect; ///< outer; screen pixels, or client pixels of the parent for a child
+    RECT rect; ///< outer; screen pixels, or client pixels of the parent for a child; as the window sees them
+    Awareness awareness = Awareness::unaware;
+    std::size_t screen = 0; ///< where it stands; that of its top-level window counts
     HWND parent = HWND::none;
     HWND owner = HWND::none;
     bool visible = true;
@@ -307,7 +316,15 @@ class World {
     bool versionFails = false;
     int versionReads = 0;
     double startDate = 38845.5; ///< date and time of day at which `now` is 0: 8 May 2006, noon
-    int screenWidth = 1280;     ///< pixels
+    /// The first is the main one.
+    std::vector<Screen> screens = {Screen{}};
+    /// How the program's thread sees them, and the program as a whole.
+    Awareness awareness = Awareness::unaware;
+    /// How often the system has changed the view of the program, since a window of it went into one of
+    /// another view.
+    int awarenessResets = 0;
+    int dpiSeen(Awareness by, HWND window);
+    int screenWidth = 1280; ///< pixels
     int screenHeight = 1024;
     platform::RECT workArea{0, 0, 1280, 984}; ///< with a task bar at the bottom
     bool waitingPointer = false;

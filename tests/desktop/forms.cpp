@@ -6,7 +6,6 @@
 #include "forms/frame.h"
 #include "forms/menu.h"
 #include "forms/surface.h"
-#include "forms/units.h"
 
 #include <algorithm>
 
@@ -15,9 +14,11 @@ namespace desktop {
 namespace {
 
 RECT pixelRect(const forms::Control& control) {
-    const int left = forms::toPixels(control.left());
-    const int top = forms::toPixels(control.top());
-    return {left, top, left + forms::toPixels(control.width()), top + forms::toPixels(control.height())};
+    const forms::Resolution resolution = control.resolution();
+    const int left = resolution.toPixels(control.left());
+    const int top = resolution.toPixels(control.top());
+    return {left, top, left + resolution.toPixels(control.width()),
+            top + resolution.toPixels(control.height())};
 }
 
 class WindowPeer : public forms::Peer {
@@ -26,6 +27,7 @@ class WindowPeer : public forms::Peer {
         Window made;
         made.rect = position_;
         made.process = programProcess;
+        made.awareness = world().awareness;
         made.visible = control.visible();
         made.destroyed = [this] { handle_ = HWND::none; };
         if (auto* form = dynamic_cast<forms::Form*>(&control)) {
@@ -118,16 +120,17 @@ std::unique_ptr<Peer> makePeer(Control& control) {
 }
 
 FrameExtent frameExtent(const Form& form) {
+    const Resolution resolution = form.resolution();
     switch (form.borderStyle) {
     case BorderStyle::none:
         return {0, 0};
     case BorderStyle::sizableToolWindow:
-        return {2 * 4, 4 + 18 + 4};
+        return {resolution.scaled(2 * 4), resolution.scaled(4 + 18 + 4)};
     case BorderStyle::fixedSingle:
     case BorderStyle::fixedDialog:
         break;
     }
-    return {2 * 3, 3 + 23 + 3};
+    return {resolution.scaled(2 * 3), resolution.scaled(3 + 23 + 3)};
 }
 
 void popUp(Form& /*owner*/, Menu& menu) {

@@ -26,8 +26,4 @@ void resetMousePointer() {
     world().waitingPointer = false;
 }
 
-double twipsPerPixelX() {
-    return 15;
-}
-
 } // namespace platform

@@ -1,5 +1,7 @@
 #include "platform/user32.h"
 
+#include "platform/awareness.h"
+
 #include "desktop/codePage.h"
 #include "desktop/desktop.h"
 #include "desktop/surfaces.h"
@@ -41,9 +43,43 @@ std::uint32_t covered(std::uint32_t below, std::uint32_t above) {
     return result;
 }
 
+/// What the thread sees of a length that a window sees, and the way back.
+int fromWindow(platform::HWND window, int length) {
+    const desktop::Awareness own = world().window(window).awareness;
+    if (own == world().awareness)
+        return length;
+    return length * world().dpiSeen(world().awareness, window) / world().dpiSeen(own, window);
+}
+
+int toWindow(platform::HWND window, int length) {
+    const desktop::Awareness own = world().window(window).awareness;
+    if (own == world().awareness)
+        return length;
+    return length * world().dpiSeen(own, window) / world().dpiSeen(world().awareness, window);
+}
+
+platform::RECT seen(platform::HWND window, const platform::RECT& rect) {
+    return {fromWindow(window, rect.left), fromWindow(window, rect.top), fromWindow(window, rect.right),
+            fromWindow(window, rect.bottom)};
+}
+
 } // namespace
 
 namespace platform {
+
+int dpiOf(HWND window) {
+    const Window* found = world().find(window);
+    return found == nullptr ? 0 : world().dpiSeen(found->awareness, window);
+}
+
+InAwarenessOf::InAwarenessOf(HWND window) : former_(static_cast<std::uintptr_t>(world().awareness)) {
+    if (const Window* found = world().find(window))
+        world().awareness = found->awareness;
+}
+
+InAwarenessOf::~InAwarenessOf() {
+    world().awareness = static_cast<desktop::Awareness>(former_);
+}
 
 bool EnumWindows(EnumWindowsCallback callback, std::intptr_t extra) {
     // The platform walks a snapshot too: the callback may open or close windows.
@@ -88,7 +124,7 @@ bool IsIconic(HWND window) {
 bool GetWindowRect(HWND window, RECT& rect) {
     if (world().find(window) == nullptr)
         return false;
-    rect = world().screenRect(window);
+    rect = seen(window, world().screenRect(window));
     return true;
 }
 
@@ -96,8 +132,8 @@ bool GetClientRect(HWND window, RECT& rect) {
     const Window* found = world().find(window);
     if (found == nullptr)
         return false;
-    rect = {0, 0, std::max(0, found->rect.right - found->rect.left - found->frameWidth),
-            std::max(0, found->rect.bottom - found->rect.top - found->frameHeight)};
+    rect = seen(window, {0, 0, std::max(0, found->rect.right - found->rect.left - found->frameWidth),
+                         std::max(0, found->rect.bottom - found->rect.top - found->frameHeight)});
     return true;
 }
 
@@ -126,6 +162,10 @@ bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint) 
     Window* moved = world().find(window);
     if (moved == nullptr || moved->elevated)
         return false;
+    x = toWindow(window, x);
+    y = toWindow(window, y);
+    width = toWindow(window, width);
+    height = toWindow(window, height);
     const int oldWidth = moved->rect.right - moved->rect.left;
     const int oldHeight = moved->rect.bottom - moved->rect.top;
     const bool elsewhere = moved->rect.left != x || moved->rect.top != y;

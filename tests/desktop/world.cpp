@@ -148,7 +148,25 @@ bool World::put(HWND child, HWND parent) {
     auto& to = parent == HWND::none ? order : window(parent).children;
     to.insert(to.begin(), child);
     moved.parent = parent;
+    if (const Window* host = find(parent); host != nullptr && host->awareness != moved.awareness) {
+        moved.awareness = host->awareness;
+        awareness = host->awareness;
+        ++awarenessResets;
+    }
     return true;
+}
+
+int World::dpiSeen(Awareness by, HWND handle) {
+    constexpr int coarsest = 96;
+    switch (by) {
+    case Awareness::unaware:
+        return coarsest;
+    case Awareness::system:
+        return screens.front().dpi;
+    case Awareness::perMonitor:
+        break;
+    }
+    return screens.at(window(rootOf(handle)).screen).dpi;
 }
 
 RECT World::screenRect(HWND handle) {

@@ -19,7 +19,7 @@ const World::ChosenIcon cancelled{0, u"", 0};
 
 /// A box of 18 by 18 pixels, as the toolbars draw their icons on.
 struct Surface18 {
-    Surface18() { box.setPosition({0, 0, forms::toTwips(18), forms::toTwips(18)}); }
+    Surface18() { box.setPosition({0, 0, forms::Resolution().toTwips(18), forms::Resolution().toTwips(18)}); }
     forms::PictureBox box;
 };
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "forms/form.h"
+#include "win32/common/views.h"
 
 #include <windows.h>
 
@@ -23,7 +24,8 @@ void leaving(const forms::Form& form);
 /// program's window has to ask: it cannot be disabled, since the clicks on it would go on to the host.
 bool isHeld(const forms::Form& form);
 
-/// Holds forms from its making to its end.
+/// Holds forms from its making to its end. What is up meanwhile is our own, also if a click in a host has led
+/// to it: the thread is in our own view.
 class Hold {
   public:
     /// All forms but the one that the owner stands in, for a dialog of the system: that one the dialog
@@ -35,6 +37,9 @@ class Hold {
     ~Hold();
     Hold(const Hold&) = delete;
     Hold& operator=(const Hold&) = delete;
+
+  private:
+    Seeing own_{ownView()};
 };
 
 } // namespace win32

@@ -6,7 +6,6 @@
 #include "win32/forms/windowPeer.h"
 
 #include "forms/button.h"
-#include "forms/units.h"
 
 #include <algorithm>
 #include <vector>
@@ -65,7 +64,7 @@ HICON iconOf(const forms::Picture& picture) {
 /// A caption that is too wide goes on in a second line if there is room for one; else both would be cut.
 DWORD captionStyle(const forms::CommandButton& button) {
     constexpr int twoLines = 30; // pixels, with the button's frame
-    return forms::toPixels(button.height()) < twoLines ? 0 : BS_MULTILINE;
+    return button.resolution().toPixels(button.height()) < twoLines ? 0 : BS_MULTILINE;
 }
 
 class CommandButtonPeer : public ButtonPeer<forms::CommandButton> {

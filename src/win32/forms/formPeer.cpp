@@ -3,6 +3,7 @@
 #include "win32/common/holding.h"
 #include "win32/common/ownerWindow.h"
 #include "win32/common/userWindow.h"
+#include "win32/common/views.h"
 #include "win32/common/windowChanges.h"
 #include "win32/forms/containerPeer.h"
 #include "win32/forms/dialogKeys.h"
@@ -12,7 +13,6 @@
 
 #include "forms/form.h"
 #include "forms/mainForm.h"
-#include "forms/units.h"
 
 #include <windowsx.h>
 
@@ -63,12 +63,14 @@ class FormPeer : public ContainerPeer {
   public:
     explicit FormPeer(forms::Form& form) : ContainerPeer(form), form_(form) {
         registerClass(formClass);
+        // What is to go into a host is made in the host's view, which the thread is in.
+        const Seeing seen(form.activates ? ownView() : nullptr);
         const auto [style, exStyle] = stylesOf(form);
-        const int left = form.activates ? forms::toPixels(form.left()) : offScreen;
-        const int top = form.activates ? forms::toPixels(form.top()) : offScreen;
+        const int left = form.activates ? pixels(form.left()) : offScreen;
+        const int top = form.activates ? pixels(form.top()) : offScreen;
         adopt(CreateWindowExA(exStyle, formClass, form.caption().c_str(), style, left, top,
-                              forms::toPixels(form.width()), forms::toPixels(form.height()), owner(exStyle),
-                              nullptr, GetModuleHandleA(nullptr), nullptr));
+                              pixels(form.width()), pixels(form.height()), owner(exStyle), nullptr,
+                              GetModuleHandleA(nullptr), nullptr));
         if (handle() == nullptr)
             return;
         // Also where the program has more rights than the shell.
@@ -85,6 +87,7 @@ class FormPeer : public ContainerPeer {
     void changed(forms::Property property) override {
         if (handle() == nullptr)
             return;
+        const Seeing seen(viewOf(handle()));
         switch (property) {
         case forms::Property::position:
             follow();
@@ -140,8 +143,8 @@ class FormPeer : public ContainerPeer {
             }
             break;
         case WM_MOUSEMOVE:
-            form_.Form_MouseMove(0, shiftState(), forms::toTwips(GET_X_LPARAM(lParam)),
-                                 forms::toTwips(GET_Y_LPARAM(lParam)));
+            form_.Form_MouseMove(0, shiftState(), form_.resolution().toTwips(GET_X_LPARAM(lParam)),
+                                 form_.resolution().toTwips(GET_Y_LPARAM(lParam)));
             break;
         case WM_LBUTTONUP:
             form_.Form_Click();
@@ -202,12 +205,12 @@ class FormPeer : public ContainerPeer {
     /// Only what has been assigned changes: the window's place may have been set by others.
     void follow() {
         const RECT now = place();
-        const int left = forms::toPixels(form_.left());
-        const int top = forms::toPixels(form_.top());
+        const int left = pixels(form_.left());
+        const int top = pixels(form_.top());
         const bool moved = form_.activates && (left != placed_.left || top != placed_.top);
         const UINT keep = SWP_NOZORDER | SWP_NOACTIVATE | (moved ? 0U : SWP_NOMOVE);
-        SetWindowPos(handle(), nullptr, moved ? left : now.left, moved ? top : now.top,
-                     forms::toPixels(form_.width()), forms::toPixels(form_.height()), keep);
+        SetWindowPos(handle(), nullptr, moved ? left : now.left, moved ? top : now.top, pixels(form_.width()),
+                     pixels(form_.height()), keep);
         // A size that the window has refused is to be known too.
         if (handle() != nullptr)
             reportSize();
@@ -294,7 +297,7 @@ namespace forms {
 FrameExtent frameExtent(const Form& form) {
     const auto [style, exStyle] = win32::stylesOf(form);
     RECT rect{};
-    AdjustWindowRectEx(&rect, style, FALSE, exStyle);
+    win32::addFrame(rect, style, exStyle, form.resolution().dpi());
     return {static_cast<int>(rect.right - rect.left), static_cast<int>(rect.bottom - rect.top)};
 }
 

@@ -5,6 +5,7 @@
 #include "forms/menu.h"
 #include "win32/common/focusKeeper.h"
 #include "win32/common/native.h"
+#include "win32/common/views.h"
 #include "win32/common/windowChanges.h"
 
 namespace forms {
@@ -23,6 +24,7 @@ void popUp(Form& owner, Menu& menu) {
         const UINT style = item.caption == "-" ? MF_SEPARATOR : MF_STRING | (item.enabled ? 0U : MF_GRAYED);
         AppendMenuA(shown, style, firstId + place, item.caption.c_str());
     }
+    const win32::Seeing seen(win32::ownView());
     POINT mouse{};
     GetCursorPos(&mouse);
     const HWND window = win32::native(owner.window());

@@ -1,11 +1,11 @@
 // A toolbar: the system's own control, which wraps its buttons by itself. The model has its height from here.
+#include "win32/common/views.h"
 #include "win32/forms/bitmaps.h"
 #include "win32/forms/peers.h"
 #include "win32/forms/windowPeer.h"
 
 #include "forms/toolbar.h"
 #include "forms/toolbarLayout.h"
-#include "forms/units.h"
 #include "runtime/characters.h"
 
 #include <string_view>
@@ -70,6 +70,7 @@ class ToolbarPeer : public WindowPeer {
         if (!behind_ || handle() == nullptr)
             return;
         behind_ = false;
+        const Seeing seen(viewOf(handle()));
         // Nothing is painted on the way, and what is painted in the end is painted once.
         SendMessageA(handle(), WM_SETREDRAW, FALSE, 0);
         for (auto left = SendMessageA(handle(), TB_BUTTONCOUNT, 0, 0); left > 0; --left)
@@ -154,8 +155,8 @@ class ToolbarPeer : public WindowPeer {
 
     /// Gives the window its place, with a height in pixels.
     void takePlace(int height) {
-        SetWindowPos(handle(), nullptr, forms::toPixels(toolbar_.left()), forms::toPixels(toolbar_.top()),
-                     forms::toPixels(toolbar_.width()), height, SWP_NOZORDER | SWP_NOACTIVATE);
+        SetWindowPos(handle(), nullptr, pixels(toolbar_.left()), pixels(toolbar_.top()),
+                     pixels(toolbar_.width()), height, SWP_NOZORDER | SWP_NOACTIVATE);
     }
 
     /// Of so many buttons that the control has, in pixels: that of the last, which stands in the last row.

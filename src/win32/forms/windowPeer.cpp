@@ -1,9 +1,9 @@
 #include "win32/forms/windowPeer.h"
 
 #include "forms/event.h"
-#include "forms/units.h"
 #include "runtime/guard.h"
 #include "win32/common/resolution.h"
+#include "win32/common/views.h"
 #include "win32/common/wide.h"
 #include "win32/common/windowChanges.h"
 #include "win32/forms/containerPeer.h"
@@ -24,9 +24,11 @@ constexpr UINT_PTR subclassId = 1;
 constexpr int firstChildId = 1000;
 
 RECT pixelRect(const forms::Control& control) {
-    const LONG left = forms::toPixels(control.left());
-    const LONG top = forms::toPixels(control.top());
-    return {left, top, left + forms::toPixels(control.width()), top + forms::toPixels(control.height())};
+    const forms::Resolution resolution = control.resolution();
+    const LONG left = resolution.toPixels(control.left());
+    const LONG top = resolution.toPixels(control.top());
+    return {left, top, left + resolution.toPixels(control.width()),
+            top + resolution.toPixels(control.height())};
 }
 
 /// Numbers of child windows begin beyond the platform's own (IDOK and so on).
@@ -81,6 +83,8 @@ void WindowPeer::createChild(const char* className, const std::string& text, DWO
         style |= WS_DISABLED;
     if (control_.tabStop)
         style |= WS_TABSTOP;
+    // A child sees what its parent sees.
+    const Seeing seen(viewOf(container->handle()));
     const RECT place = childPlace();
     const auto id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(nextChildId()));
     // Wide: an edit field of the code page would get some of its letters in pieces, or not at all.
@@ -222,8 +226,9 @@ void WindowPeer::reportMouse(UINT message, WPARAM wParam, LPARAM lParam) {
     default:
         return;
     }
-    forms::raise(*event, button, shiftState(), forms::toTwips(GET_X_LPARAM(lParam)),
-                 forms::toTwips(GET_Y_LPARAM(lParam)));
+    const forms::Resolution resolution = control_.resolution();
+    forms::raise(*event, button, shiftState(), resolution.toTwips(GET_X_LPARAM(lParam)),
+                 resolution.toTwips(GET_Y_LPARAM(lParam)));
 }
 
 void WindowPeer::changed(forms::Property property) {
@@ -231,6 +236,7 @@ void WindowPeer::changed(forms::Property property) {
         return;
     switch (property) {
     case forms::Property::position: {
+        const Seeing seen(viewOf(handle_));
         const RECT place = childPlace();
         SetWindowPos(handle_, nullptr, place.left, place.top, place.right - place.left,
                      place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
@@ -304,7 +310,7 @@ void WindowPeer::applyFont() {
         return;
     const forms::Font& wanted = control_.font();
     LOGFONTA description{};
-    description.lfHeight = fontHeight(wanted.points, dotsPerInch);
+    description.lfHeight = fontHeight(wanted.points, control_.resolution().dpi());
     description.lfWeight = wanted.bold ? FW_BOLD : FW_NORMAL;
     description.lfItalic = wanted.italic ? TRUE : FALSE;
     description.lfCharSet = DEFAULT_CHARSET;

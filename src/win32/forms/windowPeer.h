@@ -68,6 +68,8 @@ class WindowPeer : public forms::Peer {
     /// Sets the window's text if it differs.
     void setWindowText(const std::string& text);
     void applyFont();
+    /// The control's twips as pixels.
+    int pixels(float twips) const { return control_.resolution().toPixels(twips); }
 
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,

@@ -1,20 +1,26 @@
 #include "platform/screen.h"
 
-#include "forms/units.h"
+#include "win32/common/views.h"
 
 #include <windows.h>
+
+using win32::ownView;
+using win32::Seeing;
 
 namespace platform {
 
 int screenWidth() {
+    const Seeing seen(ownView());
     return GetSystemMetrics(SM_CXSCREEN);
 }
 
 int screenHeight() {
+    const Seeing seen(ownView());
     return GetSystemMetrics(SM_CYSCREEN);
 }
 
 RECT workArea() {
+    const Seeing seen(ownView());
     ::RECT area{};
     if (SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0) == FALSE)
         return {0, 0, screenWidth(), screenHeight()};
@@ -23,10 +29,6 @@ RECT workArea() {
 
 void resetMousePointer() {
     SetCursor(LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW)));
-}
-
-double twipsPerPixelX() {
-    return forms::twipsPerPixel;
 }
 
 } // namespace platform

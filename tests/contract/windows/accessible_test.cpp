@@ -85,7 +85,7 @@ TEST_CASE("a toolbar's button has its tool tip as name, which is nowhere to be s
     form.load();
     form.show();
     const forms::ToolbarLayout model =
-        forms::layoutToolbar(form.bar.buttons(), forms::toPixels(form.bar.width()));
+        forms::layoutToolbar(form.bar.buttons(), forms::Resolution().toPixels(form.bar.width()));
     for (std::size_t index : {0U, 1U, 2U, 4U}) {
         const RECT place = contract::placeOf(form.bar, index);
         CHECK(place.left == model.places[index].left);

@@ -124,7 +124,7 @@ TEST_CASE("a hosted toolbar is never seen with other rows than those it ends wit
         REQUIRE(World::until([&] { return !paints.seen.empty(); }));
         const Paints::Seen final = paints.now();
         INFO("width ", width);
-        CHECK(final.height == forms::toPixels(form.scaleHeight()));
+        CHECK(final.height == forms::Resolution().toPixels(form.scaleHeight()));
         for (const Paints::Seen& seen : paints.seen)
             CHECK(seen == final);
     }

@@ -47,8 +47,8 @@ std::string inControl(BarForm& form) {
 /// The control's buttons stand where the model says, and the toolbar is as high as that.
 void checkAgree(BarForm& form) {
     const forms::ToolbarLayout layout =
-        forms::layoutToolbar(form.bar.buttons(), forms::toPixels(form.bar.width()));
-    REQUIRE(form.bar.height() == forms::toTwips(layout.height));
+        forms::layoutToolbar(form.bar.buttons(), forms::Resolution().toPixels(form.bar.width()));
+    REQUIRE(form.bar.height() == forms::Resolution().toTwips(layout.height));
     REQUIRE(ask(form.bar, TB_BUTTONCOUNT) == static_cast<LRESULT>(layout.places.size()));
     REQUIRE(inControl(form) == inModel(form, layout));
     RECT client{};

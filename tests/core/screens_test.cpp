@@ -1,0 +1,160 @@
+// Hosts on screens of other resolutions than 96 dpi, each seen by the host's program in its own way.
+#include "core/running.h"
+#include "desktop/program.h"
+#include "store/state.h"
+
+#include <doctest/doctest.h>
+
+#include <string>
+
+using desktop::Awareness;
+using platform::HWND;
+using platform::RECT;
+using store::EditorKind;
+
+namespace {
+
+struct OnScreens : Running {
+    OnScreens() { store::unitCalcActive = 1; }
+
+    /// A host of this width in the pixels that it sees.
+    HWND open(Awareness awareness, int width, std::size_t screen = 0) {
+        const HWND host = desk().openWindow("Board - x.brd - EAGLE", {0, 0, width, 700});
+        desk().window(host).awareness = awareness;
+        desk().window(host).screen = screen;
+        return host;
+    }
+    const desktop::Window& bar() { return desk().window(toolbar(EditorKind::board, 1).window()); }
+    const desktop::Window& calculator() { return desk().window(form().calculators.at(1)->fraMil.hWnd()); }
+    int barWidth() { return bar().rect.right - bar().rect.left; }
+};
+
+} // namespace
+
+TEST_SUITE_BEGIN("core/screens");
+
+TEST_CASE("a host that knows its screen of 144 dpi has everything half as large again, in its own pixels") {
+    OnScreens program;
+    program.desk().screens = {{144}};
+    const HWND host = program.open(Awareness::perMonitor, 1536);
+    program.ticks(1);
+    CHECK(program.bar().parent == host);
+    CHECK(program.bar().awareness == Awareness::perMonitor);
+    // 1800 twips are 180 pixels, 12 are the frame's.
+    CHECK(program.barWidth() == 192);
+    CHECK(program.bar().rect.left == 1536 - 192 - 38);
+    CHECK(program.bar().rect.top == 32);
+    // 15360 twips less 3000, at 10 a pixel; 292 and a half pixels wide and 27 high.
+    CHECK(program.calculator().parent == host);
+    CHECK(program.calculator().rect == RECT{1236, 0, 1236 + 293, 27});
+    CHECK(program.desk().awarenessResets == 0);
+    CHECK(program.desk().awareness == Awareness::unaware);
+}
+
+TEST_CASE("in a host that knows of no such screens all is as at 96 dpi") {
+    OnScreens program;
+    program.desk().screens = {{144}};
+    program.open(Awareness::unaware, 1024);
+    program.ticks(1);
+    CHECK(program.barWidth() == 128);
+    CHECK(program.bar().rect.left == 1024 - 128 - 25);
+    CHECK(program.bar().rect.top == 21);
+    CHECK(program.calculator().rect == RECT{824, 0, 824 + 195, 18});
+    CHECK(program.desk().awarenessResets == 0);
+}
+
+TEST_CASE("a host that knows the main screen alone is served by that, wherever it stands") {
+    OnScreens program;
+    program.desk().screens = {{144}, {192}};
+    SUBCASE("on the main screen") {
+        program.open(Awareness::system, 1536);
+    }
+    SUBCASE("on a finer one") {
+        program.open(Awareness::system, 1536, 1);
+    }
+    program.ticks(1);
+    CHECK(program.bar().rect.left == 1536 - 192 - 38);
+    CHECK(program.calculator().rect.left == 1236);
+    CHECK(program.desk().awarenessResets == 0);
+}
+
+TEST_CASE("toolbar and calculator stand to each other as at 96 dpi on every screen and in every host") {
+    struct Row {
+        int dpi;
+        int barWidth;
+        int gap;
+        int top;
+    };
+    for (const Row& row :
+         {Row{96, 128, 25, 21}, Row{120, 160, 31, 26}, Row{144, 192, 38, 32}, Row{168, 224, 44, 37},
+          Row{192, 256, 50, 42}, Row{240, 320, 63, 53}, Row{480, 640, 125, 105}})
+        for (const Awareness awareness : {Awareness::system, Awareness::perMonitor}) {
+            CAPTURE(row.dpi);
+            OnScreens program;
+            program.desk().screens = {{row.dpi}};
+            const int width = 1024 * row.dpi / 96;
+            program.open(awareness, width);
+            program.ticks(1);
+            CHECK(program.barWidth() == row.barWidth);
+            CHECK(program.bar().rect.left == width - row.barWidth - row.gap);
+            CHECK(program.bar().rect.top == row.top);
+            CHECK(program.calculator().rect.left == 824 * row.dpi / 96);
+            CHECK(program.calculator().rect.bottom <= row.top);
+            CHECK(program.desk().awarenessResets == 0);
+        }
+}
+
+TEST_CASE("hosts of every view stand side by side, and the program keeps its own") {
+    OnScreens program;
+    program.desk().screens = {{144}};
+    const HWND unaware = program.desk().openWindow("Board - x.brd - EAGLE", {0, 0, 1024, 700});
+    const HWND aware = program.desk().openWindow("Schematic - x.sch - EAGLE", {0, 0, 1536, 1050});
+    program.desk().window(aware).awareness = Awareness::perMonitor;
+    program.ticks(3);
+    CHECK(program.bar().parent == unaware);
+    CHECK(program.barWidth() == 128);
+    const desktop::Window& other = program.desk().window(program.toolbar(EditorKind::schematic, 1).window());
+    CHECK(other.parent == aware);
+    CHECK(other.rect.right - other.rect.left == 192);
+    CHECK(program.desk().awarenessResets == 0);
+    CHECK(program.desk().awareness == Awareness::unaware);
+}
+
+TEST_CASE("the calculator follows the host in its pixels on each tick") {
+    OnScreens program;
+    program.desk().screens = {{144}};
+    const HWND host = program.open(Awareness::perMonitor, 1536);
+    program.ticks(1);
+    program.desk().resizeWindow(host, 1200, 900);
+    program.ticks(1);
+    CHECK(program.calculator().rect.left == 1200 - 300);
+    program.desk().resizeWindow(host, 1000, 900);
+    program.ticks(1);
+    CHECK(program.calculator().rect.left == 1050 - 300);
+}
+
+TEST_CASE("a toolbar that the user resizes speaks of the host in its pixels") {
+    OnScreens program;
+    program.desk().screens = {{144}};
+    const HWND host = program.open(Awareness::perMonitor, 1536);
+    program.ticks(1);
+    program.desk().calls.clear();
+    program.desk().resizeWindow(program.bar().handle, 300, 100);
+    // The client area, without the host's frame of 4 pixels at each side and 23 at the top.
+    CHECK(program.desk().calls.back() ==
+          "RedrawWindow " + std::to_string(static_cast<std::uintptr_t>(host)) + " 1528 673 389");
+}
+
+TEST_CASE("a resolution that no screen has counts as the nearest that there is") {
+    for (const int dpi : {0, 1, 95}) {
+        CAPTURE(dpi);
+        OnScreens program;
+        program.open(Awareness::perMonitor, 1024);
+        program.desk().screens = {{dpi}};
+        program.ticks(1);
+        CHECK(program.toolbar(EditorKind::board, 1).resolution().dpi() == 96);
+        CHECK(program.barWidth() == 128);
+    }
+}
+
+TEST_SUITE_END();
