@@ -125,7 +125,7 @@ struct TitleSearch {
 int compareTitle(platform::HWND seenWindow, std::intptr_t parameter) {
     const HWND window = win32::native(seenWindow);
     auto& search = *reinterpret_cast<TitleSearch*>(parameter);
-    const std::string seen = runtime::lowerCase(win32::titleOf(window));
+    const std::string seen = runtime::lowerCase(win32::Title(window).text());
     if (seen == search.wanted) {
         search.exact = window;
         return 0;

@@ -1,33 +1,33 @@
 #include "win32/platform/titles.h"
 
-#include <algorithm>
-#include <array>
-#include <vector>
+#include "win32/common/wide.h"
 
 namespace win32 {
 
 namespace {
 
-std::string narrow(const wchar_t* text, int length) {
-    const int needed = WideCharToMultiByte(CP_ACP, 0, text, length, nullptr, 0, nullptr, nullptr);
-    std::string narrowed(static_cast<std::size_t>(std::max(needed, 0)), '\0');
-    WideCharToMultiByte(CP_ACP, 0, text, length, narrowed.data(), needed, nullptr, nullptr);
-    return narrowed;
+/// However long it is.
+std::string longTitle(HWND window) {
+    for (std::wstring title(1024, L'\0');; title.resize(title.size() * 2)) {
+        const int length = InternalGetWindowText(window, title.data(), static_cast<int>(title.size()));
+        if (length < static_cast<int>(title.size()) - 1)
+            return toText({title.data(), static_cast<std::size_t>(length)});
+    }
 }
 
 } // namespace
 
-std::string titleOf(HWND window) {
-    std::array<wchar_t, 512> usual{};
-    constexpr auto size = static_cast<int>(usual.size());
-    int length = InternalGetWindowText(window, usual.data(), size);
-    if (length < size - 1)
-        return narrow(usual.data(), length);
-    for (std::vector<wchar_t> longer(usual.size() * 2);; longer.resize(longer.size() * 2)) {
-        length = InternalGetWindowText(window, longer.data(), static_cast<int>(longer.size()));
-        if (length < static_cast<int>(longer.size()) - 1)
-            return narrow(longer.data(), length);
+Title::Title(HWND window) {
+    std::array<wchar_t, usual> title; // filled by the call
+    const int length = InternalGetWindowText(window, title.data(), usual);
+    if (length >= usual - 1) {
+        longer_ = longTitle(window);
+        text_ = longer_;
+        return;
     }
+    const int bytes = WideCharToMultiByte(CP_ACP, 0, title.data(), length, buffer_.data(),
+                                          static_cast<int>(buffer_.size()), nullptr, nullptr);
+    text_ = {buffer_.data(), static_cast<std::size_t>(bytes)};
 }
 
 } // namespace win32

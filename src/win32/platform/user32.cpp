@@ -52,14 +52,14 @@ bool EnumWindows(EnumWindowsCallback callback, std::intptr_t extra) {
 int GetWindowTextA(HWND window, char* text, int size) {
     if (size <= 0)
         return 0;
-    const std::string title = win32::titleOf(native(window));
-    const std::size_t copied = title.copy(text, static_cast<std::size_t>(size) - 1);
+    const win32::Title title(native(window));
+    const std::size_t copied = title.text().copy(text, static_cast<std::size_t>(size) - 1);
     text[copied] = '\0';
     return static_cast<int>(copied);
 }
 
 int GetWindowTextLengthA(HWND window) {
-    return static_cast<int>(win32::titleOf(native(window)).size());
+    return static_cast<int>(win32::Title(native(window)).text().size());
 }
 
 bool IsWindow(HWND window) {
