@@ -18,6 +18,9 @@ namespace {
 /// Milliseconds for which a host counts as away that has not answered.
 constexpr ULONGLONG pause = 60'000;
 
+/// How many letters can stand for folders that another letter leads to.
+constexpr int letterChain = 4;
+
 /// Used by our thread but for the two that its thread sets.
 struct Host {
     std::atomic<bool> busy = false;     ///< its thread is at work
@@ -122,6 +125,16 @@ std::string currentFolder() {
     return folder;
 }
 
+/// The drive that the program runs from, if it is a fixed one: as long as the program runs it stays one.
+const std::string& ownFixedDrive() {
+    static const std::string drive = [] {
+        constexpr std::size_t letterAndColon = 2;
+        std::string own = runtime::lowerCase(toText(ownPath().substr(0, letterAndColon)));
+        return own[1] == ':' && hostOfLower(own, letterChain).empty() ? own : std::string();
+    }();
+    return drive;
+}
+
 } // namespace
 
 std::string hostOf(std::string_view path) {
@@ -129,8 +142,12 @@ std::string hostOf(std::string_view path) {
     // What the code page lacks does not count: only the beginning tells.
     std::string plain = runtime::lowerCase(toText(whole));
     std::ranges::replace(plain, '/', '\\');
-    constexpr int letters = 4;
-    return hostOfLower(isAbsolute(plain) ? plain : runtime::lowerCase(currentFolder()), letters);
+    if (!isAbsolute(plain))
+        plain = runtime::lowerCase(currentFolder());
+    // Each tick looks for a file beside the program, and the type takes longer than the look.
+    if (!ownFixedDrive().empty() && plain.starts_with(ownFixedDrive()))
+        return {};
+    return hostOfLower(plain, letterChain);
 }
 
 bool askHost(std::string_view path, const std::function<bool()>& work) {

@@ -2,8 +2,10 @@
 #include "win32/platform/hosts.h"
 
 #include "contract/windows/deadServer.h"
+#include "contract/windows/importHook.h"
 #include "contract/windows/moreRights.h"
 #include "contract/world.h"
+#include "platform/executable.h"
 #include "platform/files.h"
 #include "platform/programs.h"
 #include "platform/shell32.h"
@@ -32,6 +34,18 @@ int ownThreads() {
         count += entry.th32OwnerProcessID == GetCurrentProcessId() ? 1 : 0;
     CloseHandle(snapshot);
     return count;
+}
+
+int questions = 0; ///< about drives
+
+UINT WINAPI typeAsked(const char* /*root*/) {
+    ++questions;
+    return DRIVE_FIXED;
+}
+
+DWORD WINAPI deviceAsked(const char* /*name*/, char* /*target*/, DWORD /*size*/) {
+    ++questions;
+    return 0;
 }
 
 /// A drive letter for a device or a folder, as the system has it for mapped drives.
@@ -79,6 +93,20 @@ TEST_CASE("a fixed drive and one that is not there have none") {
     CHECK(hostOf("relative.exe").empty());
     CHECK(hostOf("").empty());
     CHECK(hostOf("Q:\\nosuch\\drive.txt").empty());
+}
+
+TEST_CASE("the type of the drive that the program runs from is asked for once") {
+    const World world;
+    const std::string file = platform::programFolder() + "\\execute.txt";
+    REQUIRE(hostOf(file).empty());
+    const contract::ImportHook types("GetDriveTypeA", reinterpret_cast<void*>(typeAsked));
+    const contract::ImportHook devices("QueryDosDeviceA", reinterpret_cast<void*>(deviceAsked));
+    questions = 0;
+    CHECK(hostOf(file).empty());
+    CHECK(hostOf("\"" + file + "\" /a").empty());
+    CHECK(questions == 0);
+    (void)hostOf("Q:\\nosuch\\drive.txt");
+    CHECK(questions == 1);
 }
 
 TEST_CASE("a mapped letter has its server, with any redirector, and a letter for a folder that folder's") {
