@@ -12,6 +12,7 @@ import tempfile
 import zipfile
 from pathlib import Path
 
+import checkManifests
 import packages
 from packages import BITS, ROOT, samples
 
@@ -22,6 +23,7 @@ from driver.checks import Checks  # noqa: E402
 TARGET = ROOT / "dist" / "packages"
 FILES = {"kestrel.exe", "brd.ico", "sch.ico", "lbr.ico", "EAGLE_Kestrel_Bench.chm", "LICENSE.txt", "README.txt",
          "samples/icons.dll", *(f"samples/{folder}/kestrel.ini" for folder in samples.FOLDERS.values())}
+ZIP_FILES = FILES | {f"Start {folder}.cmd" for folder in samples.FOLDERS.values()}
 CHECK_FILES = {"check.cmd", "README.txt", "LICENSE.txt",
                *(f"kit/{bits}/{file}" for bits in BITS for file in (
                    "kestrel-check.exe", "contract-tests.exe", "eagle.exe", "witness.exe",
@@ -68,7 +70,7 @@ def made_twice(checks):
             one, two = ((tree / "dist" / "packages" / name).read_bytes() for tree in (ROOT, Path(other)))
             checks.that(one == two, f"{name}: made twice, in another place, the same bytes", f"{len(one)} and {len(two)} bytes")
     seen = sorted(path.name for path in TARGET.iterdir())
-    checks.equal(seen, sorted([*packages.names(), "SHA256SUMS"]), "nothing else stands in dist/packages")
+    checks.equal(seen, sorted([*packages.names(), "SHA256SUMS", packages.MANIFESTS]), "nothing else stands in dist/packages")
     sums = dict(reversed(line.split()) for line in (TARGET / "SHA256SUMS").read_text().splitlines())
     checks.equal(sums, {name: hashlib.sha256((TARGET / name).read_bytes()).hexdigest() for name in packages.names()},
                  "SHA256SUMS names them all")
@@ -80,7 +82,7 @@ def zips(checks):
             top = f"Kestrel-{packages.version()}/"
             entries = packed.infolist()
             names = [entry.filename for entry in entries]
-            checks.equal(set(names), {top + file for file in FILES}, f"{bits}: the zip holds the program folder, whole")
+            checks.equal(set(names), {top + file for file in ZIP_FILES}, f"{bits}: the zip holds the program folder, whole")
             checks.equal(names, sorted(names), f"{bits}: its names are sorted")
             checks.equal(len({entry.date_time for entry in entries}), 1, f"{bits}: its files bear one time")
             checks.that(packed.testzip() is None, f"{bits}: it can be unpacked")
@@ -88,6 +90,14 @@ def zips(checks):
             same = [name for name in names if (built / name.removeprefix(top)).is_file()]
             checks.that(all(packed.read(name) == (built / name.removeprefix(top)).read_bytes() for name in same)
                         and top + "kestrel.exe" in same, f"{bits}: its files are those that were built")
+            for folder in samples.FOLDERS.values():
+                start = packed.read(f"{top}Start {folder}.cmd").decode("ascii")
+                named = [line.replace("\\", "/") for line in re.findall(r'"%~dp0([^":]+)', start)]
+                missing = {name for name in named if name != "kestrel.ini" and top + name not in names}
+                checks.equal(missing, set(), f"{bits}: Start {folder}.cmd names files that are there")
+                checks.that(f"samples\\{folder}\\kestrel.ini" in start and "@" not in start.removeprefix("@"),
+                            f"{bits}: it begins with the buttons of {folder}")
+                checks.equal(start.count("\n"), start.count("\r\n"), f"{bits}: it has the line ends of Windows")
             for file in ("README.txt", "LICENSE.txt"):
                 text = packed.read(top + file)
                 checks.equal(text.count(b"\n"), text.count(b"\r\n"), f"{bits}: {file} has the line ends of Windows")
@@ -202,6 +212,7 @@ def main():
     zips(checks)
     check_zip(checks)
     programs(checks)
+    checkManifests.check(checks, TARGET, TARGET / packages.MANIFESTS, packages.version())
     changes(checks)
     icons(checks)
     lists(checks)

@@ -2,7 +2,7 @@
 """Makes the packages of both program folders: packages.py [TARGET], by default dist/packages.
 
 For each of dist/win32 and dist/win64 a portable zip and an installer, one zip with which a user checks both on a Windows
-of his own, and SHA256SUMS of all. The same tree gives the
+of his own, and SHA256SUMS of all; beside them, in `manifests`, what package managers need. The same tree gives the
 same bytes: names are sorted, and every time in a package is that of the last commit (or SOURCE_DATE_EPOCH).
 """
 
@@ -19,15 +19,20 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 HERE = ROOT / "packaging"
-sys.path[:0] = [str(ROOT / "samples"), str(ROOT / "tools")]
+sys.path[:0] = [str(HERE), str(ROOT / "samples"), str(ROOT / "tools")]
 
+import manifests  # noqa: E402, the way to it stands above
 import samples  # noqa: E402, the way to it stands above
 from version import version  # noqa: E402
 
 BITS = {"win32": 32, "win64": 64}
 BUILT = {"win32": "build/i686/bin", "win64": "build/x86_64/bin"}  # programs that users do not install
 OF_CHECK = ("kestrel-check.exe", "contract-tests.exe", "eagle.exe", "witness.exe", "contract-data")
+# Where a zip has been looked into and not unpacked, of the file that starts the program.
+UNPACK = {"en": "Please unpack the whole zip into a folder of yours first, then start this file there.",
+          "de": "Bitte entpacken Sie zuerst das ganze Zip-Archiv in einen eigenen Ordner und starten Sie dann diese Datei dort."}
 PICTURES = {"ICON": "kestrel.ico", "SIDE": "installer.bmp"}  # of the installer
+MANIFESTS = "manifests"  # folder beside the packages
 ZIP_BEGINS = 315532800  # 1980: a zip knows no earlier time
 
 
@@ -64,6 +69,15 @@ def fill(stage, bits, when):
     for language, folder in samples.FOLDERS.items():
         (stage / "samples" / folder).mkdir()
         (stage / "samples" / folder / "kestrel.ini").write_bytes(samples.settings(language))
+    return files_in(stage, when)
+
+
+def add_starts(stage, when):
+    """What the user of the zip starts, for each language. Gives all files, sorted."""
+    text = windows_text(HERE / "start.cmd").decode("ascii")
+    for language, folder in samples.FOLDERS.items():
+        start = text.replace("@FOLDER@", folder).replace("@UNPACK@", UNPACK[language])
+        (stage / f"Start {folder}.cmd").write_bytes(start.encode("ascii"))
     return files_in(stage, when)
 
 
@@ -146,13 +160,14 @@ def make(target):
         with tempfile.TemporaryDirectory() as scratch:
             stage = Path(scratch) / "program"
             files = fill(stage, bits, when)
-            make_zip(target / f"kestrel-{version()}-{bits}.zip", f"Kestrel-{version()}", stage, files, when)
             make_installer(target / f"kestrel-{version()}-{bits}-setup.exe", stage, files, bits, when)
+            make_zip(target / f"kestrel-{version()}-{bits}.zip", f"Kestrel-{version()}", stage, add_starts(stage, when), when)
     with tempfile.TemporaryDirectory() as scratch:
         stage = Path(scratch) / "check"
         make_zip(target / check_name(), f"Kestrel-{version()}-check", stage, fill_check(stage, when), when)
     sums = [f"{hashlib.sha256((target / name).read_bytes()).hexdigest()}  {name}\n" for name in names()]
     (target / "SHA256SUMS").write_text("".join(sums), encoding="ascii")
+    manifests.make(target, target / MANIFESTS, version())
 
 
 def main():

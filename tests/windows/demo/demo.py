@@ -28,7 +28,7 @@ SCREEN_USED = Rect(350, 270, 1250, 930)
 EDITORS = (Rect(354, 274, 798, 594), Rect(802, 274, 1246, 594), Rect(578, 602, 1022, 922))
 NOTEPAD = Rect(600, 450, 1100, 750)
 FOLDER, FILE = "C:\\work", "assembly.txt"
-SETTINGS = settings.start_set()
+SETTINGS = settings.start_set() + "\n[toolbar]\nautoToolbar=1\n"  # it ends with EAGLE
 
 
 def number(kind, name):
