@@ -23,7 +23,9 @@ class Installation:
             raise RuntimeError("there are no packages: packaging/packages.py makes them")
         self.version = packed[0].name.split("-")[1]
         with zipfile.ZipFile(packed[0]) as portable:
-            self.files = {name.split("/", 1)[1]: portable.read(name) for name in portable.namelist()}
+            self.portable = {name.split("/", 1)[1]: portable.read(name) for name in portable.namelist()}
+        # What starts the program from the zip has no place beside an entry in the start menu.
+        self.files = {name: content for name, content in self.portable.items() if not name.startswith("Start ")}
         stage.prefix.path(SETUP).parent.mkdir()
         stage.prefix.path(SETUP).write_bytes(setup[0].read_bytes())
 
