@@ -12,7 +12,7 @@ from driver.waiting import poll
 WM_CLOSE, WM_QUERYENDSESSION, WM_ENDSESSION = 0x10, 0x11, 0x16
 QUESTION = "Which program?"
 REQUEST = KESTREL + "\\execute.txt"
-EAGLE_FOLDER = "C:\\eagle"
+EAGLE_FOLDER = "C:\\started"  # not where the one with the board runs: its file must not be written over
 TEXT = "[global]\nlanguage=10000\n" + settings.made({"autoToolbar": 0}, board=[
     button("Run", "run", dialog=settings.FILE_DIALOG, param=QUESTION)])
 STARTS_EAGLE = "[global]\nlanguage=10000\n" + settings.made({"autoEAGLE": 1, "EAGLEpath": EAGLE_FOLDER + "\\eagle.exe"})
