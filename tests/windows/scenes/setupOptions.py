@@ -138,15 +138,18 @@ def tab_order(stage, checks, setup, editor):
 def paste(stage, checks, setup, editor):
     """Of several lines in the clipboard a field takes the first one, whatever characters are in it."""
     stage.prefix.path(LINES).write_bytes(f"{ODD}\r\n[board]\r\n1name=other\r\n".encode("cp1252"))
-    stage.witness.run(f"C:\\windows\\notepad.exe {LINES}")
+    process = stage.witness.run(f"C:\\windows\\notepad.exe {LINES}")
     notepad = poll(lambda: stage.look().top("lines.txt"))
     if not checks.that(notepad, "another program has the lines"):
         return
     # The window manager may leave the keyboard where it is when a new window comes.
     stage.screen.click(*notepad[0].place.middle)
     stage.wait_for_focus(notepad[0].handle)
-    stage.screen.key("ctrl+a", "ctrl+c", "alt+F4")
-    checks.that(poll(lambda: not stage.look().top("lines.txt")), "they are copied and it is closed")
+    stage.screen.key("ctrl+a", "ctrl+x")
+    checks.that(poll(lambda: [child.text for child in stage.look().top("lines.txt")[0].inside() if child.class_name == "Edit"] == [""]),
+                "they are cut out there")
+    stage.witness.order("terminate", process)  # it would ask whether to save
+    checks.that(poll(lambda: not stage.look().top("lines.txt")), "and it has gone")
     setup.open(editor)
     setup.select(0)
     setup.shows("Fit")
