@@ -81,12 +81,15 @@ Line readLine(std::string_view text, std::size_t begin) {
     return line;
 }
 
-bool sameName(std::string_view one, std::string_view other) {
-    return runtime::lowerCase(one) == runtime::lowerCase(other);
+/// Whether it is the name that is wanted, which is in lower case. Folding its case leaves a name as long as
+/// it is.
+bool sameName(std::string_view name, std::string_view wanted) {
+    return name.size() == wanted.size() && runtime::holdsIgnoringCase(name, wanted);
 }
 
 /// The position behind the header of a section; npos if there is none.
-std::size_t findSection(std::string_view text, std::string_view wanted) {
+std::size_t findSection(std::string_view text, std::string_view section) {
+    const std::string wanted = runtime::lowerCase(section);
     for (std::size_t at = 0; at < text.size();) {
         const Line line = readLine(text, at);
         at = line.end;
@@ -107,7 +110,8 @@ void visitSection(std::string_view text, std::size_t at, Visit visit) {
     }
 }
 
-std::optional<Line> findKey(std::string_view text, std::size_t section, std::string_view wanted) {
+std::optional<Line> findKey(std::string_view text, std::size_t section, std::string_view key) {
+    const std::string wanted = runtime::lowerCase(key);
     std::optional<Line> found;
     visitSection(text, section, [&](const Line& line) {
         if (line.kind == LineKind::key && sameName(line.name, wanted))
