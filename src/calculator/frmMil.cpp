@@ -68,6 +68,17 @@ void frmMil::loadResources() {
         labUnit[side].setCaption(store::unitName[side]);
 }
 
+void frmMil::followSave() {
+    loadResources();
+    constexpr std::int16_t toRight = 1;
+    try {
+        convert(toRight);
+    } catch (const runtime::RuntimeError&) {
+        // A number beyond the range of a double, which nobody has left the field with yet: the right one
+        // stays.
+    }
+}
+
 void frmMil::txtSize_KeyPress(std::size_t /*index*/, int& keyAscii) {
     if (keyAscii == ',')
         keyAscii = '.';

@@ -21,8 +21,11 @@ class frmMil : public forms::Form {
     frmMil();
 
     /// Gives the labels the unit names of the settings. Kept: only the default instance is ever asked, so the
-    /// calculators in EAGLE's windows stay with mil and mm.
+    /// calculators in EAGLE's windows stay with mil and mm, unless Mend::afterSave is in force.
     void loadResources();
+    /// Units and formats have been saved: the labels show the units, and the right field is converted anew
+    /// from the left one, if that holds a number.
+    void followSave();
     /// Writes into side `direction`, 1 or 0, the length that stands on the other one, in the format of the
     /// side that is written. Error 6 for a number beyond the range of a double, error 9 for a side that is
     /// not there.

@@ -32,11 +32,13 @@ Hauptform::Hauptform() {
     Timer2.onTimer = [this] { Timer2_Timer(); };
     setup::frmSetup::onNewLanguage = [] { menuForm().loadResources(); };
     setup::frmSetup::onWindowReset = [this] { resetWindowRecords(); };
+    setup::frmSetup::onSaved = [this] { followSave(); };
 }
 
 Hauptform::~Hauptform() {
     setup::frmSetup::onNewLanguage = nullptr;
     setup::frmSetup::onWindowReset = nullptr;
+    setup::frmSetup::onSaved = nullptr;
     forms::mainForm = nullptr;
 }
 

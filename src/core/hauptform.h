@@ -90,6 +90,10 @@ class Hauptform : public forms::Form {
     std::size_t addToolbar(store::EditorKind kind, platform::HWND host, std::size_t scanned);
     std::size_t addCalculator(toolbars::frmToolbar& toolbar, platform::HWND host);
     void placeCalculator(std::size_t index, platform::HWND host);
+    // afterSave.cpp
+    /// Builds all toolbars anew whose windows live, with their heights, and gives all calculators the units
+    /// and formats in force.
+    void followSave();
     // systray.cpp
     void tryAddSystray();
     // runRequest.cpp

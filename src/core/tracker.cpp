@@ -127,6 +127,9 @@ std::size_t Hauptform::addCalculator(toolbars::frmToolbar& toolbar, platform::HW
     calculators.push_back(std::make_unique<calculator::frmMil>());
     calculator::frmMil& added = *calculators.back();
     added.setResolution(toolbar.resolution());
+    // Kept: a calculator begins with mil and mm, whatever the settings say.
+    if (store::mended(store::Mend::afterSave))
+        added.loadResources();
     // Not to be seen before it has its place: the host would show for a while what stood elsewhere.
     added.fraMil.setVisible(false);
     added.show();

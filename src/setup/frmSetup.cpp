@@ -6,6 +6,7 @@
 #include "platform/types.h"
 #include "setup/arrows.h"
 #include "setup/geometry.h"
+#include "store/mends.h"
 #include "store/settings.h"
 
 #include <memory>
@@ -34,13 +35,19 @@ frmSetup& setupForm() {
     return *form;
 }
 
-void openSetup(std::int16_t page) {
+bool openSetup(std::int16_t page) {
     const std::unique_ptr<frmSetup>& form = forms::defaultSlot<frmSetup>();
     if (form && form->visible())
-        return;
+        return false;
+    frmSetup::anythingSaved = false;
     setupForm().loadResources();
     setupForm().setType(page);
     setupForm().showModal();
+    // Kept: toolbars keep their buttons, but for the one that opened the dialog, and calculators their units.
+    if (!frmSetup::anythingSaved || !store::mended(store::Mend::afterSave))
+        return false;
+    forms::raise(frmSetup::onSaved);
+    return true;
 }
 
 frmSetup::frmSetup() {

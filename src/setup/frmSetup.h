@@ -47,12 +47,17 @@ class frmSetup : public forms::Form {
     void Form_QueryUnload(bool& cancel) override;
     void Form_Unload() override;
 
-    // What the program's main form is told; it wires both. They are the dialog's and not an instance's: each
-    // closing ends one.
+    // What the program's main form is told; it wires all three. They are the dialog's and not an instance's:
+    // each closing ends one.
     /// The user has chosen a language: the dialog's own texts follow it already.
     static inline std::function<void()> onNewLanguage;
     /// The dialog is about to close, and the records of EAGLE's windows are to be put back.
     static inline std::function<void()> onWindowReset;
+
+    /// The dialog has closed after a save, however it closed. Only where that is mended.
+    static inline std::function<void()> onSaved;
+    /// Whether the OK button has saved anything since the dialog was opened.
+    static inline bool anythingSaved = false;
 
     /// Whether the form has been closed. It is not opened again: setupForm() makes a new one.
     bool closed() const { return closed_; }
@@ -177,7 +182,7 @@ class frmSetup : public forms::Form {
 frmSetup& setupForm();
 
 /// Opens the dialog on a tab, 0 to 3, and returns once it has closed. If it is up already it stays as it is,
-/// edits included, and the call returns at once.
-void openSetup(std::int16_t page);
+/// edits included, and the call returns at once. True if what stands in EAGLE's windows has been built anew.
+bool openSetup(std::int16_t page);
 
 } // namespace setup

@@ -61,6 +61,7 @@ void frmSetup::commitLists() {
 void frmSetup::btnOk_Click() {
     store::currentRoutine = "btnOk_Click";
     setMousePointer(forms::MousePointer::hourglass);
+    anythingSaved = true;
     saveOptions();
     saveUnits();
     // Kept: the calculators in EAGLE's windows are other instances and keep their units.

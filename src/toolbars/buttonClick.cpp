@@ -81,12 +81,19 @@ void frmToolbar::Toolbar_ButtonClick(forms::ToolbarButton& button) {
         typeCommand(eagHND, path + *arguments);
 }
 
-/// Opens the setup on the form's page. When it has closed, by OK or not, this toolbar is built anew; others
-/// keep their buttons.
+/// Opens the setup on the form's page. When it has closed, by OK or not, this toolbar is built anew. Kept:
+/// others keep their buttons, unless a save has built all anew.
 void frmToolbar::openSetup() {
-    setup::openSetup(differences_.setupPage);
+    if (setup::openSetup(differences_.setupPage))
+        return;
     loadLists();
     loadVarBar();
+}
+
+void frmToolbar::rebuild() {
+    loadVarBar();
+    if (!differences_.resizesAtEnd)
+        Form_Resize();
 }
 
 } // namespace toolbars

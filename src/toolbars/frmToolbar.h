@@ -33,6 +33,8 @@ class frmToolbar : public forms::Form {
     /// Builds the buttons anew from the form's list. Errors: 9 for an icon reference without a comma, 13 for
     /// an icon index that is no number, 35602 for two buttons with the same key.
     void loadVarBar();
+    /// The same, with the height of the new rows for each kind.
+    void rebuild();
     /// Reloads the form's list from the settings file.
     void loadLists();
 
