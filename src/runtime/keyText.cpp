@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <iterator>
 #include <optional>
+#include <string>
+#include <utility>
 
 namespace runtime {
 
@@ -77,6 +79,7 @@ enum class Kind {
     modifier, ///< + ^ or %
     open,     ///< ( and ), with their twin
     close,
+    verbatim, ///< a character that nothing is applied to
 };
 
 struct Token {
@@ -205,12 +208,9 @@ void addModifier(KeyStroke& modifiers, char32_t mark) {
     modifiers.alt |= mark == '%';
 }
 
-} // namespace
-
-std::vector<KeyStroke> parseKeyText(std::string_view text) {
-    std::vector<Token> tokens = tokenise(toUtf32(text));
+/// Applies modifiers and groups.
+std::vector<KeyStroke> strokesOf(std::vector<Token> tokens) {
     matchBrackets(tokens);
-
     std::vector<KeyStroke> strokes;
     std::vector<KeyStroke> groups = {{}}; // modifiers of the groups that are open, the whole text the first
     for (std::size_t at = 0; at < tokens.size(); ++at) {
@@ -234,10 +234,33 @@ std::vector<KeyStroke> parseKeyText(std::string_view text) {
             groups.push_back(modifiers);
         else if (token.kind == Kind::close)
             groups.pop_back();
+        else if (token.kind == Kind::verbatim)
+            strokes.push_back(token.stroke);
         else
             strokes.insert(strokes.end(), token.count, with(token.stroke, modifiers));
     }
     return strokes;
+}
+
+} // namespace
+
+std::vector<KeyStroke> parseKeyText(std::string_view text) {
+    return strokesOf(tokenise(toUtf32(text)));
+}
+
+std::vector<KeyStroke> parseKeyPieces(std::span<const KeyPiece> pieces) {
+    std::vector<Token> tokens;
+    for (const KeyPiece& piece : pieces) {
+        const std::u32string text = toUtf32(piece.text);
+        if (piece.verbatim) {
+            for (const char32_t character : text)
+                tokens.push_back(characterToken(Kind::verbatim, character));
+        } else {
+            const std::vector<Token> read = tokenise(text);
+            tokens.insert(tokens.end(), read.begin(), read.end());
+        }
+    }
+    return strokesOf(std::move(tokens));
 }
 
 } // namespace runtime

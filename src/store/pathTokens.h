@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace store {
 
@@ -10,5 +11,14 @@ inline std::string eagleFolder;
 
 /// The text with "{kestrelpath}" and "{eaglepath}" replaced. A token that is not all lower case stays.
 std::string expandTokens(const std::string& text);
+
+/// A part of a text with tokens.
+struct PathPiece {
+    std::string text;
+    bool fromToken = false; ///< what a token stands for
+};
+
+/// The same text in pieces, cut where a token stood.
+std::vector<PathPiece> expandedPieces(const std::string& text);
 
 } // namespace store

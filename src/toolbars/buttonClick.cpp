@@ -4,42 +4,64 @@
 #include "platform/keySender.h"
 #include "platform/programs.h"
 #include "platform/user32.h"
+#include "runtime/characters.h"
 #include "runtime/keyText.h"
 #include "runtime/numbers.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
 #include "setup/ObjFiledialog.h"
 #include "setup/frmSetup.h"
+#include "store/mends.h"
 #include "store/pathTokens.h"
 #include "toolbars/buttonTag.h"
 #include "toolbars/frmToolbar.h"
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace toolbars {
 
 namespace {
 
-/// The argument that the user gives in the dialog that the tag asks for, with one blank before it; empty
-/// where there is no dialog, none at all where the user cancels.
-std::optional<std::string> askForArgument(const std::vector<std::string>& parts, platform::HWND owner) {
+/// What the user has given in the dialog that a button asks with; no text where there is no dialog.
+struct Answer {
+    std::string text;
+    bool chosenFile = false;
+};
+
+/// None at all where the user cancels.
+std::optional<Answer> ask(const std::vector<std::string>& parts, platform::HWND owner) {
     const std::int16_t dialog = runtime::toInt16(runtime::element(parts, tagField::dialog));
-    std::string answer;
+    Answer answer;
     if (dialog == store::dialogKind::inputBox) {
-        answer = platform::inputBox(runtime::element(parts, tagField::param), "Input Parameter");
+        answer.text = platform::inputBox(runtime::element(parts, tagField::param), "Input Parameter");
     } else if (dialog == store::dialogKind::fileDialog) {
         setup::ObjFiledialog files;
         files.setFilename("*.*");
         files.setDialogTitle(runtime::element(parts, tagField::param));
         files.ShowOpen(owner);
-        answer = files.Filename();
+        answer = {files.Filename(), true};
     } else {
-        return std::string();
+        return answer;
     }
-    if (answer.empty())
+    if (answer.text.empty())
         return std::nullopt;
-    return " " + answer;
+    return answer;
+}
+
+/// What stands behind a command: nothing, or a blank and the answer.
+std::string typedArgument(const Answer& answer) {
+    return answer.text.empty() ? std::string() : " " + answer.text;
+}
+
+/// The same behind a program.
+std::string programArgument(const Answer& answer) {
+    // Kept: a file's name gets no quotes, so that one with blanks arrives in pieces.
+    if (store::mended(store::Mend::fileArguments) && answer.chosenFile &&
+        answer.text.find(' ') != std::string::npos)
+        return " \"" + answer.text + "\"";
+    return typedArgument(answer);
 }
 
 /// Starts a program if its file is there. The user is not told of a failure.
@@ -51,11 +73,26 @@ void startProgram(const std::string& path, const std::string& arguments) {
     }
 }
 
-void typeCommand(platform::HWND host, const std::string& command) {
+/// A command with its tokens, its argument and the Enter key as key strokes.
+std::vector<platform::KeyStroke> strokesOf(const std::string& command, const std::string& argument) {
+    // Kept: nothing is escaped, so that the notation's characters in an input, a file's name or the program's
+    // folder act as key codes.
+    if (!store::mended(store::Mend::typedAsMeant))
+        return runtime::parseKeyText(store::expandTokens(command) + argument + "{ENTER}");
+    std::vector<runtime::KeyPiece> pieces;
+    for (const store::PathPiece& piece : store::expandedPieces(command))
+        pieces.push_back({piece.text, piece.fromToken});
+    std::vector<platform::KeyStroke> strokes = runtime::parseKeyPieces(pieces);
+    for (const char32_t character : runtime::toUtf32(argument))
+        strokes.push_back({.character = character});
+    strokes.push_back({.key = platform::Key::enter});
+    return strokes;
+}
+
+void typeCommand(platform::HWND host, const std::vector<platform::KeyStroke>& strokes) {
     platform::BringWindowToTop(host);
     platform::ShowWindow(host, platform::restoreWindow);
-    // Not escaped: the notation's characters in a command or an input act as key codes.
-    platform::sendKeys(runtime::parseKeyText(command + "{ENTER}"), true);
+    platform::sendKeys(strokes, true);
 }
 
 } // namespace
@@ -69,16 +106,16 @@ void frmToolbar::Toolbar_ButtonClick(forms::ToolbarButton& button) {
     if (differences_.ignoresOver && button.key == "Over")
         return;
     // The button may go while a dialog is up: from here on only the copy of its tag counts.
-    const std::vector<std::string> parts = runtime::split(button.tag, tagMark());
-    const std::optional<std::string> arguments = askForArgument(parts, window());
-    if (!arguments)
+    const std::vector<std::string> parts = tagFields(button.tag);
+    const std::optional<Answer> answer = ask(parts, window());
+    if (!answer)
         return;
-    const std::string path = store::expandTokens(parts[tagField::path]);
+    const std::string& path = parts[tagField::path];
     const std::int16_t type = runtime::toInt16(runtime::element(parts, tagField::type));
     if (type == store::entryType::externalProgram)
-        startProgram(path, *arguments);
+        startProgram(store::expandTokens(path), programArgument(*answer));
     else if (type == store::entryType::eagleCommand)
-        typeCommand(eagHND, path + *arguments);
+        typeCommand(eagHND, strokesOf(path, typedArgument(*answer)));
 }
 
 /// Opens the setup on the form's page. When it has closed, by OK or not, this toolbar is built anew. Kept:

@@ -1,9 +1,30 @@
 #include "toolbars/buttonTag.h"
 
 #include "platform/codePage.h"
+#include "runtime/text.h"
 #include "runtime/western.h"
+#include "store/mends.h"
+
+#include <string_view>
 
 namespace toolbars {
+
+namespace {
+
+// What stands for the mark, and for the sign itself, in a field whose marks are escaped.
+constexpr std::string_view escapeSign = "\x1E";
+constexpr std::string_view escapedMark = "\x1E"
+                                         "0";
+constexpr std::string_view escapedSign = "\x1E"
+                                         "1";
+
+std::string escaped(const std::string& field) {
+    if (!store::mended(store::Mend::noEnd))
+        return field;
+    return runtime::replaceAll(runtime::replaceAll(field, escapeSign, escapedSign), tagMark(), escapedMark);
+}
+
+} // namespace
 
 const std::string& tagMark() {
     static const std::string mark = [] {
@@ -15,14 +36,23 @@ const std::string& tagMark() {
 }
 
 std::string buttonTag(const store::ToolButton& button) {
-    std::string tag = button.path;
+    std::string tag = escaped(button.path);
     tag += tagMark();
     tag += std::to_string(button.dialog);
     tag += tagMark();
-    tag += button.param;
+    tag += escaped(button.param);
     tag += tagMark();
     tag += std::to_string(button.type);
     return tag;
+}
+
+std::vector<std::string> tagFields(const std::string& tag) {
+    std::vector<std::string> fields = runtime::split(tag, tagMark());
+    if (store::mended(store::Mend::noEnd))
+        for (std::string& field : fields)
+            field = runtime::replaceAll(runtime::replaceAll(field, escapedMark, tagMark()), escapedSign,
+                                        escapeSign);
+    return fields;
 }
 
 } // namespace toolbars

@@ -12,7 +12,7 @@ namespace toolbars {
 /// The section sign in the code page in force.
 const std::string& tagMark();
 
-/// Places of the fields in a tag. Kept: a mark inside path or param moves the later ones, nothing escapes it.
+/// Places of the fields in a tag.
 namespace tagField {
 inline constexpr std::size_t path = 0;
 inline constexpr std::size_t dialog = 1;
@@ -20,6 +20,11 @@ inline constexpr std::size_t param = 2;
 inline constexpr std::size_t type = 3;
 } // namespace tagField
 
+/// Kept: a mark inside path or param moves the later fields, nothing escapes it; unless Mend::noEnd is in
+/// force.
 std::string buttonTag(const store::ToolButton& button);
+
+/// The fields of a tag, at their places.
+std::vector<std::string> tagFields(const std::string& tag);
 
 } // namespace toolbars
