@@ -11,11 +11,14 @@
 #include "platform/shell32.h"
 #include "platform/textFile.h"
 #include "runtime/characters.h"
+#include "runtime/runtimeError.h"
 #include "runtime/text.h"
+#include "store/mends.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <optional>
 
 namespace core {
 
@@ -34,12 +37,34 @@ std::int16_t quotePosition(std::string_view line, std::size_t from) {
     return static_cast<std::int16_t>(found + 1);
 }
 
+/// Reads the request's line and deletes the file; both or nothing.
+std::optional<std::string> takeRequest() {
+    try {
+        std::string line = platform::readFirstLine(requestFile());
+        platform::kill(requestFile());
+        return line;
+    } catch (const runtime::RuntimeError&) {
+        // Kept: a request that its writer still holds ends the program.
+        if (!store::mended(store::Mend::noEnd))
+            throw;
+        return std::nullopt;
+    }
+}
+
 } // namespace
 
 void Hauptform::dropRunRequest() {
     const std::string file = requestFile();
-    if (!platform::dir(file).empty())
+    if (platform::dir(file).empty())
+        return;
+    try {
         platform::kill(file);
+    } catch (const runtime::RuntimeError&) {
+        // Kept: as of a tick's request. The settings have not been read yet. One that is still written is not
+        // left over: a tick finds it.
+        if (!store::mendSetting())
+            throw;
+    }
 }
 
 void Hauptform::lookForRunRequest() {
@@ -51,11 +76,14 @@ void Hauptform::lookForRunRequest() {
 
 void Hauptform::Timer1_Timer() {
     Timer1.setEnabled(false);
-    const std::string line = platform::readFirstLine(requestFile());
-    platform::kill(requestFile());
+    const std::optional<std::string> line = takeRequest();
+    if (!line) {
+        Timer2.setEnabled(true);
+        return;
+    }
     const platform::HWND form = window();
     setWindowOnTop(form, 0);
-    const RunRequest request = splitRunRequest(line);
+    const RunRequest request = splitRunRequest(*line);
     platform::ShellExecuteA(form, "Open", request.program.c_str(), request.parameters.c_str(), "",
                             platform::showNormally);
     platform::doEvents();

@@ -96,6 +96,8 @@ void Hauptform::rememberFile(EditorKind kind, platform::HWND host) {
         if (const std::size_t bracket = runtime::findLastText(name, "("); bracket != std::string::npos) {
             // Kept: only a library's name is cut. The character before the bracket goes too, blank or not; a
             // name that begins with the bracket has none.
+            if (bracket == 0 && store::mended(store::Mend::noEnd))
+                return;
             if (bracket == 0)
                 throw runtime::RuntimeError(runtime::ErrorNumber::invalidCall);
             const std::string_view before(name.data(), bracket);

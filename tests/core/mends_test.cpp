@@ -168,4 +168,84 @@ TEST_CASE("the kind word of EAGLEfile: off its window is only activated, on rest
     CHECK(none.desk().foreground == none.panel);
 }
 
+TEST_CASE("a library whose name begins with the bracket: off the end of the program, on nothing is written") {
+    for (const bool on : offAndOn) {
+        CAPTURE(on);
+        Mending program(on);
+        program.desk().openWindow("1 Library - (new) - EAGLE");
+        program.ticks(1);
+        CHECK(program.desk().ended == !on);
+        if (!on)
+            continue;
+        CHECK(program.hosted(EditorKind::library) == 1);
+        CHECK(program.form().lastOpened[2].empty());
+        CHECK(program.desk().settings() == "[global]\r\nmend=1\r\n");
+    }
+}
+
+TEST_CASE("a run request that its writer still holds: off the end of the program, on it is read when it is "
+          "let go") {
+    const std::string file = "C:\\kestrel\\execute.txt";
+    for (const bool on : offAndOn) {
+        CAPTURE(on);
+        Mending program(on);
+        program.desk().writeFile(file, "C:\\t\\x.exe \"a b\"\r\n");
+        program.desk().file(file)->locked = true;
+        program.desk().run(700);
+        CHECK(program.desk().ended == !on);
+        if (!on)
+            continue;
+        program.desk().run(5000);
+        CHECK(program.desk().executed.empty());
+        // The tracker works between the looks.
+        program.desk().openWindow("1 Board - a.brd - EAGLE");
+        program.desk().run(1400);
+        CHECK(program.hosted(EditorKind::board) == 1);
+        program.desk().file(file)->locked = false;
+        program.desk().run(1400);
+        REQUIRE(program.desk().executed.size() == 1);
+        CHECK(program.desk().executed[0].parameters == "a b");
+        CHECK_FALSE(program.desk().fileText(file));
+        program.desk().run(2000);
+        CHECK(program.desk().executed.size() == 1);
+        CHECK(program.form().Timer2.enabled());
+        CHECK(program.desk().messageBoxes.empty());
+    }
+}
+
+TEST_CASE("on, a request that can be read but not be deleted, or that has vanished, does nothing") {
+    const std::string file = "C:\\kestrel\\execute.txt";
+    Mending program(true);
+    program.desk().writeFile(file, "C:\\t\\x.exe");
+    program.desk().file(file)->readOnly = true;
+    program.desk().run(3000);
+    CHECK(program.desk().executed.empty());
+    program.desk().file(file)->readOnly = false;
+    program.desk().run(1400);
+    CHECK(program.desk().executed.size() == 1);
+    program.desk().writeFile(file, "C:\\t\\x.exe");
+    program.desk().run(300);
+    program.desk().removeFile(file);
+    program.desk().run(1400);
+    CHECK(program.desk().executed.size() == 1);
+    CHECK(program.form().Timer2.enabled());
+}
+
+TEST_CASE("a run request that is held at the start: off the end of the program, on a tick finds it") {
+    const std::string file = "C:\\kestrel\\execute.txt";
+    for (const bool on : offAndOn) {
+        CAPTURE(on);
+        desktop::Program program;
+        program.desk().writeSettings(on ? "[global]\r\nmend=1\r\n" : "");
+        program.desk().writeFile(file, "C:\\t\\x.exe");
+        program.desk().file(file)->locked = true;
+        CHECK(program.start() == on);
+        if (!on)
+            continue;
+        program.desk().file(file)->locked = false;
+        program.desk().run(1400);
+        CHECK(program.desk().executed.size() == 1);
+    }
+}
+
 TEST_SUITE_END();
