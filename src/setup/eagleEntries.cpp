@@ -1,9 +1,9 @@
 // Entries that type an EAGLE command, and the choice of an entry's icon.
 #include "setup/frmSetup.h"
 
-#include "platform/executable.h"
 #include "store/iconExtract.h"
 #include "store/iconReference.h"
+#include "store/mends.h"
 #include "store/pathTokens.h"
 #include "store/settings.h"
 
@@ -11,13 +11,6 @@ namespace setup {
 
 using store::ToolButton;
 namespace entryType = store::entryType;
-
-namespace {
-
-/// Files beside the program, with an icon for each kind of editor.
-constexpr PerPage<const char*> iconFiles = {"\\brd.ico", "\\sch.ico", "\\lbr.ico"};
-
-} // namespace
 
 void frmSetup::btnAddEAGLE_Click(std::int16_t Index) {
     // Kept: the name of another routine.
@@ -32,7 +25,7 @@ void frmSetup::btnAddEAGLE_Click(std::int16_t Index) {
     // Draws nothing: the icon comes when the row is selected.
     store::extractIconToPicture({}, 0, imgIcon[page]);
     picView[page].setPicture(imgIcon[page].image());
-    added.icon = store::IconReference{platform::programFolder() + iconFiles[page]}.text();
+    added.icon = store::kindIcon(store::EditorKind{Index}).text();
     fillList(Index);
     selectLast(Index);
     refreshPreview(page);
@@ -45,11 +38,18 @@ void frmSetup::btnIcon_Click(std::int16_t Index) {
     // Without a selection this is the unused slot 0; a list that never had an entry has not even that.
     const std::int32_t slot = lstApps[page].listIndex() + 1;
     const std::string start = buttons.allocated() ? store::expandTokens(buttons[slot].icon) : std::string();
-    const std::string chosen = store::chooseIconFile(start, window());
+    const std::string chosen =
+        store::chooseIconFile(start, window(), store::kindIcon(store::EditorKind{Index}));
     if (chosen.empty())
         return;
-    const auto icon = store::IconReference::parse(chosen);
-    store::extractIconToPicture(icon.file, icon.index, imgIcon[page]);
+    // Kept: the preview keeps the old icon where the new one cannot be drawn, and a comma in its path is an
+    // error.
+    if (store::mended(store::Mend::unreadableRows)) {
+        drawIcon(Index, chosen);
+    } else {
+        const auto icon = store::IconReference::parse(chosen);
+        store::extractIconToPicture(icon.file, icon.index, imgIcon[page]);
+    }
     picView[page].setPicture(imgIcon[page].image());
     if (buttons.allocated())
         buttons[slot].icon = chosen;

@@ -101,8 +101,13 @@ void frmSetup::showEntryFields(std::int16_t list, const std::int16_t& type) {
 }
 
 /// Draws the icon of a reference on the page's surface; of one without a comma, none. Errors of the index:
-/// 13, 6.
+/// 13, 6. Kept: what cannot be drawn shows no icon.
 void frmSetup::drawIcon(std::int16_t list, const std::string& reference) {
+    if (store::mended(store::Mend::unreadableRows)) {
+        if (!store::drawReference(reference, imgIcon[at(list)]))
+            store::extractIconToPicture(store::kindIcon(store::EditorKind{list}).file, 0, imgIcon[at(list)]);
+        return;
+    }
     if (reference.find(',') == std::string::npos)
         return;
     const auto icon = store::IconReference::parse(reference);

@@ -3,6 +3,7 @@
 #include "runtime/characters.h"
 #include "runtime/numbers.h"
 #include "runtime/runtimeError.h"
+#include "store/mends.h"
 #include "store/settings.h"
 
 namespace store {
@@ -49,13 +50,36 @@ bool saveList(const ListOfKind& list) {
         setini(list.section, number + word::tooltip, button.tooltip);
         setini(list.section, number + word::param, button.param);
         setini(list.section, number + word::icon, button.icon);
-        setini(list.section, number + word::dialog, std::to_string(button.dialog));
-        setini(list.section, number + word::type, std::to_string(button.type));
+        const RowNumbers numbers =
+            button.asRead.value_or(RowNumbers{std::to_string(button.dialog), std::to_string(button.type)});
+        setini(list.section, number + word::dialog, numbers.dialog);
+        setini(list.section, number + word::type, numbers.type);
         // Kept: exact in case, unlike the expansion's own test.
         needsEagle |= runtime::findText(button.icon, eagleToken) != std::string::npos ||
                       runtime::findText(button.path, eagleToken) != std::string::npos;
     }
     return needsEagle;
+}
+
+std::optional<std::int16_t> readableInt16(const std::string& text) {
+    try {
+        return runtime::toInt16(text);
+    } catch (const runtime::RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
+void takeNumbers(ToolButton& button, const RowNumbers& numbers) {
+    // Kept: one that cannot be read is an error.
+    if (!mended(Mend::unreadableRows)) {
+        button.dialog = runtime::toInt16(numbers.dialog);
+        button.type = runtime::toInt16(numbers.type);
+        return;
+    }
+    button.dialog = readableInt16(numbers.dialog).value_or(dialogKind::none);
+    const std::optional<std::int16_t> type = readableInt16(numbers.type);
+    button.type = type.value_or(entryType::unreadable);
+    button.asRead = type ? std::nullopt : std::optional(numbers);
 }
 
 } // namespace
@@ -88,8 +112,7 @@ void loadList(EditorKind kind) {
         button.tooltip = read(word::tooltip);
         button.param = read(word::param);
         button.icon = read(word::icon);
-        button.dialog = runtime::toInt16(read(word::dialog));
-        button.type = runtime::toInt16(read(word::type));
+        takeNumbers(button, {read(word::dialog), read(word::type)});
         button.live = 1;
     }
 }

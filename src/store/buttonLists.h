@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,7 @@ namespace entryType {
 inline constexpr std::int16_t externalProgram = 0;
 inline constexpr std::int16_t eagleCommand = 1;
 inline constexpr std::int16_t separator = 2;
+inline constexpr std::int16_t unreadable = -1; ///< of a row with ToolButton::asRead
 } // namespace entryType
 
 /// What asks for an argument before that: ToolButton::dialog.
@@ -26,6 +28,14 @@ inline constexpr std::int16_t none = 0;
 inline constexpr std::int16_t inputBox = 1;
 inline constexpr std::int16_t fileDialog = 2;
 } // namespace dialogKind
+
+/// Texts of `dialog` and `type` in the settings file.
+struct RowNumbers {
+    std::string dialog;
+    std::string type;
+
+    bool operator==(const RowNumbers&) const = default;
+};
 
 struct ToolButton {
     std::string name;
@@ -37,9 +47,17 @@ struct ToolButton {
     std::int16_t dialog = dialogKind::none;         ///< another number in the settings file stays
     std::int16_t type = entryType::externalProgram; ///< likewise
     std::int16_t live = 0;                          ///< 1 for a row that exists
+    /// Of a row whose `type` cannot be read: it is written back as it was read. Only with
+    /// Mend::unreadableRows.
+    std::optional<RowNumbers> asRead = std::nullopt;
 
     bool operator==(const ToolButton&) const = default;
 };
+
+/// Whether a row of a list has its place in the toolbars.
+inline bool standsInToolbars(const ToolButton& button) {
+    return button.live == 1 && !button.asRead;
+}
 
 /// A growable array of rows, counted from 1; element 0 is never used. An array that has never received a row
 /// is unallocated, which is not the same as one without a live row.
@@ -75,7 +93,8 @@ struct ListOfKind {
 const ListOfKind& listOf(EditorKind kind);
 
 /// Loads one list from the settings file, row by row until a name is missing. If row 1 is missing the list
-/// keeps what it held. Error 13 or 6 for a row without a proper `dialog` or `type`.
+/// keeps what it held. Error 13 or 6 for a row without a proper `dialog` or `type`; with Mend::unreadableRows
+/// such a `dialog` is 0, and such a `type` is kept as it stands.
 void loadList(EditorKind kind);
 
 /// Loads the lists that `selector` names.

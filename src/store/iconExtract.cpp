@@ -5,33 +5,45 @@
 #include "runtime/runtimeError.h"
 #include "store/frmIconChooser.h"
 #include "store/iconReference.h"
+#include "store/mends.h"
 #include "store/pathTokens.h"
 
 #include <optional>
 
 namespace store {
 
-void extractIconToPicture(const std::string& file, std::int32_t index, forms::PictureBox& picture) {
+bool extractIconToPicture(const std::string& file, std::int32_t index, forms::PictureBox& picture) {
     try {
         // Kept: the large icon is fetched with the small one, never used and never given back. The platform
         // ends it with the next extraction.
         platform::HICON largeIcon = platform::HICON::none;
         platform::HICON smallIcon = platform::HICON::none;
         if (platform::ExtractIconExA(expandTokens(file).c_str(), index, largeIcon, smallIcon) < 1)
-            return;
+            return false;
         picture.setAutoRedraw(true);
         picture.cls();
         platform::DrawIconEx(picture.hDC(), 1, 1, smallIcon, 0, 0, 0, platform::drawNormally);
         platform::DestroyIcon(smallIcon);
         picture.refresh();
         picture.setAutoRedraw(false);
+        return true;
     } catch (const runtime::RuntimeError&) { // silent by design
+        return false;
     }
 }
 
-std::string chooseIconFile(const std::string& reference, platform::HWND owner) {
+bool drawReference(const std::string& reference, forms::PictureBox& picture) {
+    const std::optional<IconReference> icon = IconReference::readable(reference);
+    return icon && extractIconToPicture(icon->file, icon->index, picture);
+}
+
+std::string chooseIconFile(const std::string& reference, platform::HWND owner,
+                           const IconReference& otherwise) {
     IconReference icon;
-    if (!reference.empty())
+    // Kept: without a reference there is no file, and one that cannot be read is an error.
+    if (mended(Mend::unreadableRows))
+        icon = IconReference::readable(reference).value_or(otherwise);
+    else if (!reference.empty())
         icon = IconReference::parse(reference);
     const int result = platform::PickIconDlg(owner, icon.file, icon.index);
     if (result == platform::noIconChooser) {

@@ -12,6 +12,7 @@
 #include "toolbars/kinds.h"
 
 #include <cstdint>
+#include <string>
 
 namespace toolbars {
 
@@ -52,6 +53,7 @@ class frmToolbar : public forms::Form {
 
   private:
     void loadRowPictures(const store::ButtonList& buttons);
+    bool drawRowIcon(const std::string& reference);
     void addFixedPictures(int rows);
     void loadRowButtons(const store::ButtonList& buttons);
     void openSetup();

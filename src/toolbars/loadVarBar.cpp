@@ -1,6 +1,7 @@
 // From the form's button list to visible buttons.
 #include "store/iconExtract.h"
 #include "store/iconReference.h"
+#include "store/mends.h"
 #include "toolbars/buttonTag.h"
 #include "toolbars/frmPullDown.h"
 #include "toolbars/frmToolbar.h"
@@ -47,20 +48,30 @@ void frmToolbar::loadRowPictures(const store::ButtonList& buttons) {
     int number = 0;
     for (std::int32_t row = 1; row <= buttons.upperBound(); ++row) {
         const store::ToolButton& button = buttons[row];
-        if (button.live != 1)
+        if (!store::standsInToolbars(button))
             continue;
         ++number;
-        if (button.icon.empty()) {
+        if (!drawRowIcon(button.icon)) {
             ImageList1.add(number, "", fixedPictures().picture(differences_.pictureKey));
             continue;
         }
-        const auto icon = store::IconReference::parse(button.icon);
-        // An icon that cannot be had leaves the surface as it was: the row gets the last good icon.
-        store::extractIconToPicture(icon.file, icon.index, Picture1);
         Picture2.setPicture(Picture1.image());
         ImageList1.add(number, "", Picture2.picture());
     }
     addFixedPictures(number);
+}
+
+/// Draws a row's icon on the surface. False if the row gets the picture of its kind.
+bool frmToolbar::drawRowIcon(const std::string& reference) {
+    if (store::mended(store::Mend::unreadableRows))
+        return store::drawReference(reference, Picture1);
+    if (reference.empty())
+        return false;
+    // Kept: a reference that cannot be read is an error, and an icon that cannot be had leaves the surface as
+    // it was: the row gets the last good icon.
+    const auto icon = store::IconReference::parse(reference);
+    store::extractIconToPicture(icon.file, icon.index, Picture1);
+    return true;
 }
 
 void frmToolbar::addFixedPictures(int rows) {
@@ -73,15 +84,19 @@ void frmToolbar::loadRowButtons(const store::ButtonList& buttons) {
     int number = 0;
     for (std::int32_t row = 1; row <= buttons.upperBound(); ++row) {
         const store::ToolButton& button = buttons[row];
-        if (button.live != 1)
+        if (!store::standsInToolbars(button))
             continue;
         ++number;
         if (button.type == store::entryType::separator) {
             toolbar.addButton("", "", forms::ButtonStyle::separator, 0);
             continue;
         }
-        forms::ToolbarButton& added =
-            toolbar.addButton(button.name + std::to_string(row), "", forms::ButtonStyle::standard, number);
+        std::string key = button.name + std::to_string(row);
+        // Kept: two rows can have the same key, "a1" in row 1 and "a" in row 11, and the toolbar refuses it.
+        // No row's own key ends so.
+        while (store::mended(store::Mend::noEnd) && toolbar.findButton(key) != nullptr)
+            key += '\'';
+        forms::ToolbarButton& added = toolbar.addButton(key, "", forms::ButtonStyle::standard, number);
         added.toolTipText = button.tooltip;
         added.description = button.name;
         added.tag = buttonTag(button);
