@@ -179,6 +179,7 @@ def lists(checks):
     for language, folder in samples.FOLDERS.items():
         text = samples.settings(language).decode("cp1252")
         checks.equal(int(settings.value(text, "global", "language")), samples.LANGUAGES[language], f"{folder}: the language")
+        checks.equal(settings.value(text, "global", "mend"), "1", f"{folder}: with the mends")
         for kind, section in settings.SECTIONS.items():
             rows = settings.rows(text, kind)
             keys = len(re.findall(r"^\d+\w+=", text.split(f"[{section}]")[1].split("[")[0], re.M))

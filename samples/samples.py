@@ -41,7 +41,7 @@ def rows(table, language):
 
 def settings(language):
     """A whole settings file as Windows reads it."""
-    lines = ["[global]", f"language={LANGUAGES[language]}"]
+    lines = ["[global]", f"language={LANGUAGES[language]}", "mend=1"]
     for table, section in LISTS.items():
         lines += ["", f"[{section}]"]
         for number, row in enumerate(rows(table, language), 1):

@@ -50,7 +50,8 @@ def update(stage, checks, setup, board):
     ini, readme, program = (stage.prefix.path(DEFAULT + name) for name in (INI, "\\README.txt", "\\kestrel.exe"))
     readme.write_text("of an older version")
     program.write_bytes(program.read_bytes() + b"of an older version")
-    text = ini.read_bytes() + b"[Unit]\r\nVisible=1\r\nRightUnit=inch\r\n"
+    # As of a version that knew no mends.
+    text = ini.read_bytes().replace(b"mend=1\r\n", b"") + b"[Unit]\r\nVisible=1\r\nRightUnit=inch\r\n"
     ini.write_bytes(text)
     stage.prefix.path(SHORTCUT).unlink()
     kestrel = runs_there(stage, checks, board, DEFAULT, text.decode("cp1252"))
@@ -63,6 +64,7 @@ def update(stage, checks, setup, board):
     checks.that(Tray(stage).gone(), "its icon has gone")
     standing = setup.standing()
     checks.equal(standing["kestrel.ini"], before, "every setting is as it was")
+    checks.that(b"mend" not in standing["kestrel.ini"], "and the mends stay off")
     checks.that({name: standing[name] for name in setup.files} == setup.files, "the program's files are the new ones")
     checks.equal(setup.registered("Run").get("Kestrel"), at(DEFAULT), "it still starts with Windows")
     checks.that(not stage.prefix.path(SHORTCUT).exists(), "the removed entry of the start menu does not come back")
