@@ -92,8 +92,13 @@ void Control::setToolTipText(std::string_view text) {
     tellPeer(Property::toolTip);
 }
 
+const Font& Control::font() const {
+    static const Font usual;
+    return font_ == nullptr ? usual : *font_;
+}
+
 void Control::setFont(const Font& font) {
-    font_ = font;
+    font_ = std::make_shared<const Font>(font);
     tellPeer(Property::colours);
 }
 
@@ -117,17 +122,32 @@ void Control::setFocus() {
 }
 
 void Control::makePeers() {
-    if (!peer_)
+    if (!peer_ && !lost_)
         peer_ = makePeer(*this);
 }
 
 void Control::dropPeers() {
     peer_.reset();
+    lost_ = false;
+}
+
+void Control::windowLost() {
+    lost_ = true;
+    peer_.reset();
+}
+
+bool Control::windowsMade() const {
+    return peer_ == nullptr || peer_->window() != platform::HWND::none;
 }
 
 void Control::tellPeer(Property property) {
     if (const std::shared_ptr<Peer> peer = peer_)
         peer->changed(property);
+}
+
+void Control::catchUpPeer() const {
+    if (const std::shared_ptr<Peer> peer = peer_)
+        peer->catchUp();
 }
 
 Container::~Container() {
@@ -145,6 +165,17 @@ void Container::dropPeers() {
     for (Control* child : std::vector<Control*>(controls_))
         child->dropPeers();
     Control::dropPeers();
+}
+
+void Container::windowLost() {
+    for (Control* child : std::vector<Control*>(controls_))
+        child->windowLost();
+    Control::windowLost();
+}
+
+bool Container::windowsMade() const {
+    return Control::windowsMade() &&
+           std::ranges::all_of(controls_, [](const Control* child) { return child->windowsMade(); });
 }
 
 void Container::remove(Control& child) {

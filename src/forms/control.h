@@ -104,7 +104,7 @@ class Control {
     const std::string& toolTipText() const { return toolTipText_; }
     void setToolTipText(std::string_view text);
 
-    const Font& font() const { return font_; }
+    const Font& font() const;
     void setFont(const Font& font);
     /// Without a colour of its own a control has the system's.
     std::optional<Colour> foreColour() const { return foreColour_; }
@@ -133,9 +133,19 @@ class Control {
     virtual void makePeers();
     virtual void dropPeers();
 
+    /// There will be no window for this control and what stands in it until its form is loaded anew: it has
+    /// died with its host, as its peer tells, or the system has made none. The peer goes, and with it all
+    /// that was made for the window; the control lets go what it holds for showing alone.
+    virtual void windowLost();
+    bool lost() const { return lost_; }
+    /// Whether each peer of this control and of what stands in it has its window.
+    virtual bool windowsMade() const;
+
   protected:
     /// The peer lives at least until it has returned, even if the form is unloaded meanwhile.
     void tellPeer(Property property);
+    /// The same: the peer does now what it has put off.
+    void catchUpPeer() const;
     /// Takes over a place and size without telling the peer.
     void storePosition(const Position& position) { position_ = position; }
 
@@ -147,8 +157,9 @@ class Control {
     Position position_;
     bool enabled_ = true;
     bool visible_ = true;
+    bool lost_ = false;
     std::string toolTipText_;
-    Font font_;
+    std::shared_ptr<const Font> font_; ///< none for the usual one
     std::optional<Colour> foreColour_;
     std::optional<Colour> backColour_;
     std::shared_ptr<Peer> peer_;
@@ -164,6 +175,8 @@ class Container : public Control {
 
     void makePeers() override;
     void dropPeers() override;
+    void windowLost() override;
+    bool windowsMade() const override;
 
   protected:
     virtual void childPlaced(Control& /*child*/) {}

@@ -66,6 +66,9 @@ void Form::load() {
     {
         const Raised loading(loading_);
         makePeers();
+        // Half a form is no use to anybody, and a host would have to bear it.
+        if (!windowsMade())
+            windowLost();
     }
     Form_Load();
 }
@@ -81,6 +84,12 @@ void Form::showModal() {
     show();
     if (visible())
         runModal(*this);
+    if (!loaded_ || !lost())
+        return;
+    // Nobody could see it, or it has gone with its owner: made anew the next time.
+    setVisible(false);
+    dropPeers();
+    loaded_ = false;
 }
 
 void Form::hide() {

@@ -2,7 +2,8 @@
 //
 // Events are virtual routines under the field's names. A form is made as a plain object; loading it makes its
 // window and raises Form_Load, and happens at the first use that needs the window. When the window dies with
-// its host the object lives on, loaded and without a window.
+// its host the object lives on, loaded and without a window, and so it does if the system could not make the
+// window with all that stands on it. Then the form has none at all.
 #pragma once
 
 #include "forms/captioned.h"
@@ -46,7 +47,8 @@ class Form : public Captioned<Container> {
     void load();
     /// Loads if needed and shows the form without waiting.
     void show();
-    /// Loads if needed, shows the form and returns when it has been hidden or unloaded.
+    /// Loads if needed, shows the form and returns when it has been hidden or unloaded; at once if it has no
+    /// window. One that has lost its window is loaded anew the next time.
     void showModal();
     void hide();
     /// Asks Form_QueryUnload, then raises Form_Unload and drops the window. A refused unload changes nothing,

@@ -3,6 +3,7 @@
 #include "runtime/runtimeError.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace forms {
 
@@ -28,7 +29,12 @@ void ImageList::add(int index, std::string_view key, const Picture& picture) {
     if (findKey(images_, key) != images_.end())
         throw runtime::RuntimeError(runtime::ErrorNumber::keyNotUnique);
     const int place = index == 0 ? count() : index - 1;
-    images_.insert(images_.begin() + place, {std::string(key), picture.fitted(imageWidth, imageHeight)});
+    Picture fitted = picture.fitted(imageWidth, imageHeight);
+    // Rows without an icon of their own look like the one before: one block of pixels does for all of them.
+    if (place > 0)
+        if (const Picture& before = images_[static_cast<std::size_t>(place) - 1].picture; before == fitted)
+            fitted = before;
+    images_.insert(images_.begin() + place, {std::string(key), std::move(fitted)});
 }
 
 int ImageList::indexOf(std::string_view key) const {

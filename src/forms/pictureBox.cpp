@@ -38,8 +38,14 @@ int PictureBox::pixels(float twips) const {
 
 void PictureBox::setAutoRedraw(bool on) {
     autoRedraw_ = on;
-    if (on && !surface_)
+    if (on && !surface_ && !lost())
         surface_ = std::make_unique<Surface>(pixels(width()), pixels(height()), background());
+}
+
+void PictureBox::windowLost() {
+    Control::windowLost();
+    surface_.reset();
+    picture_ = {};
 }
 
 void PictureBox::cls() {
@@ -48,7 +54,7 @@ void PictureBox::cls() {
 }
 
 platform::HDC PictureBox::hDC() const {
-    return autoRedraw_ ? surface_->dc() : platform::HDC::none;
+    return autoRedraw_ && surface_ ? surface_->dc() : platform::HDC::none;
 }
 
 void PictureBox::refresh() {
@@ -65,7 +71,7 @@ Picture PictureBox::image() const {
 }
 
 void PictureBox::setPicture(const Picture& picture) {
-    picture_ = picture;
+    picture_ = lost() ? Picture() : picture;
     if (autoRedraw_)
         cls();
     else

@@ -17,7 +17,7 @@ class PictureBox : public Control {
     void setAutoRedraw(bool on);
     /// Fills the surface with the back colour.
     void cls();
-    /// Device context of the surface; none unless persistent drawing is on.
+    /// Device context of the surface; none unless persistent drawing is on, and none without a surface.
     platform::HDC hDC() const;
     /// Shows what has been drawn.
     void refresh();
@@ -28,6 +28,8 @@ class PictureBox : public Control {
     const Picture& picture() const { return picture_; }
     /// Shows a picture, or none if it is empty, and drops what has been drawn.
     void setPicture(const Picture& picture);
+    /// From then on it holds no picture and has no surface.
+    void windowLost() override;
 
   private:
     /// A length of the box; at least one pixel, since a surface cannot be without.

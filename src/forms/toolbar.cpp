@@ -6,15 +6,14 @@
 
 namespace forms {
 
-void Toolbar::setImageList(const ImageList* list) {
+void Toolbar::setImageList(ImageList* list) {
     imageList_ = list;
     rowsHeight_.reset();
     tellPeer(Property::imageList);
 }
 
 void Toolbar::clearButtons() {
-    buttons_.clear();
-    keys_.clear();
+    content_.reset();
     rowsHeight_.reset();
     tellPeer(Property::buttons);
 }
@@ -23,15 +22,19 @@ ToolbarButton& Toolbar::addButton(std::string_view key, std::string_view caption
                                   int image) {
     if (image < 0 || image > (imageList_ != nullptr ? imageList_->count() : 0))
         throw runtime::RuntimeError(runtime::ErrorNumber::subscriptOutOfRange);
-    if (findButton(key) != nullptr)
+    if (hasKey(key))
         throw runtime::RuntimeError(runtime::ErrorNumber::keyNotUnique);
-    ToolbarButton& button = buttons_.emplace_back();
+    if (!content_)
+        content_ = std::make_unique<Content>();
+    if (lost())
+        content_->buttons.clear(); // nobody will see the one before
+    ToolbarButton& button = content_->buttons.emplace_back();
     button.key = std::string(key);
     button.caption = std::string(caption);
     button.style = style;
     button.image = image;
     if (!key.empty())
-        keys_.emplace(button.key, &button);
+        content_->keys.emplace(button.key, &button);
     rowsHeight_.reset();
     tellPeer(Property::buttons);
     return button;
@@ -44,22 +47,37 @@ ToolbarButton& Toolbar::addButton(std::string_view key, std::string_view caption
     return addButton(key, caption, style, imageList_->indexOf(imageKey));
 }
 
+const std::deque<ToolbarButton>& Toolbar::buttons() const {
+    static const std::deque<ToolbarButton> none;
+    return content_ && !lost() ? content_->buttons : none;
+}
+
+bool Toolbar::hasKey(std::string_view key) const {
+    return content_ && content_->keys.contains(key);
+}
+
 ToolbarButton* Toolbar::findButton(std::string_view key) {
-    const auto found = keys_.find(key);
-    return found == keys_.end() ? nullptr : found->second;
+    return hasKey(key) && !lost() ? content_->keys.find(key)->second : nullptr;
 }
 
 float Toolbar::height() const {
-    if (!rowsHeight_ && peer() != nullptr)
-        peer()->catchUp();
     if (!rowsHeight_)
-        rowsHeight_ = layoutToolbar(buttons_, resolution().toPixels(width())).height;
+        catchUpPeer();
+    if (!rowsHeight_)
+        rowsHeight_ = layoutToolbar(buttons(), resolution().toPixels(width())).height;
     return resolution().toTwips(*rowsHeight_);
 }
 
 void Toolbar::containerResized(float clientWidth) {
     if (alignTop)
         setPosition({0, 0, clientWidth, 0});
+}
+
+void Toolbar::windowLost() {
+    Control::windowLost();
+    content_.reset();
+    if (imageList_ != nullptr)
+        imageList_->clear();
 }
 
 void Toolbar::setPosition(const Position& position) {
@@ -71,9 +89,9 @@ void Toolbar::setPosition(const Position& position) {
 }
 
 void Toolbar::clickButton(std::size_t index) {
-    if (!acceptsInput() || index >= buttons_.size() || buttons_[index].style == ButtonStyle::separator)
+    if (!acceptsInput() || index >= buttons().size() || buttons()[index].style == ButtonStyle::separator)
         return;
-    ToolbarButton clicked = buttons_[index];
+    ToolbarButton clicked = buttons()[index];
     raise(onButtonClick, clicked);
 }
 

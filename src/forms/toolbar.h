@@ -10,6 +10,7 @@
 
 #include <deque>
 #include <map>
+#include <memory>
 #include <optional>
 
 namespace forms {
@@ -35,7 +36,8 @@ class Toolbar : public Control {
 
     /// Null for none. The list must outlive the toolbar or be taken away; a change of its pictures shows with
     /// the next assignment.
-    void setImageList(const ImageList* list);
+    /// With the window of the toolbar the list loses its pictures.
+    void setImageList(ImageList* list);
     const ImageList* imageList() const { return imageList_; }
 
     void clearButtons();
@@ -45,7 +47,8 @@ class Toolbar : public Control {
     /// The same with the key of an image, which is looked up in the toolbar's list.
     ToolbarButton& addButton(std::string_view key, std::string_view caption, ButtonStyle style,
                              std::string_view imageKey);
-    const std::deque<ToolbarButton>& buttons() const { return buttons_; }
+    /// A toolbar without a window for good keeps the keys alone: it answers as any other, and has no buttons.
+    const std::deque<ToolbarButton>& buttons() const;
     /// Null if there is no button with this key.
     ToolbarButton* findButton(std::string_view key);
 
@@ -53,6 +56,7 @@ class Toolbar : public Control {
     float height() const override;
     void setPosition(const Position& position) override;
     void containerResized(float clientWidth) override;
+    void windowLost() override;
     /// Called by the peer: the control has laid out its buttons, and its rows are that many pixels high.
     void rowsLaidOut(int height) { rowsHeight_ = height; }
 
@@ -63,9 +67,15 @@ class Toolbar : public Control {
     void clickButton(std::size_t index);
 
   private:
-    const ImageList* imageList_ = nullptr;
-    std::deque<ToolbarButton> buttons_;
-    std::map<std::string, ToolbarButton*, std::less<>> keys_;
+    bool hasKey(std::string_view key) const;
+
+    struct Content {
+        std::deque<ToolbarButton> buttons;
+        std::map<std::string, ToolbarButton*, std::less<>> keys;
+    };
+
+    ImageList* imageList_ = nullptr;
+    std::unique_ptr<Content> content_;      ///< none without buttons: even an empty one takes its room
     mutable std::optional<int> rowsHeight_; ///< pixels; none when buttons or width have changed since
 };
 

@@ -173,7 +173,24 @@ TEST_CASE("a frame can be hosted without the form that it stands on") {
 
     world.closeWindow(window);
     CHECK(World::until([&] { return frame.hWnd() == HWND::none; }));
-    CHECK(platform::IsWindow(form.hWnd()));
+    // Its form is an idle window without it.
+    CHECK(World::until([&] { return form.hWnd() == HWND::none; }));
+    CHECK(form.loaded());
+    CHECK(form.window() == HWND::none);
+}
+
+TEST_CASE("a frame whose host's program is ended takes its form's idle window along, too") {
+    World world;
+    const HWND window = world.openWindow("host", hostRect);
+    CountingForm form;
+    forms::Frame frame;
+    frame.place(form, {0, 0, 1500, 270});
+    form.show();
+    const HWND idle = form.hWnd();
+    platform::SetParent(frame.hWnd(), window);
+    world.killOtherProgram();
+    CHECK(World::until([&] { return frame.hWnd() == HWND::none && form.hWnd() == HWND::none; }));
+    CHECK_FALSE(platform::IsWindow(idle));
 }
 
 TEST_CASE("a form outlives the closing of its host, without a window") {

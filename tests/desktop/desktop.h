@@ -79,7 +79,7 @@ struct Window {
     /// Set for a window of the program's own: told of its new place, of its new size and of its death.
     std::function<void(const Window&)> moved;
     std::function<void(const Window&)> resized;
-    std::function<void()> destroyed;
+    std::function<void(const Window&)> destroyed;
 };
 
 struct Process {
@@ -157,6 +157,9 @@ struct IconFile {
     std::vector<forms::Picture> small;
 };
 
+/// What the system makes for us as long as it has room.
+enum class Creation { window, icon, picture };
+
 class World {
   public:
     World();
@@ -198,6 +201,13 @@ class World {
     std::function<void(HWND)> onSetParent; ///< runs when something is about to go into a window
     /// The next window made gets this handle instead of a new one.
     HWND nextHandle = HWND::none;
+    /// All windows, those in other windows too.
+    std::size_t windowCount() const { return windows_.size(); }
+
+    /// How many more of a kind it makes; any number of those that are not named.
+    std::map<Creation, int> room;
+    /// One of them is to be made. False if there is no room.
+    bool creates(Creation kind);
 
     // --- processes
     // ---------------------------------------------------------------------------------------------

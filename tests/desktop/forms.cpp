@@ -29,7 +29,7 @@ class WindowPeer : public forms::Peer {
         made.process = programProcess;
         made.awareness = world().awareness;
         made.visible = control.visible();
-        made.destroyed = [this] { handle_ = HWND::none; };
+        made.destroyed = [this](const Window& gone) { died(gone.parent); };
         if (auto* form = dynamic_cast<forms::Form*>(&control)) {
             const forms::FrameExtent extent = forms::frameExtent(*form);
             made.frameWidth = extent.width;
@@ -50,7 +50,12 @@ class WindowPeer : public forms::Peer {
             made.frameWidth = 0;
             made.frameHeight = 0;
             made.parent = control.form()->hWnd();
+            if (made.parent == HWND::none)
+                return;
         }
+        if (!world().creates(Creation::window))
+            return;
+        form_ = made.parent;
         handle_ = world().addWindow(std::move(made));
     }
 
@@ -77,6 +82,15 @@ class WindowPeer : public forms::Peer {
     }
 
   private:
+    /// With its host. A form whose frame has died elsewhere is of no more use.
+    void died(HWND stoodIn) {
+        const HWND idle = stoodIn == form_ ? HWND::none : form_;
+        handle_ = HWND::none;
+        if (control_.peer() == this)
+            control_.windowLost(); // and this peer is gone
+        world().closeWindow(idle);
+    }
+
     /// Only what has been assigned moves: a frame does not hear where others have put its window.
     void move(Window& window) {
         const RECT wanted = pixelRect(control_);
@@ -93,6 +107,7 @@ class WindowPeer : public forms::Peer {
     forms::Control& control_;
     RECT position_;
     HWND handle_ = HWND::none;
+    HWND form_ = HWND::none; ///< window of the form that a frame stands on
 };
 
 std::map<std::uintptr_t, Pixels*>& surfaces() {
@@ -105,6 +120,10 @@ std::map<std::uintptr_t, Pixels*>& surfaces() {
 Pixels* pixelsOf(platform::HDC dc) {
     const auto found = surfaces().find(static_cast<std::uintptr_t>(dc));
     return found == surfaces().end() ? nullptr : found->second;
+}
+
+std::size_t surfaceCount() {
+    return surfaces().size();
 }
 
 } // namespace desktop
@@ -145,6 +164,8 @@ struct Surface::Impl {
 Surface::Surface(int width, int height, Colour colour) : impl_(std::make_unique<Impl>()) {
     static std::uintptr_t next = 0;
     impl_->dc = ++next;
+    if (!desktop::world().creates(desktop::Creation::picture))
+        return;
     impl_->pixels.width = width;
     impl_->pixels.height = height;
     impl_->pixels.values.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));

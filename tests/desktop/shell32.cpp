@@ -30,7 +30,8 @@ std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeI
     desktop::World& desk = desktop::world();
     const auto found = desk.iconFiles.find(desktop::pathKey(file));
     if (!desk.reach(file) || found == desk.iconFiles.end() || index < 0 ||
-        static_cast<std::size_t>(index) >= found->second.small.size())
+        static_cast<std::size_t>(index) >= found->second.small.size() ||
+        !desk.creates(desktop::Creation::icon) || !desk.creates(desktop::Creation::icon))
         return 0;
     const forms::Picture& picture = found->second.small[static_cast<std::size_t>(index)];
     largeIcon = HICON{desk.nextIcon};

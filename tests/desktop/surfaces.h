@@ -16,5 +16,7 @@ struct Pixels {
 
 /// Null for a context that no surface has.
 Pixels* pixelsOf(platform::HDC dc);
+/// Surfaces that are there.
+std::size_t surfaceCount();
 
 } // namespace desktop

@@ -96,7 +96,14 @@ void World::closeWindow(HWND handle) {
     if (foreground == handle)
         foreground = order.empty() ? HWND::none : order.front();
     if (gone.destroyed)
-        gone.destroyed();
+        gone.destroyed(gone);
+}
+
+bool World::creates(Creation kind) {
+    const auto left = room.find(kind);
+    if (left == room.end())
+        return true;
+    return left->second > 0 && left->second-- > 0;
 }
 
 void World::resizeWindow(HWND handle, int width, int height) {
@@ -249,6 +256,8 @@ void timerChanged(Timer& timer) {
 
 void runModal(Form& form) {
     desktop::World& world = desktop::world();
+    if (form.hWnd() == platform::HWND::none)
+        return;
     world.modalForms.push_back(&form);
     struct Pop {
         ~Pop() { desktop::world().modalForms.pop_back(); }
@@ -260,7 +269,7 @@ void runModal(Form& form) {
     }
     // Far enough for any form that closes itself; a form that needs a user who does not come is stuck.
     const std::int64_t limit = world.now + 60'000;
-    while (form.visible())
+    while (form.visible() && form.hWnd() != platform::HWND::none)
         if (!world.fireNext(limit))
             throw desktop::Stuck("a modal form is up and nobody closes it");
 }

@@ -66,12 +66,13 @@ HIMAGELIST nativeImageList(const forms::ImageList& list) {
     // The mask is for a picture that is clear all over: its alpha, 0 everywhere, counts as none, and without
     // a mask it would be a black square.
     const HIMAGELIST made = ImageList_Create(width, height, ILC_COLOR32 | ILC_MASK, count, 1);
-    if (count == 0)
+    if (made == nullptr || count == 0)
         return made;
     // All pictures side by side: one call instead of one for each.
     std::uint32_t* strip = nullptr;
     const HBITMAP bitmap = makeBitmap(width * count, height, strip);
     Bits clearBits(width * count, height);
+    bool complete = false;
     if (strip != nullptr) {
         constexpr std::uint32_t colourBits = 0x00FFFFFF;
         int number = 0;
@@ -89,11 +90,14 @@ HIMAGELIST nativeImageList(const forms::ImageList& list) {
             ++number;
         }
         const HBITMAP mask = clearBits.bitmap();
-        ImageList_Add(made, bitmap, mask);
+        complete = mask != nullptr && ImageList_Add(made, bitmap, mask) >= 0;
         DeleteObject(mask);
     }
     DeleteObject(bitmap);
-    return made;
+    if (complete)
+        return made;
+    ImageList_Destroy(made);
+    return nullptr;
 }
 
 } // namespace win32

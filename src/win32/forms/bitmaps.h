@@ -21,8 +21,8 @@ HBITMAP makeBitmap(int width, int height, std::uint32_t*& pixels);
 /// A 32-bit bitmap of a picture, with its alpha. The caller's to delete.
 HBITMAP bitmapOf(const forms::Picture& picture);
 
-/// The platform's image list with the pictures of ours; pixels of the mask colour are clear. The caller's to
-/// destroy.
+/// The platform's image list with the pictures of ours; pixels of the mask colour are clear. Null if
+/// the system cannot make it whole. The caller's to destroy.
 HIMAGELIST nativeImageList(const forms::ImageList& list);
 
 } // namespace win32

@@ -32,14 +32,17 @@ LRESULT ContainerPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_COMMAND:
         if (WindowPeer* child = of(reinterpret_cast<HWND>(lParam))) {
+            const std::shared_ptr<Peer> kept = child->weak_from_this().lock(); // its window may go meanwhile
             child->command(HIWORD(wParam), LOWORD(wParam));
             return 0;
         }
         break;
     case WM_NOTIFY: {
         auto& header = *reinterpret_cast<NMHDR*>(lParam);
-        if (WindowPeer* child = of(header.hwndFrom))
+        if (WindowPeer* child = of(header.hwndFrom)) {
+            const std::shared_ptr<Peer> kept = child->weak_from_this().lock();
             return child->notify(header);
+        }
         break;
     }
     case WM_CTLCOLORSTATIC:

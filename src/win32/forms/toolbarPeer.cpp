@@ -4,6 +4,7 @@
 #include "win32/forms/peers.h"
 #include "win32/forms/windowPeer.h"
 
+#include "forms/form.h"
 #include "forms/toolbar.h"
 #include "forms/toolbarLayout.h"
 #include "runtime/characters.h"
@@ -77,7 +78,10 @@ class ToolbarPeer : public WindowPeer {
             SendMessageA(handle(), TB_DELETEBUTTON, static_cast<WPARAM>(left - 1), 0);
         // Buttons that come find the width that they are to be wrapped to.
         takePlace(forms::toolbarButtonHeight);
-        renewImages();
+        if (!renewImages()) {
+            toolbar_.form()->windowLost();
+            return;
+        }
         SendMessageA(handle(), TB_SETBUTTONSIZE, 0,
                      MAKELPARAM(forms::toolbarButtonWidth, forms::toolbarButtonHeight));
         const std::vector<TBBUTTON> buttons = nativeButtons();
@@ -168,9 +172,11 @@ class ToolbarPeer : public WindowPeer {
         return static_cast<int>(last.bottom);
     }
 
-    void renewImages() {
+    /// False if the system has no room for the first pictures: nobody is to have a toolbar of blank buttons.
+    /// One that has had pictures goes on without, since its buttons work.
+    bool renewImages() {
         if (!imagesDirty_)
-            return;
+            return true;
         imagesDirty_ = false;
         const HIMAGELIST made =
             toolbar_.imageList() == nullptr ? nullptr : nativeImageList(*toolbar_.imageList());
@@ -181,6 +187,8 @@ class ToolbarPeer : public WindowPeer {
         if (images_ != nullptr)
             ImageList_Destroy(images_);
         images_ = made;
+        hadImages_ = hadImages_ || made != nullptr;
+        return hadImages_ || toolbar_.imageList() == nullptr;
     }
 
     std::vector<TBBUTTON> nativeButtons() const {
@@ -208,6 +216,7 @@ class ToolbarPeer : public WindowPeer {
     int clicked_ = 0;     ///< command number of the button that the control has reported
     bool behind_ = false; ///< the window is to follow a change
     bool imagesDirty_ = true;
+    bool hadImages_ = false;
 };
 
 } // namespace

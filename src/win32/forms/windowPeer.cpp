@@ -8,6 +8,7 @@
 #include "win32/common/windowChanges.h"
 #include "win32/forms/containerPeer.h"
 #include "win32/forms/dialogKeys.h"
+#include "win32/forms/fonts.h"
 #include "win32/forms/hosted.h"
 #include "win32/forms/toolTip.h"
 
@@ -56,8 +57,6 @@ WindowPeer::~WindowPeer() {
         RemoveWindowSubclass(window, procedure, subclassId);
         destroyWindow(window);
     }
-    if (font_ != nullptr)
-        DeleteObject(font_);
 }
 
 platform::HWND WindowPeer::window() const {
@@ -172,8 +171,16 @@ LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam,
         peers().erase(window);
         setToolTip(window, {});
         RemoveWindowSubclass(window, procedure, subclassId);
+        // A peer that its control has dropped lives on until its event has returned: the form may have taken
+        // the window along meanwhile, and may even have been loaded anew.
+        const bool shows = self->control_.peer() == self;
+        const HWND idle = shows ? self->formLeftBehind() : nullptr;
         result = DefSubclassProc(window, message, wParam, lParam);
         self->handle_ = nullptr;
+        if (shows)
+            self->control_.windowLost();
+        if (idle != nullptr)
+            destroyWindow(idle);
         return result;
     }
     // No code of the program runs then, but the window goes on: a message that is answered by nothing vetoes
@@ -189,6 +196,16 @@ LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam,
             result = self->message(message, wParam, lParam);
     });
     return result;
+}
+
+/// The window of the form that this control belongs to, if that control was put elsewhere by itself. Without
+/// it the form is of no more use.
+HWND WindowPeer::formLeftBehind() const {
+    const ContainerPeer* const container = containerPeer();
+    if (container == nullptr || container->handle() == nullptr ||
+        GetAncestor(handle_, GA_PARENT) == container->handle())
+        return nullptr;
+    return native(control_.form()->hWnd());
 }
 
 LRESULT WindowPeer::message(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -308,18 +325,9 @@ void WindowPeer::setWindowText(const std::string& text) {
 void WindowPeer::applyFont() {
     if (handle_ == nullptr)
         return;
-    const forms::Font& wanted = control_.font();
-    LOGFONTA description{};
-    description.lfHeight = fontHeight(wanted.points, control_.resolution().dpi());
-    description.lfWeight = wanted.bold ? FW_BOLD : FW_NORMAL;
-    description.lfItalic = wanted.italic ? TRUE : FALSE;
-    description.lfCharSet = DEFAULT_CHARSET;
-    wanted.name.copy(description.lfFaceName, LF_FACESIZE - 1);
-    const HFONT made = CreateFontIndirectA(&description);
-    SendMessageA(handle_, WM_SETFONT, reinterpret_cast<WPARAM>(made), TRUE);
-    if (font_ != nullptr)
-        DeleteObject(font_);
-    font_ = made;
+    const std::shared_ptr<const OwnedFont> wanted = fontOf(control_.font(), control_.resolution().dpi());
+    SendMessageA(handle_, WM_SETFONT, reinterpret_cast<WPARAM>(wanted->handle), TRUE);
+    font_ = wanted;
 }
 
 int shiftState() {

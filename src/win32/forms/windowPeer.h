@@ -14,12 +14,14 @@
 
 #include <commctrl.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 
 namespace win32 {
 
 class ContainerPeer;
+struct OwnedFont;
 
 class WindowPeer : public forms::Peer {
   public:
@@ -74,13 +76,14 @@ class WindowPeer : public forms::Peer {
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                       DWORD_PTR peer);
+    HWND formLeftBehind() const;
     bool startsGroup() const;
     void takeTabPlace();
     void leaveFocus() const;
 
     forms::Control& control_;
     HWND handle_ = nullptr;
-    HFONT font_ = nullptr;
+    std::shared_ptr<const OwnedFont> font_; ///< that the window has
 };
 
 inline COLORREF nativeColour(forms::Colour colour) {
