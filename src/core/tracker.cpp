@@ -5,6 +5,7 @@
 #include "core/windoInf.h"
 #include "platform/awareness.h"
 #include "platform/programs.h"
+#include "platform/refusals.h"
 #include "platform/user32.h"
 #include "runtime/characters.h"
 #include "runtime/runtimeError.h"
@@ -69,6 +70,10 @@ void Hauptform::trackKind(EditorKind kind, EditorSearch& search) {
         placeCalculator(static_cast<std::size_t>(toolbarsOf(kind)[scanned]->milIndex), host);
         return;
     }
+    // The library scan makes a new toolbar with each tick, by design. While the system takes none, one a
+    // second will do.
+    if (kind == EditorKind::library && platform::refusedLately())
+        return;
     search.forget(); // what is made raises its host, also if the host then refuses it
     placeCalculator(addToolbar(kind, host, scanned), host);
 }

@@ -4,6 +4,7 @@
 #include "forms/form.h"
 #include "forms/frame.h"
 #include "forms/units.h"
+#include "platform/refusals.h"
 #include "platform/user32.h"
 
 #include <doctest/doctest.h>
@@ -96,6 +97,17 @@ TEST_CASE("a form that has been refused is seen in a host that takes it") {
     REQUIRE(platform::GetWindowRect(form.hWnd(), moved));
     CHECK(moved.left > hostRect.left);
     CHECK(moved.left < hostRect.left + 40);
+}
+
+TEST_CASE("that a window was refused is known for a while") {
+    World world;
+    FrameForm form;
+    form.show();
+    const HWND dead = deadWindow(world);
+    CHECK(World::until([] { return !platform::refusedLately(); }));
+    platform::SetParent(form.hWnd(), dead);
+    CHECK(platform::refusedLately());
+    CHECK(World::until([] { return !platform::refusedLately(); }));
 }
 
 TEST_CASE("a frame that is refused stays in its form and is not seen") {

@@ -124,6 +124,9 @@ TEST_CASE("what the system refuses to make is done without, and all that exists 
                 CHECK(program.hosted(refused) == entry); // its host counts as known
                 // A toolbar and a calculator, or what of them there was room for.
                 CHECK(program.desk().window(editor).children.size() <= 2);
+                const calculator::frmMil& calculator = *program.form().calculators.back();
+                CHECK(calculator.loaded());
+                CHECK(calculator.windowsMade());
                 if (program.toolbar(refused, entry).hWnd() != HWND::none)
                     CHECK(program.toolbar(refused, entry).toolbar.buttons().size() == 3);
                 else
@@ -147,6 +150,28 @@ TEST_CASE("what the system refuses to make is done without, and all that exists 
             const HWND later = program.open(EditorKind::board);
             CHECK(program.desk().window(later).children.size() == 2);
         }
+}
+
+TEST_CASE(
+    "the library scan, which finds its window new with each tick, asks once a second while it is refused") {
+    Busy program;
+    const HWND editor = program.desk().openWindow(titles[2]);
+    SUBCASE("since EAGLE runs as administrator") {
+        program.desk().window(editor).elevated = true;
+    }
+    SUBCASE("since there is no room for windows") {
+        program.desk().room[Creation::window] = 0;
+    }
+    program.desk().run(10'000);
+    CHECK(program.hosted(EditorKind::library) >= 10);
+    CHECK(program.hosted(EditorKind::library) <= 14);
+    program.desk().window(editor).elevated = false;
+    program.desk().room.clear();
+    program.desk().run(1000);
+    CHECK(program.desk().window(editor).children.size() >= 2);
+    const std::size_t before = program.hosted(EditorKind::library);
+    program.desk().run(1000);
+    CHECK(program.hosted(EditorKind::library) == before + 5);
 }
 
 TEST_SUITE_END();

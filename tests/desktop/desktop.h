@@ -208,6 +208,8 @@ class World {
     std::map<Creation, int> room;
     /// One of them is to be made. False if there is no room.
     bool creates(Creation kind);
+    /// When a window was refused last, to be made or to go into a host.
+    std::optional<std::int64_t> lastRefusal;
 
     // --- processes
     // ---------------------------------------------------------------------------------------------

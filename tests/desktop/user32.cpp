@@ -146,6 +146,8 @@ HWND SetParent(HWND child, HWND parent) {
         return HWND::none;
     const HWND former = moved->parent;
     const bool done = world().put(child, parent);
+    if (!done)
+        world().lastRefusal = world().now;
     if (!done && !moved->refused) {
         moved->toBeSeen = std::exchange(moved->visible, false);
         moved->refused = true;

@@ -103,7 +103,10 @@ bool World::creates(Creation kind) {
     const auto left = room.find(kind);
     if (left == room.end())
         return true;
-    return left->second > 0 && left->second-- > 0;
+    const bool made = left->second > 0 && left->second-- > 0;
+    if (!made && kind == Creation::window)
+        lastRefusal = now;
+    return made;
 }
 
 void World::resizeWindow(HWND handle, int width, int height) {

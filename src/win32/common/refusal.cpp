@@ -3,6 +3,7 @@
 #include "win32/common/windowChanges.h"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace win32 {
@@ -24,6 +25,9 @@ std::vector<Refused>::iterator find(HWND window) {
     return std::ranges::find(refused(), window, &Refused::window);
 }
 
+/// By the system's clock; none before the first.
+std::optional<ULONGLONG> lastRefusal;
+
 bool isOfClass(HWND window, HWND other) {
     return GetClassLongPtrA(window, GCW_ATOM) == GetClassLongPtrA(other, GCW_ATOM);
 }
@@ -39,7 +43,17 @@ void endOlder(HWND window, HWND host) {
 
 } // namespace
 
+void noteRefusal() {
+    lastRefusal = GetTickCount64();
+}
+
+bool refusedLately() {
+    constexpr ULONGLONG pause = 800; // milliseconds
+    return lastRefusal && GetTickCount64() - *lastRefusal < pause;
+}
+
 void keepFromSight(HWND window, HWND host) {
+    noteRefusal();
     // A window that goes is not heard of.
     std::erase_if(refused(), [](const Refused& one) { return IsWindow(one.window) == FALSE; });
     endOlder(window, host);

@@ -17,6 +17,11 @@ void keepFromSight(HWND window, HWND host);
 /// The window stands in a host: it is seen if it should be by what it was told meanwhile.
 void letBeSeen(HWND window);
 
+/// The system has refused a window: to make one, or to put it into a host.
+void noteRefusal();
+/// Whether it has done so within the last 0.8 s.
+bool refusedLately();
+
 /// Whether a window is kept from sight. If it is, that it is now to be seen, or not, is noted.
 bool keptFromSight(HWND window, bool toBeSeen);
 

@@ -70,6 +70,8 @@ void showInPlace(HWND window) {
 }
 
 HWND putInto(HWND window, HWND parent) {
+    if (window == nullptr) // it could not be made, or has gone
+        return nullptr;
     const auto before = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
     if (parent == nullptr && (before & WS_CHILD) == 0)
         return GetAncestor(window, GA_PARENT);

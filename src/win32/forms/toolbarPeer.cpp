@@ -1,4 +1,5 @@
 // A toolbar: the system's own control, which wraps its buttons by itself. The model has its height from here.
+#include "win32/common/refusal.h"
 #include "win32/common/views.h"
 #include "win32/forms/bitmaps.h"
 #include "win32/forms/peers.h"
@@ -79,6 +80,7 @@ class ToolbarPeer : public WindowPeer {
         // Buttons that come find the width that they are to be wrapped to.
         takePlace(forms::toolbarButtonHeight);
         if (!renewImages()) {
+            noteRefusal();
             toolbar_.form()->windowLost();
             return;
         }

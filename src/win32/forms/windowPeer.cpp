@@ -2,7 +2,7 @@
 
 #include "forms/event.h"
 #include "runtime/guard.h"
-#include "win32/common/resolution.h"
+#include "win32/common/refusal.h"
 #include "win32/common/views.h"
 #include "win32/common/wide.h"
 #include "win32/common/windowChanges.h"
@@ -154,8 +154,10 @@ void WindowPeer::takeTabPlace() {
 
 void WindowPeer::adopt(HWND window) {
     handle_ = window;
-    if (window == nullptr)
+    if (window == nullptr) {
+        noteRefusal();
         return;
+    }
     peers()[window] = this;
     SetWindowSubclass(window, procedure, subclassId, reinterpret_cast<DWORD_PTR>(this));
 }

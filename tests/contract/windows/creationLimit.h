@@ -1,0 +1,28 @@
+// The system has no room left: from some call on, a function that makes something gives nothing.
+#pragma once
+
+#include <string_view>
+
+namespace contract {
+
+/// Functions that make windows, fonts, icons, pictures, picture lists, bitmaps, brushes and device contexts.
+inline constexpr const char* creations[] = {
+    "CreateWindowExA",    "CreateWindowExW",  "CreateFontIndirectA", "PrivateExtractIconsW",
+    "CreateIconIndirect", "ImageList_Create", "ImageList_Add",       "CreateDIBSection",
+    "CreateBitmap",       "CreateSolidBrush", "CreateCompatibleDC",  "OleLoadPicture",
+};
+
+/// From its making to its end the first `left` calls of one of them go well and all others fail. Calls of the
+/// system's own DLLs are not met. One at a time.
+class CreationLimit {
+  public:
+    CreationLimit(std::string_view function, int left);
+    ~CreationLimit();
+    CreationLimit(const CreationLimit&) = delete;
+    CreationLimit& operator=(const CreationLimit&) = delete;
+
+    /// Whether a call has failed.
+    static bool met();
+};
+
+} // namespace contract

@@ -1,0 +1,128 @@
+// The system makes no more windows, fonts, icons, pictures and so on, from any call on: what the program puts
+// into a host is whole or not there, the host counts as known, and all that was there before works on.
+#include "contract/windows/creationLimit.h"
+#include "contract/windows/nativeBar.h"
+#include "contract/world.h"
+#include "core/hauptform.h"
+#include "store/state.h"
+#include "win32/common/messages.h"
+
+#include <doctest/doctest.h>
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <string>
+
+namespace {
+
+using contract::CreationLimit;
+using contract::World;
+
+/// The tracker with a board that has a toolbar and a calculator.
+class Tracking {
+  public:
+    Tracking() {
+        std::string settings = "[board]\r\n";
+        const std::string icon = World::dataFile("brd.ico") + ",0\r\n";
+        for (const char* row : {"1", "2", "3"})
+            settings += std::string(row) + "name=A\r\n" + row + "path=window fit\r\n" + row + "dialog=0\r\n" +
+                        row + "type=1\r\n" + row + "icon=" + icon;
+        world.writeFile(World::settingsPath(), settings);
+        store::unitCalcActive = 1;
+        first = openBoard();
+    }
+    ~Tracking() {
+        store::unitCalcActive = 0;
+        store::boardButtons = {};
+    }
+    Tracking(const Tracking&) = delete;
+    Tracking& operator=(const Tracking&) = delete;
+
+    platform::HWND openBoard() {
+        const platform::HWND board = world.openWindow("1 Board - x.brd - EAGLE");
+        tick();
+        return board;
+    }
+
+    void tick() {
+        form.setWindow();
+        win32::servePending();
+    }
+
+    void closeBoard(platform::HWND board) {
+        world.closeWindow(board);
+        CHECK(World::until([&] { return form.toolbarsBRD.back()->hWnd() == platform::HWND::none; }));
+    }
+
+    /// Whether a toolbar has each of its windows, its buttons and their pictures.
+    static bool isWhole(toolbars::frmToolbar& toolbar) {
+        const auto images = reinterpret_cast<HIMAGELIST>(contract::ask(toolbar.toolbar, TB_GETIMAGELIST));
+        return toolbar.hWnd() != platform::HWND::none && toolbar.windowsMade() &&
+               contract::ask(toolbar.toolbar, TB_BUTTONCOUNT) == 4 && images != nullptr &&
+               ImageList_GetImageCount(images) == 5;
+    }
+
+    World world;
+    core::Hauptform form;
+    platform::HWND first = platform::HWND::none;
+};
+
+} // namespace
+
+TEST_SUITE_BEGIN("contract/windows/limits");
+
+TEST_CASE("a creation that fails, whichever and from whichever call on, leaves no half-made toolbar") {
+    Tracking program;
+    REQUIRE(Tracking::isWhole(*program.form.toolbarsBRD.front()));
+    for (const char* function : contract::creations) {
+        INFO(std::string(function));
+        bool met = true;
+        for (int left = 0; met && left < 30; ++left) {
+            CAPTURE(left);
+            const std::size_t entry = program.form.toolbarsBRD.size();
+            platform::HWND board = platform::HWND::none;
+            {
+                const CreationLimit limit(function, left);
+                board = program.openBoard();
+                met = CreationLimit::met();
+            }
+            REQUIRE(program.form.toolbarsBRD.size() == entry + 1);
+            toolbars::frmToolbar& toolbar = *program.form.toolbarsBRD.back();
+            CHECK(toolbar.eagHND == board);
+            CHECK((toolbar.hWnd() == platform::HWND::none || Tracking::isWhole(toolbar)));
+            CHECK(program.form.calculators.back()->windowsMade());
+            program.tick();
+            CHECK(program.form.toolbarsBRD.size() == entry + 1);
+            CHECK(Tracking::isWhole(*program.form.toolbarsBRD.front()));
+            program.closeBoard(board);
+        }
+        CHECK_FALSE(met);
+    }
+    const platform::HWND later = program.openBoard();
+    CHECK(Tracking::isWhole(*program.form.toolbarsBRD.back()));
+    CHECK(platform::HWND{reinterpret_cast<std::uintptr_t>(
+              GetParent(reinterpret_cast<HWND>(program.form.toolbarsBRD.back()->hWnd())))} == later);
+}
+
+TEST_CASE("a toolbar that is built anew while the system makes nothing keeps its window and its buttons") {
+    Tracking program;
+    toolbars::frmToolbar& toolbar = *program.form.toolbarsBRD.front();
+    for (const char* function : contract::creations) {
+        INFO(std::string(function));
+        {
+            const CreationLimit limit(function, 0);
+            toolbar.loadVarBar();
+            win32::servePending();
+        }
+        CHECK(toolbar.windowsMade());
+        CHECK(toolbar.hWnd() != platform::HWND::none);
+        CHECK(contract::ask(toolbar.toolbar, TB_BUTTONCOUNT) == 4);
+        toolbar.loadVarBar();
+        win32::servePending();
+        CHECK(Tracking::isWhole(toolbar));
+    }
+}
+
+TEST_SUITE_END();
