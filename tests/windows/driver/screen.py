@@ -72,6 +72,10 @@ class Screen:
         self._xdotool("windowsize", found, *self._pixels(place.width, place.height),
                       "windowmove", found, *self._pixels(place.left, place.top))
 
+    def layout(self, name):
+        """Changes the keyboard's layout, which is `us` at first. type() then presses the keys that have the letters."""
+        subprocess.run(["setxkbmap", name], env=self._environment, check=True)
+
     def focused(self):
         """Title of the window that keys go to; it lags behind what Windows calls the focus."""
         shown = subprocess.run(["xdotool", "getwindowfocus", "getwindowname"], env=self._environment,
