@@ -4,8 +4,9 @@
 #pragma once
 
 #include <cstdint>
-#include <stdexcept>
+#include <exception>
 #include <string>
+#include <utility>
 
 namespace runtime {
 
@@ -29,12 +30,14 @@ enum class ErrorNumber : std::int32_t {
 /// The runtime's own description of an error; `resource` is the identifier that number 326 names.
 std::string errorDescription(ErrorNumber number, std::int32_t resource = 0);
 
-class RuntimeError : public std::runtime_error {
+class RuntimeError : public std::exception {
   public:
     explicit RuntimeError(ErrorNumber errorNumber)
         : RuntimeError(errorNumber, errorDescription(errorNumber)) {}
-    RuntimeError(ErrorNumber errorNumber, const std::string& text)
-        : std::runtime_error(text), number(errorNumber), description(text) {}
+    RuntimeError(ErrorNumber errorNumber, std::string text)
+        : number(errorNumber), description(std::move(text)) {}
+
+    [[nodiscard]] const char* what() const noexcept override { return description.c_str(); }
 
     ErrorNumber number;
     std::string description; ///< with its NULs, where what() ends at the first

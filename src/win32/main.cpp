@@ -10,16 +10,6 @@
 #include <commctrl.h>
 #include <objbase.h>
 
-#include <cstdlib>
-
-namespace __gnu_cxx {
-// The library's own handler names the exception on a console that this program does not have, and takes a
-// tenth of the program's size to do so.
-void __verbose_terminate_handler() {
-    std::abort();
-}
-} // namespace __gnu_cxx
-
 int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*commandLine*/, int /*show*/) {
     win32::settleProcess();
     win32::askForNoMedium();
