@@ -33,10 +33,7 @@ class TextBoxPeer : public WindowPeer {
             return;
         switch (property) {
         case forms::Property::text:
-            following_ = true;
-            setWindowText(box_.text());
-            following_ = false;
-            showSelection();
+            showText();
             break;
         case forms::Property::selection:
             selectionAssigned_ = true;
@@ -163,6 +160,15 @@ class TextBoxPeer : public WindowPeer {
         }
         following_ = false;
         return result;
+    }
+
+    void showText() {
+        following_ = true;
+        const bool assigned = setWindowText(box_.text());
+        following_ = false;
+        // The field begins a new text with the caret at its start.
+        if (!assigned || box_.selStart() != 0 || box_.selLength() != 0)
+            showSelection();
     }
 
     /// What has been pasted may hold what the code page lacks: the field shows what the model has taken.

@@ -15,6 +15,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <array>
 #include <unordered_map>
 
 namespace win32 {
@@ -319,9 +320,11 @@ std::u16string WindowPeer::wideText() const {
     return text;
 }
 
-void WindowPeer::setWindowText(const std::string& text) {
-    if (handle_ != nullptr && windowText() != text)
-        SetWindowTextW(handle_, toWide(text).c_str());
+bool WindowPeer::setWindowText(const std::string& text) {
+    if (handle_ == nullptr || windowText() == text)
+        return false;
+    SetWindowTextW(handle_, toWide(text).c_str());
+    return true;
 }
 
 void WindowPeer::applyFont() {
@@ -333,7 +336,9 @@ void WindowPeer::applyFont() {
 }
 
 int shiftState() {
-    const auto down = [](int key) { return GetKeyState(key) < 0; };
+    std::array<BYTE, 256> keys{}; // all at once: one question to the system instead of three
+    GetKeyboardState(keys.data());
+    const auto down = [&keys](std::size_t key) { return (keys[key] & 0x80U) != 0; };
     return (down(VK_SHIFT) ? 1 : 0) | (down(VK_CONTROL) ? 2 : 0) | (down(VK_MENU) ? 4 : 0);
 }
 

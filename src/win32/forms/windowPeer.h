@@ -67,8 +67,8 @@ class WindowPeer : public forms::Peer {
     std::string windowText() const;
     /// The same in UTF-16, with what the code page lacks.
     std::u16string wideText() const;
-    /// Sets the window's text if it differs.
-    void setWindowText(const std::string& text);
+    /// Sets the window's text if it differs, and tells whether it did.
+    bool setWindowText(const std::string& text);
     void applyFont();
     /// The control's twips as pixels.
     int pixels(float twips) const { return control_.resolution().toPixels(twips); }
