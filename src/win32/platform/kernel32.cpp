@@ -1,6 +1,7 @@
 #include "platform/kernel32.h"
 
 #include "runtime/characters.h"
+#include "win32/common/painting.h"
 #include "win32/common/wide.h"
 #include "win32/platform/leftOpen.h"
 #include "win32/platform/paths.h"
@@ -67,6 +68,8 @@ std::uint32_t GetPrivateProfileStringA(const char* section, const char* key, con
 }
 
 int WritePrivateProfileStringA(const char* section, const char* key, const char* value, const char* file) {
+    // Long button lists are thousands of such calls.
+    win32::paintMeanwhile();
     if (!win32::holdsStandIn(file))
         return ::WritePrivateProfileStringA(section, key, value, file);
     return ::WritePrivateProfileStringW(Wide(section), Wide(key), Wide(value), win32::widePath(file).c_str());
