@@ -79,9 +79,9 @@ class Bench:
         fields = (servers[0] / "stat").read_text().rsplit(")", 1)[1].split()
         return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
-    def each(self, work, few, many):
+    def each(self, work, few, many, *size):
         """Milliseconds for one round of some work, its start-up left out."""
-        return (self.cpu(work, many) - self.cpu(work, few)) / (many - few) * 1000
+        return (self.cpu(work, many, *size) - self.cpu(work, few, *size)) / (many - few) * 1000
 
     def __enter__(self):
         return self

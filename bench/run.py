@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Plays the measurements and writes docs/performance.md: bench/run.py [--memory] [MEASUREMENT]...
 
-Sets up and builds what these need. --memory adds the ten minutes of ticking with three hosted toolbars; without it that table
-stays as it is. With the names of measurements only these are made and shown, and the document stays as it is.
+Sets up and builds what these need. With the names of measurements only these are made, and the other sections of the document
+stay as they are. --memory adds the ten minutes of ticking with three hosted toolbars. What has been measured is written also if
+a later measurement fails. build/bench has the raw figures.
 """
 
 import argparse
@@ -16,21 +17,27 @@ from pathlib import Path
 PROJECT = Path(__file__).resolve().parent.parent
 sys.path[:0] = [str(PROJECT / "tests" / "windows"), str(PROJECT / "packaging")]
 
-import hangs  # noqa: E402, the way to it stands above
-import sizes  # noqa: E402
+import contents  # noqa: E402, the way to it stands above
+import growth  # noqa: E402
+import hangs  # noqa: E402
+import report  # noqa: E402
+import ticking  # noqa: E402
 import work  # noqa: E402
 from driver.display import Display  # noqa: E402
 from memory import ticking_memory  # noqa: E402
 
-REPORT = PROJECT / "docs" / "performance.md"
-TITLES, MEMORY = "titles", "memory"
-MEASUREMENTS = {"ticks": work.ticks, "load": work.load, "start": work.start, "setup": work.setup, "hangs": hangs.hangs,
-                TITLES: None}
+TITLES, MEMORY, CONTENTS = "titles", "memory", "contents"
+# Those that take a display give the rows of a table one after the other.
+MEASUREMENTS = {"ticks": ticking.ticks, "load": work.load, "start": work.start, "setup": work.setup, "growth": growth.growth,
+                "hangs": hangs.hangs}
+OTHERS = (TITLES, CONTENTS)
 # What is built of each preset for a measurement: the drivers' stage, where one plays on it, and the programs measured.
 STAGE = {"i686": {"dist", "eagle"}, "x86_64": {"witness"}}
 BENCH = {"i686": {"win-bench"}}
-NEEDS = {"ticks": [BENCH], "load": [BENCH], "setup": [BENCH], "start": [STAGE, {"i686": {"start-bench"}}],
-         "hangs": [STAGE], MEMORY: [STAGE, BENCH], TITLES: [{"native-release": {"title-bench"}}]}
+TICKS = {"i686": {"tick-bench"}}
+NEEDS = {"ticks": [STAGE, TICKS], "load": [BENCH], "setup": [BENCH], "start": [STAGE, {"i686": {"start-bench"}}],
+         "growth": [STAGE, TICKS, BENCH], "hangs": [STAGE], MEMORY: [STAGE, TICKS],
+         TITLES: [{"native-release": {"title-bench"}}], CONTENTS: [{"i686": {"dist"}}]}
 
 
 @contextlib.contextmanager
@@ -67,24 +74,25 @@ def on_core(core):
     os.sched_setaffinity(0, {core})
 
 
-def under_wine(chosen):
-    """The rows of the table. What is measured has a core to itself, the display the other one if there are two."""
+def under_wine(chosen, measured):
+    """Leaves the rows of each measurement in `measured`. What is measured has a core to itself, the display the other one if
+    there are two."""
     cores = sorted(os.sched_getaffinity(0))
-    rows = []
     if not chosen:
-        return rows
+        return
     try:
         on_core(cores[-1])
         with Display() as display:
             on_core(cores[0])
             for name in chosen:
+                rows, occasion = [], report.Occasion()
                 with step(f"{name}, under Wine"):
                     for row in MEASUREMENTS[name](display):
                         print(row, flush=True)
                         rows.append(row)
+                measured[name] = str(occasion), "\n".join(rows)
     finally:
         os.sched_setaffinity(0, cores)
-    return rows
 
 
 def title_cost():
@@ -92,14 +100,7 @@ def title_cost():
         text = subprocess.run([PROJECT / "build" / "native-release" / "bin" / "title-bench"], check=True, text=True,
                               stdout=subprocess.PIPE).stdout
         print(text, end="", flush=True)
-    return text
-
-
-def former_memory():
-    """The table as it stands; empty if there is none."""
-    begin, end = "Private memory under Wine while", "The program is stripped"
-    text = REPORT.read_text(encoding="utf-8") if REPORT.exists() else ""
-    return text[text.index(begin):text.index(end)] if begin in text else ""
+    return f"```\n{text}```"
 
 
 def new_memory():
@@ -107,56 +108,39 @@ def new_memory():
     with step("memory, under Wine"):
         for row in ticking_memory():
             print(row, flush=True)
-            rows.append(row + "\n")
-    return "".join(rows) + "\n"
-
-
-def write(rows, titles, memory):
-    table = "\n".join(rows)
-    REPORT.write_text(f"""# Performance
-
-Made by `bench/run.py` (and `--memory` for the ten minutes of ticking). CPU time under Wine is that of the program and of
-its Wine server together, pinned to one core; start-up is left out, except where it is what is measured. Only the ratio within
-one run says something; the last column has the most that it should be. What is asked for while an EAGLE hangs is measured by
-the clock until it is seen, beside the same with none that hangs; its limit is for a machine that does nothing else.
-
-| Work | Kestrel | Bare calls | Ratio | At most |
-| --- | --- | --- | --- | --- |
-{table}
-
-The tracker's own logic for one window title, on the simulated desktop (at most 25 ns; no memory is taken from the heap,
-which a test watches):
-
-```
-{titles}```
-
-{memory}The program is stripped and needs no library of its own; `packaging/sizes.py` writes this table alone.
-
-{sizes.table()}""", encoding="utf-8")
+            rows.append(row)
+    return "\n".join(rows)
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--memory", action="store_true", help="ten minutes of ticking with three hosted toolbars as well")
-    parser.add_argument("measurements", metavar="MEASUREMENT", nargs="*", help=f"one of {', '.join(MEASUREMENTS)}; by default all")
+    parser.add_argument("measurements", metavar="MEASUREMENT", nargs="*", help=f"one of {', '.join([*MEASUREMENTS, *OTHERS])}; by default all")
     wanted = parser.parse_args()
-    if unknown := set(wanted.measurements) - set(MEASUREMENTS):
+    names = [*MEASUREMENTS, *OTHERS]
+    if unknown := set(wanted.measurements) - set(names):
         parser.error(f"there is no measurement {', '.join(sorted(unknown))}")
-    chosen = [name for name in MEASUREMENTS if name in wanted.measurements] or list(MEASUREMENTS)
+    chosen = [name for name in names if name in wanted.measurements] or names
+    measured = {}
     with step("all"):
         build([*chosen, *([MEMORY] if wanted.memory else [])])
-        rows = under_wine([name for name in chosen if name != TITLES])
-        titles = title_cost() if TITLES in chosen else ""
-        memory = new_memory() if wanted.memory else former_memory()
-        if not wanted.measurements:
-            write(rows, titles, memory)
-            print(f"== written: {REPORT.relative_to(PROJECT)}")
+        try:
+            under_wine([name for name in chosen if name in MEASUREMENTS], measured)
+            for name, measure, made in ((TITLES, title_cost, TITLES in chosen), (MEMORY, new_memory, wanted.memory),
+                                        (CONTENTS, contents.contents, CONTENTS in chosen)):
+                if made:
+                    occasion = report.Occasion()
+                    measured[name] = occasion if name != CONTENTS else "", measure()
+        finally:
+            if measured:
+                report.write(measured)
+                print(f"== written: {', '.join(measured)} in {report.DOCUMENT.relative_to(PROJECT)}")
 
 
 if __name__ == "__main__":
     try:
         main()
     except KeyboardInterrupt:
-        sys.exit("!! broken off, nothing is written")
+        sys.exit("!! broken off")
     except (OSError, RuntimeError, subprocess.CalledProcessError) as error:
-        sys.exit(f"!! {error}; nothing is written")
+        sys.exit(f"!! {error}")

@@ -1,5 +1,7 @@
 #include "setupBench.h"
 
+#include "bareDialog.h"
+
 #include "platform/executable.h"
 #include "platform/kernel32.h"
 #include "setup/frmSetup.h"
@@ -15,9 +17,7 @@ namespace bench {
 
 namespace {
 
-constexpr int buttonCount = 200;
-
-void fillLists() {
+void fillLists(int buttonCount) {
     store::unitName = {"mil", "mm"};
     store::unitAccuracy = {"@", "@"};
     for (const store::EditorKind kind : store::editorKinds) {
@@ -49,7 +49,7 @@ struct Write {
 };
 
 /// What an OK writes, in its order; a list's section is removed ahead of its rows.
-std::vector<Write> writes() {
+std::vector<Write> writes(int buttonCount) {
     std::vector<Write> all;
     for (const char* key : {"autoEAGLE", "autoToolbar", "winEAGLE", "oneEAGLE"})
         all.push_back({"Toolbar", key, "0"});
@@ -79,25 +79,34 @@ std::vector<Write> writes() {
 
 } // namespace
 
-void openSetup(int count) {
-    fillLists();
+void openSetup(int count, int buttons) {
+    fillLists(buttons);
     for (int round = 0; round < count; ++round) {
         open();
         setup::setupForm().btnCancel.click();
     }
 }
 
-void okSetup(int count) {
-    fillLists();
+void openBare(int count, int buttons) {
+    fillLists(buttons);
+    open();
+    const BareDialog dialog(reinterpret_cast<HWND>(setup::setupForm().window()));
+    setup::setupForm().btnCancel.click();
+    for (int round = 0; round < count; ++round)
+        dialog.openAndClose();
+}
+
+void okSetup(int count, int buttons) {
+    fillLists(buttons);
     for (int round = 0; round < count; ++round) {
         open();
         setup::setupForm().btnOk.click();
     }
 }
 
-void okBare(int count) {
-    fillLists();
-    const std::vector<Write> all = writes();
+void okBare(int count, int buttons) {
+    fillLists(buttons);
+    const std::vector<Write> all = writes(buttons);
     const std::string file = platform::programFolder() + "\\kestrel.ini";
     for (int round = 0; round < count; ++round)
         for (const Write& write : all) {

@@ -1,13 +1,12 @@
-// The setup dialog under measurement, with three lists of 200 buttons.
+// The setup dialog with many rows, beside the least that such work can cost.
 #pragma once
 
 namespace bench {
 
-/// Opens the dialog, lets it be painted and cancels it, so often.
-void openSetup(int count);
-/// The same with OK in place of Cancel.
-void okSetup(int count);
-/// The settings calls that an OK makes, so often.
-void okBare(int count);
+/// `count` rounds each, with three lists of `buttons` rows.
+void openSetup(int count, int buttons);
+void openBare(int count, int buttons);
+void okSetup(int count, int buttons);
+void okBare(int count, int buttons);
 
 } // namespace bench

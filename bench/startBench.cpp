@@ -1,12 +1,15 @@
 // The start of the program up to its tray icon, and a key in the calculator, each beside a bare counterpart.
 // Measured from outside by bench/run.py.
 //
-//   start-bench start        Hauptform's load, then the end
+//   start-bench nothing      the end at once
+//   start-bench splash       the splash until it goes by itself, then the end
+//   start-bench start        Hauptform's load, the splash among it, then the end
 //   start-bench start-bare   a hidden window with a tray icon, then the end
 //   start-bench tray         the same, and stays
 //   start-bench keys N       N releases of a key in the calculator's left field
 //   start-bench keys-bare N  N releases of a key in a field whose owner sets the text of another
 #include "calculator/frmMil.h"
+#include "core/frmSplash.h"
 #include "core/hauptform.h"
 #include "store/state.h"
 #include "win32/common/messages.h"
@@ -105,7 +108,12 @@ int main(int count, char** arguments) {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
     const std::string_view what = count > 1 ? arguments[1] : "";
     const int number = count > 2 ? std::atoi(arguments[2]) : 0; // a number of rounds
-    if (what == "start") {
+    if (what == "nothing") {
+        ExitProcess(0);
+    } else if (what == "splash") {
+        core::splashForm().showModal();
+        ExitProcess(0);
+    } else if (what == "start") {
         start();
     } else if (what == "start-bare") {
         bareTrayIcon();

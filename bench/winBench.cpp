@@ -1,22 +1,17 @@
 // The work that is measured under Wine, each beside a bare counterpart that makes the same platform calls.
 // The measuring itself, CPU time of this process and of the server, is done from outside (bench/run.py).
 //
-//   win-bench windows N        opens N top-level windows and waits to be ended
-//   win-bench tick N           N ticks of the tracker
-//   win-bench tick-bare N      N times the platform calls of a tick
-//   win-bench load N           N times loadVarBar with 100 buttons that have icons
-//   win-bench load-bare N      N times the icon extraction and the toolbar calls for 100 buttons
-//   win-bench setup-open N     opens and cancels the setup dialog N times, with three lists of 200 buttons
-//   win-bench setup-ok N       the same with OK
-//   win-bench setup-ok-bare N  N times the settings calls of such an OK
-//   win-bench idle             the platform calls of a tick five times a second, until ended
+//   win-bench windows N             opens N top-level windows and waits to be ended
+//   win-bench load N [BUTTONS]      N times loadVarBar with buttons that have icons
+//   win-bench load-bare N [BUTTONS] N times the icon extraction and the toolbar calls for them
+//   win-bench setup-open N [ROWS]   opens and cancels the setup dialog N times, with three lists of so many
+//   rows win-bench setup-open-bare N [ROWS]  opens and closes a dialog with the same controls and rows N
+//   times win-bench setup-ok N [ROWS]     the setup with OK win-bench setup-ok-bare N [ROWS]    N times the
+//   settings calls of such an OK
 #include "setupBench.h"
 
-#include "core/hauptform.h"
 #include "platform/executable.h"
-#include "platform/kernel32.h"
 #include "platform/shell32.h"
-#include "platform/user32.h"
 #include "store/buttonLists.h"
 #include "store/settings.h"
 #include "toolbars/frmToolbar.h"
@@ -35,7 +30,6 @@
 
 namespace {
 
-constexpr int buttonCount = 100;
 constexpr int side = 16;
 
 std::string iconFile(int button) {
@@ -55,43 +49,7 @@ void openWindows(int count) {
         DispatchMessageA(&message);
 }
 
-int readTitle(platform::HWND window, std::intptr_t /*extra*/) {
-    std::array<char, 256> title;
-    platform::GetWindowTextA(window, title.data(), static_cast<int>(title.size()));
-    return 1;
-}
-
-void bareTick() {
-    const platform::HANDLE snapshot = platform::CreateToolhelp32Snapshot(2, 0);
-    platform::PROCESSENTRY32 entry;
-    entry.dwSize = platform::processRecordSize;
-    for (bool more = platform::Process32First(snapshot, entry); more;
-         more = platform::Process32Next(snapshot, entry)) {
-    }
-    std::array<char, 255> value;
-    const std::string file = platform::programFolder() + "\\kestrel.ini";
-    platform::GetPrivateProfileStringA("toolbar", "autoToolbar", "", value.data(),
-                                       static_cast<std::uint32_t>(value.size()), file.c_str());
-    constexpr int searches = 5; // one text for boards, two each for schematics and libraries
-    for (int search = 0; search < searches; ++search)
-        platform::EnumWindows(readTitle, 0);
-}
-
-void ticks(int count) {
-    core::Hauptform form;
-    for (int tick = 0; tick < count; ++tick)
-        form.setWindow();
-}
-
-void idle() {
-    MSG message;
-    SetTimer(nullptr, 0, 200, nullptr);
-    while (GetMessageA(&message, nullptr, 0, 0) > 0)
-        if (message.message == WM_TIMER)
-            bareTick();
-}
-
-void fillList() {
+void fillList(int buttonCount) {
     store::boardButtons.redim(buttonCount);
     for (int row = 1; row <= buttonCount; ++row) {
         store::ToolButton& button = store::boardButtons[row];
@@ -104,8 +62,8 @@ void fillList() {
     }
 }
 
-void load(int count) {
-    fillList();
+void load(int count, int buttonCount) {
+    fillList(buttonCount);
     toolbars::frmToolbarBRD form;
     form.load();
     form.show();
@@ -128,7 +86,7 @@ void addIcon(HIMAGELIST images, HDC dc, HBITMAP bitmap, int button) {
     ImageList_AddMasked(images, bitmap, RGB(255, 255, 255));
 }
 
-void loadBare(int count) {
+void loadBare(int count, int buttonCount) {
     toolbars::frmToolbarBRD form; // for a host of the same kind
     form.load();
     form.show();
@@ -169,25 +127,22 @@ void loadBare(int count) {
 int main(int count, char** arguments) {
     const std::string_view what = count > 1 ? arguments[1] : "";
     const int number = count > 2 ? std::atoi(arguments[2]) : 0; // a number of rounds
+    const int size = count > 3 ? std::atoi(arguments[3]) : 0;
+    const int rows = size > 0 ? size : 200;
     if (what == "windows")
         openWindows(number);
-    else if (what == "tick")
-        ticks(number);
-    else if (what == "tick-bare")
-        for (int tick = 0; tick < number; ++tick)
-            bareTick();
     else if (what == "load")
-        load(number);
+        load(number, size > 0 ? size : 100);
     else if (what == "load-bare")
-        loadBare(number);
+        loadBare(number, size > 0 ? size : 100);
     else if (what == "setup-open")
-        bench::openSetup(number);
+        bench::openSetup(number, rows);
+    else if (what == "setup-open-bare")
+        bench::openBare(number, rows);
     else if (what == "setup-ok")
-        bench::okSetup(number);
+        bench::okSetup(number, rows);
     else if (what == "setup-ok-bare")
-        bench::okBare(number);
-    else if (what == "idle")
-        idle();
+        bench::okBare(number, rows);
     else
         return 1;
     return 0;

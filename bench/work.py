@@ -1,5 +1,6 @@
 """What is measured under Wine, each beside a bare counterpart. Each gives the rows of the report one after the other."""
 
+import raw
 from driver import paths
 from driver.stage import Stage
 from driver.tray import Tray
@@ -20,31 +21,36 @@ def row(work, own, bare, unit, most, digits=2):
     return f"| {work} | {own:.{digits}f} {unit} | {bare:.{digits}f} {unit} | {own / bare:.2f} | {most} |"
 
 
-def in_turn(bench, work, bare, few, many):
-    """Milliseconds of both. In turn, so that what else the machine does meets both alike."""
-    pairs = [(bench.each(work, few, many), bench.each(bare, few, many)) for _ in range(ROUNDS)]
+def costs(bench, works):
+    """Milliseconds of a run of each."""
+    figures = {work: bench.cpu(work) * 1000 for work in works}
+    raw.note("start", **figures)
+    return figures.values()
+
+
+def in_turn(bench, work, bare, few, many, size=None, rounds=ROUNDS):
+    """Milliseconds of both for one round of their work. In turn, so that what else the machine does meets both alike."""
+    pairs = []
+    for turn in range(rounds):
+        pairs.append([bench.each(name, few, many, *([size] if size else [])) for name in (work, bare)])
+        raw.note("work", work=work, size=size or "", round=turn, own_ms=pairs[-1][0], bare_ms=pairs[-1][1])
     return [mean(values) for values in zip(*pairs)]
-
-
-def ticks(display):
-    for windows, many in ((10, 700), (100, 500), (500, 250)):
-        with Bench(display, "win-bench", "windows", windows) as bench:
-            yield row(f"One tick, {windows} further windows", *in_turn(bench, "tick", "tick-bare", 50, many), "ms", "1.10")
 
 
 def load(display):
     with Bench(display, "win-bench", "windows", 1) as bench:
-        yield row("`loadVarBar`, 100 buttons with icons", *in_turn(bench, "load", "load-bare", 2, 22), "ms", "1.25")
+        for buttons, many in ((100, 22), (400, 8)):
+            yield row(f"`loadVarBar`, {buttons} buttons with icons", *in_turn(bench, "load", "load-bare", 2, many, buttons), "ms",
+                      "1.00")
 
 
 def start(display):
     with Bench(display, "start-bench", "tray") as bench:
-        # The splash's two seconds are idle.
-        pairs = [(bench.cpu("start") * 1000, bench.cpu("start-bare") * 1000) for _ in range(STARTS)]
-        yield row("Start to tray icon, without the splash's two seconds", *map(mean, zip(*pairs)), "ms", "1.50")
-        yield row("Key release to the result in the other field", *in_turn(bench, "keys", "keys-bare", 50, 1050), "ms",
-                  "none set")
-    yield row("Private memory with the tray icon", *start_memory(), "KB", "1.50", 0)
+        works = ("start", "splash", "nothing", "start-bare")
+        whole, splash, nothing, bare = (mean(times) for times in zip(*(costs(bench, works) for _ in range(STARTS))))
+        yield row("Start to tray icon, without the splash", whole - (splash - nothing), bare, "ms", "1.15")
+        yield row("Key release to the result in the other field", *in_turn(bench, "keys", "keys-bare", 50, 1050), "ms", "1.20")
+    yield row("Private memory with the tray icon", *start_memory(), "KB", "1.15", 0)
 
 
 def start_memory():
@@ -63,8 +69,7 @@ def start_memory():
 def setup(display):
     """An OK closes the dialog, so each has an opening of its own, which is taken off again."""
     with Bench(display, "win-bench", "windows", 1) as bench:
-        rounds = [[bench.each(work, 1, many) for work, many in (("setup-open", 11), ("setup-ok", 4), ("setup-ok-bare", 4))]
-                  for _ in range(ROUNDS)]
-    opening, both, bare = map(mean, zip(*rounds))
-    yield f"| Opening the setup, {BUTTONS} | {opening:.2f} ms | | | |"
-    yield row(f"OK of the setup, {BUTTONS}", both - opening, bare, "ms", "1.15", 0)
+        opening, bare = in_turn(bench, "setup-open", "setup-open-bare", 1, 11)
+        yield row(f"Opening the setup, {BUTTONS}", opening, bare, "ms", "1.50")
+        both, bare = in_turn(bench, "setup-ok", "setup-ok-bare", 1, 4)
+        yield row(f"OK of the setup, {BUTTONS}", both - opening, bare, "ms", "1.05", 0)

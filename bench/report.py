@@ -1,0 +1,75 @@
+"""docs/performance.md: a section for each measurement, of which only those made anew change."""
+
+import os
+import re
+import time
+
+import sizes
+from driver import paths
+
+DOCUMENT = paths.PROJECT / "docs" / "performance.md"
+INTRODUCTION = """# Performance
+
+Made by `bench/run.py`; each section says when and beside how much other work. CPU time under Wine is that of the program and
+of its Wine server together, pinned to one core. Only the ratio within one section says something, since both are measured in
+turn; the last column has the most that it should be. `build/bench` has the raw figures of the last run.
+"""
+TABLE = "| Work | Kestrel | Bare calls | Ratio | At most |\n| --- | --- | --- | --- | --- |\n"
+# By measurement, in the order of the document: its heading, and what it is.
+SECTIONS = {
+    "ticks": ("Ticking", """The finished program, its icon in the tray, ticks by itself beside EAGLE's control panel for 25 seconds in each case. The bare
+program makes the same calls from a timer: the processes until EAGLE is found, four passes over all titles, one look for a file;
+with the editors in front three passes that end where a search ends. The program reads the titles once a tick.
+
+Of the display nothing is asked in a tick. That the program reads the display's socket twelve times each time, and the bare one
+never, is Wine's look for events before and after it waits, in every thread that has ever made a window.""" + "\n\n" + TABLE),
+    "load": ("Filling a toolbar", TABLE),
+    "start": ("Start, calculator, memory", "Start-up is what is measured here, the splash's part taken off; elsewhere it is left out.\n\n" + TABLE),
+    "setup": ("Setup", "The bare dialog has the same controls with the same rows, and nothing behind them.\n\n" + TABLE),
+    "growth": ("Growth", "![Ticks, toolbars and the setup by their size](performance.png)\n"),
+    "hangs": ("While an EAGLE hangs", """What is asked for while an EAGLE hangs is measured by the clock until it is seen, beside the same with none that hangs; its
+limit is for a machine that does nothing else.""" + "\n\n" + TABLE),
+    "titles": ("One title", """The tracker's own logic for one window title, on the simulated desktop (at most 25 ns; no memory is taken from the heap, which
+a test watches).""" + "\n\n"),
+    "memory": ("Memory while ticking", """Private memory under Wine with three hosted toolbars, beside a bare program that makes the calls of a tick as often (at most
+1.5 times, and flat over the second half).""" + "\n\n"),
+    "contents": ("What is in the program", "Bytes of the 32-bit program by library and by symbol, the largest first.\n\n"),
+    "sizes": ("Sizes", "The program is stripped and needs no library of its own; `packaging/sizes.py` writes this table alone.\n\n"),
+}
+
+
+class Occasion:
+    """When a measurement was made and how busy the machine was."""
+
+    def __init__(self):
+        self._begin = time.strftime("%Y-%m-%d %H:%M")
+        self._load = os.getloadavg()[0]
+
+    def __str__(self):
+        loads = sorted((self._load, os.getloadavg()[0]))
+        return f"Measured on {self._begin}, load of the machine {loads[0]:.0f} to {loads[1]:.0f} on {os.cpu_count()} cores."
+
+
+def _former():
+    """The sections as they stand, by heading."""
+    text = DOCUMENT.read_text(encoding="utf-8") if DOCUMENT.exists() else ""
+    parts = re.split(r"^## (.*)\n", text, flags=re.MULTILINE)[1:]
+    return dict(zip(parts[::2], (part.strip() + "\n" for part in parts[1::2])))
+
+
+def _sizes(former):
+    """The table; what is not built here stays as it was."""
+    rows = {line.split("|")[1]: line for text in (former, sizes.table()) for line in text.splitlines() if line.startswith("|")}
+    return "\n".join(rows.values()) + "\n"
+
+
+def write(measured):
+    """`measured` are the texts of the measurements made, with their occasions. The sizes are taken each time."""
+    bodies = _former()
+    for name, (occasion, text) in measured.items():
+        heading, words = SECTIONS[name]
+        bodies[heading] = f"{occasion}\n\n{words}{text}".strip() + "\n"
+    heading, words = SECTIONS["sizes"]
+    bodies[heading] = words + _sizes(bodies.get(heading, ""))
+    parts = [f"## {heading}\n\n{bodies[heading]}" for heading, _ in SECTIONS.values() if heading in bodies]
+    DOCUMENT.write_text("\n".join([INTRODUCTION, *parts]), encoding="utf-8")
