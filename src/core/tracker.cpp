@@ -81,8 +81,10 @@ void Hauptform::trackKind(EditorKind kind, EditorSearch& search) {
 /// Index of the toolbar that stands in the host, or the first index beyond the bound.
 std::size_t Hauptform::scan(EditorKind kind, platform::HWND host, bool& found) {
     const Toolbars& list = toolbarsOf(kind);
-    // Kept: the library scan ends where the schematic list does.
-    const bool elsewhere = kind == EditorKind::library && !store::mended(store::Mend::libraries);
+    // Kept: the library scan ends where the schematic list does. The settings file is read only where that
+    // makes a difference: each tick scans.
+    const bool elsewhere = kind == EditorKind::library && toolbarsSCH.size() != list.size() &&
+                           !store::mended(store::Mend::libraries);
     const std::size_t bound = (elsewhere ? toolbarsSCH : list).size();
     for (std::size_t index = 0; index < bound; ++index)
         if (index < list.size() && list[index]->eagHND == host) {
