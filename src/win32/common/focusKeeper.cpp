@@ -57,6 +57,11 @@ FocusKeeper::~FocusKeeper() {
     owed = place_.front == nullptr || place_.give() ? KeyboardPlace{} : place_;
 }
 
+void FocusKeeper::give() const {
+    if (!dismissed_ && IsWindowVisible(place_.front) != FALSE)
+        (void)place_.give();
+}
+
 void FocusKeeper::leaveAll() {
     // Nobody has it, for a moment, when a window of ours has just gone.
     if (const HWND front = GetForegroundWindow(); front != nullptr && !isOurs(front))

@@ -21,6 +21,8 @@ class FocusKeeper {
     /// Gives it back. Where that window has gone, the one that the user worked in before it gets the
     /// keyboard.
     ~FocusKeeper();
+    /// Gives it back already now, while a window of ours is in front that is about to go.
+    void give() const;
     /// The user has chosen another window: nothing is to be given back.
     void dismiss() { dismissed_ = true; }
     /// The program is about to end, whatever is open: if the keyboard is with one of its windows or nobody,

@@ -4,6 +4,8 @@
 #include "win32/common/native.h"
 #include "win32/common/ownerWindow.h"
 
+#include <algorithm>
+
 namespace win32 {
 
 namespace {
@@ -84,6 +86,16 @@ void leaving(const forms::Form& form) {
 
 bool isHeld(const forms::Form& form) {
     return !holders().empty() && holders().back().modal != &form;
+}
+
+HWND modalWindow() {
+    if (holders().empty() || holders().back().modal == nullptr)
+        return nullptr;
+    const auto modal = std::ranges::find(known(), holders().back().modal, &Known::form);
+    if (modal == known().end())
+        return nullptr;
+    const HWND window = modal->window;
+    return IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE ? window : nullptr;
 }
 
 Hold::Hold(HWND owner) {

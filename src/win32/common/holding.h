@@ -24,6 +24,10 @@ void leaving(const forms::Form& form);
 /// program's window has to ask: it cannot be disabled, since the clicks on it would go on to the host.
 bool isHeld(const forms::Form& form);
 
+/// The window of the innermost modal form. Null if none is up, or if it does not hear the user itself since a
+/// dialog of the system is up over it.
+HWND modalWindow();
+
 /// Holds forms from its making to its end. What is up meanwhile is our own, also if a click in a host has led
 /// to it: the thread is in our own view.
 class Hold {

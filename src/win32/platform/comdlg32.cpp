@@ -1,10 +1,7 @@
 #include "platform/comdlg32.h"
 
-#include "win32/common/disabledHost.h"
-#include "win32/common/focusKeeper.h"
-#include "win32/common/holding.h"
 #include "win32/common/native.h"
-#include "win32/common/ownerWindow.h"
+#include "win32/common/systemDialog.h"
 #include "win32/platform/hosts.h"
 #include "win32/platform/paths.h"
 
@@ -18,13 +15,6 @@
 #include <string_view>
 
 namespace {
-
-/// The owner is disabled while the dialog is up, and with a hosted form that is its host. One that hangs
-/// would hold us.
-HWND ownerFor(HWND owner) {
-    const HWND root = GetAncestor(owner, GA_ROOT);
-    return root != nullptr && !win32::answers(root) ? win32::ownerWindow() : owner;
-}
 
 std::string_view textOf(const char* text) {
     return text == nullptr ? std::string_view() : std::string_view(text);
@@ -58,7 +48,6 @@ int show(BOOL(WINAPI* dialog)(LPOPENFILENAMEW), platform::OPENFILENAMEA& record)
     ::OPENFILENAMEW made{};
     // The first version of the record, which the logic states at its 32-bit size.
     made.lStructSize = OPENFILENAME_SIZE_VERSION_400W;
-    made.hwndOwner = ownerFor(win32::native(record.hwndOwner));
     const std::wstring filter = win32::widePath(listOf(record.lpstrFilter));
     const std::wstring folder = win32::widePath(reachable(record.lpstrInitialDir));
     const std::wstring title = win32::widePath(textOf(record.lpstrTitle));
@@ -73,9 +62,8 @@ int show(BOOL(WINAPI* dialog)(LPOPENFILENAMEW), platform::OPENFILENAMEA& record)
     made.lpstrTitle = record.lpstrTitle == nullptr ? nullptr : title.c_str();
     made.Flags = record.Flags;
     made.lpstrDefExt = record.lpstrDefExt == nullptr ? nullptr : extension.c_str();
-    const win32::FocusKeeper keeper;
-    const win32::Hold hold(made.hwndOwner);
-    const win32::DisabledHost host(made.hwndOwner);
+    const win32::SystemDialog shown(win32::native(record.hwndOwner));
+    made.hwndOwner = shown.owner();
     return dialog(&made) != FALSE && takeOver(file.c_str(), record) ? 1 : 0;
 }
 

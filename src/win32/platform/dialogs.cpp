@@ -5,9 +5,8 @@
 #include "forms/form.h"
 #include "forms/label.h"
 #include "forms/textBox.h"
-#include "win32/common/focusKeeper.h"
 #include "win32/common/holding.h"
-#include "win32/common/ownerWindow.h"
+#include "win32/common/systemDialog.h"
 
 #include <windows.h>
 
@@ -67,10 +66,8 @@ class InputForm : public forms::Form {
 namespace platform {
 
 int msgBox(std::string_view text, int style, std::string_view title) {
-    const win32::FocusKeeper keeper;
-    const ::HWND owner = win32::ownerWindow();
-    const win32::Hold hold(owner);
-    return MessageBoxA(owner, std::string(text).c_str(), std::string(title).c_str(),
+    const win32::SystemDialog shown(win32::modalWindow());
+    return MessageBoxA(shown.owner(), std::string(text).c_str(), std::string(title).c_str(),
                        static_cast<UINT>(style) | MB_SETFOREGROUND);
 }
 

@@ -1,8 +1,7 @@
 #include "win32/platform/iconChooser.h"
 
 #include "platform/shell32.h"
-#include "win32/common/focusKeeper.h"
-#include "win32/common/holding.h"
+#include "win32/common/systemDialog.h"
 #include "win32/platform/hosts.h"
 #include "win32/platform/paths.h"
 
@@ -18,9 +17,8 @@ int callIconChooser(IconChooser choose, HWND owner, std::string& file, std::int3
     const std::wstring start = widePath(hostAnswers(file) ? file : std::string());
     std::copy_n(start.begin(), std::min(start.size(), buffer.size() - 1), buffer.begin());
     int chosen = index;
-    const FocusKeeper keeper;
-    const Hold hold(owner);
-    const int result = choose(owner, buffer.data(), static_cast<UINT>(buffer.size()), &chosen);
+    const SystemDialog shown(owner);
+    const int result = choose(shown.owner(), buffer.data(), static_cast<UINT>(buffer.size()), &chosen);
     if (result == platform::iconPicked) {
         const auto end = std::find(buffer.begin(), buffer.end(), L'\0');
         file = pathText({buffer.begin(), end});

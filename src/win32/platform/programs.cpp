@@ -3,9 +3,9 @@
 #include "platform/user32.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
-#include "win32/common/disabledHost.h"
 #include "win32/common/focusKeeper.h"
 #include "win32/common/native.h"
+#include "win32/common/systemDialog.h"
 #include "win32/platform/help.h"
 #include "win32/platform/hosts.h"
 #include "win32/platform/opening.h"
@@ -167,7 +167,7 @@ bool previousInstance() {
 }
 
 void endProgram() {
-    win32::enableHosts();
+    win32::SystemDialog::enableHosts();
     win32::FocusKeeper::leaveAll();
     win32::closeHelp();
     ExitProcess(0);

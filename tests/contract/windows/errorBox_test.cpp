@@ -105,7 +105,7 @@ class Counter {
 void checkKeyboard(const char* over) {
     bool closed = false;
     showError([&](HWND box) { closed = contract::closeBy(box, platform::Key::enter); });
-    INFO("over ", over);
+    CAPTURE(std::string(over));
     CHECK(closed);
 }
 

@@ -1,5 +1,6 @@
 // A host that has the keyboard and hangs: nothing of ours waits for it, and it gets back what it had.
 #include "contract/toolForm.h"
+#include "contract/windows/beside.h"
 #include "contract/world.h"
 #include "forms/form.h"
 #include "forms/frame.h"
@@ -186,6 +187,24 @@ TEST_CASE("nothing that comes up or goes waits for a host that has the keyboard 
     }
     CHECK(guest.hWnd() != platform::HWND::none);
     world.killOtherProgram();
+}
+
+TEST_CASE("a dialog of a toolbar goes while the toolbar's own host hangs, and leaves it enabled") {
+    World world;
+    const platform::HWND editor = world.openEditor();
+    Guest guest(editor);
+    auto begin = std::chrono::steady_clock::now();
+    contract::withUser(
+        contract::dialogClass, [&] { openFile(guest.hWnd()); },
+        [&](HWND dialog) {
+            CHECK(contract::comes([&] { return IsWindowEnabled(win32::native(editor)) == FALSE; }));
+            world.hangOtherProgram(4'000);
+            begin = std::chrono::steady_clock::now();
+            PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+        });
+    CHECK(std::chrono::steady_clock::now() - begin < soon);
+    // Under Wine a window of another program is enabled when that wakes.
+    CHECK(World::until([&] { return IsWindowEnabled(win32::native(editor)) != FALSE; }));
 }
 
 TEST_CASE("a host that answers stays joined, one that hangs is joined again when it answers") {

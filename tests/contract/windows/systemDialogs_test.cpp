@@ -15,6 +15,7 @@
 #include "win32/common/focusKeeper.h"
 #include "win32/common/holding.h"
 #include "win32/common/native.h"
+#include "win32/common/systemDialog.h"
 #include "win32/common/userWindow.h"
 #include "win32/platform/iconChooser.h"
 
@@ -104,8 +105,6 @@ int WINAPI choosingDialog(HWND owner, wchar_t* /*file*/, UINT /*size*/, int* /*i
     return MessageBoxA(owner, "Which icon?", "Chooser", MB_OKCANCEL) == IDOK ? 1 : 0;
 }
 
-constexpr std::string_view messageBox = "message box";
-
 /// A dialog of the system, as the program calls it. A message box has its own owner.
 struct Call {
     std::string_view name;
@@ -131,7 +130,7 @@ std::vector<Call> calls(const World& world) {
         show(record);
     };
     return {
-        {messageBox, [](platform::HWND /*owner*/) { platform::msgBox("Text", 0, "Title"); }},
+        {"message box", [](platform::HWND /*owner*/) { platform::msgBox("Text", 0, "Title"); }},
         {"open a file", [=](platform::HWND owner) { fileDialog(owner, platform::GetOpenFileNameA); }},
         {"save a file", [=](platform::HWND owner) { fileDialog(owner, platform::GetSaveFileNameA); }},
         {"icon chooser",
@@ -200,11 +199,12 @@ TEST_CASE("a dialog of the system finds its owner enabled, and disables it by it
         CAPTURE(std::string(call.name));
         Dialog dialog;
         dialog.show();
+        const win32::Hold modal(dialog);
         // Younger than the others: of all forms that are held it is the last.
         Dialog bystander;
         bystander.show();
-        const HWND owner = win32::native(call.name == messageBox ? main.hWnd() : dialog.hWnd());
-        const Disabling disabling(owner, win32::native(bystander.hWnd()));
+        EnableWindow(win32::native(bystander.hWnd()), TRUE);
+        const Disabling disabling(win32::native(dialog.hWnd()), win32::native(bystander.hWnd()));
         contract::withUser(
             contract::dialogClass, [&] { call.show(dialog.hWnd()); },
             [](HWND box) { contract::closeBy(box, Key::enter); });
@@ -216,20 +216,58 @@ TEST_CASE("a dialog of the system finds its owner enabled, and disables it by it
     }
 }
 
-TEST_CASE("a message box finds its owner enabled under a modal form too") {
+TEST_CASE("a message box is the innermost modal form's, and not one's that does not hear the user") {
     const World world;
     MainForm main;
     Dialog dialog;
     dialog.show();
     const win32::Hold modal(dialog);
-    CHECK(IsWindowEnabled(win32::native(main.hWnd())));
-    const Disabling disabling(win32::native(main.hWnd()), win32::native(dialog.hWnd()));
-    contract::withUser(
-        contract::dialogClass, [] { platform::msgBox("Text", 0, "Title"); },
-        [](HWND box) { contract::closeBy(box, Key::enter); });
-    CHECK(disabling.count == 1);
-    CHECK(disabling.otherWasHeld);
-    CHECK(IsWindowEnabled(win32::native(dialog.hWnd())));
+    const HWND window = win32::native(dialog.hWnd());
+    const auto ownerOfBox = [] {
+        HWND owner = nullptr;
+        contract::withUser(
+            contract::dialogClass, [] { platform::msgBox("Text", 0, "Title"); },
+            [&](HWND box) {
+                owner = GetWindow(box, GW_OWNER);
+                contract::closeBy(box, Key::enter);
+            });
+        return owner;
+    };
+    CHECK(ownerOfBox() == window);
+    CHECK(IsWindowEnabled(window));
+    {
+        // A dialog of the system is up over it.
+        const win32::SystemDialog other(window);
+        EnableWindow(window, FALSE);
+        CHECK(ownerOfBox() != window);
+        CHECK_FALSE(IsWindowEnabled(window));
+        EnableWindow(window, TRUE);
+    }
+    dialog.hide();
+    CHECK(ownerOfBox() != window);
+}
+
+TEST_CASE("the keyboard is given back while a dialog of the system still stands") {
+    World world;
+    MainForm main;
+    const platform::HWND editor = world.openEditor();
+    Guest guest(editor);
+    REQUIRE(World::until([&] { return World::foreground() == editor; }));
+    const win32::SystemDialog shown(win32::native(guest.hWnd()));
+    const HWND dialog = CreateWindowExA(0, "#32770", "dialog", WS_POPUP | WS_CAPTION, 100, 100, 200, 100,
+                                        shown.owner(), nullptr, nullptr, nullptr);
+    EnableWindow(shown.owner(), FALSE);
+    CHECK(World::until([&] { return IsWindowEnabled(win32::native(editor)) == FALSE; }));
+    ShowWindow(dialog, SW_SHOW);
+    REQUIRE(World::until([&] {
+        SetForegroundWindow(dialog);
+        return GetForegroundWindow() == dialog;
+    }));
+    EnableWindow(shown.owner(), TRUE);
+    CHECK(World::foreground() == editor);
+    CHECK(IsWindowEnabled(win32::native(editor)));
+    DestroyWindow(dialog);
+    CHECK(World::foreground() == editor);
 }
 
 TEST_CASE(
