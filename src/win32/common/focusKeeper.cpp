@@ -24,11 +24,15 @@ bool isOurs(HWND window) {
 bool KeyboardPlace::give() const {
     if (!answers(front))
         return false;
+    bring();
+    return GetForegroundWindow() == front;
+}
+
+void KeyboardPlace::bring() const {
     activateWindow(front);
     // The input of a host is joined with ours, so that the focus inside it can be set from here.
     if (focus != nullptr && IsWindow(focus) != FALSE)
         focusWindow(focus);
-    return true;
 }
 
 FocusKeeper::FocusKeeper() : place_{userWindow(), nullptr}, outer_(innermost) {

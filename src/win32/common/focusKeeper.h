@@ -10,8 +10,12 @@ struct KeyboardPlace {
     HWND front = nullptr;
     HWND focus = nullptr;
 
-    /// Brings the keyboard there. False, with nothing done, if that window does not answer.
+    /// Brings the keyboard there. False if it is not there: that window does not answer, and nothing was
+    /// done, or it has not come in front, or not yet.
     bool give() const;
+    /// Makes that window the one in front whether it answers or not: a host that is busy takes what is typed
+    /// when it comes to it.
+    void bring() const;
 };
 
 class FocusKeeper {

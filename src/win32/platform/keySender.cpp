@@ -143,7 +143,12 @@ void takeKeyboardBack() {
     if (owed.front == nullptr)
         return;
     const DWORD begin = GetTickCount();
-    while (!owed.give() && GetTickCount() - begin < longest) {
+    while (!owed.give()) {
+        if (GetTickCount() - begin >= longest) {
+            // What is typed waits for it there, where otherwise it would go to a window that it is not for.
+            owed.bring();
+            return;
+        }
         MsgWaitForMultipleObjects(0, nullptr, FALSE, slice, QS_ALLINPUT);
         win32::servePending();
     }

@@ -381,6 +381,24 @@ TEST_CASE("a host that was busy when a dialog of ours went gets the keyboard bac
     CHECK(dialog.second.text().empty());
 }
 
+TEST_CASE("what is typed to a host that is busy for longer goes to no other window") {
+    World world;
+    Dialog dialog; // stays in front
+    dialog.show();
+    const platform::HWND editor = world.openEditor();
+    const Guest guest(editor);
+    std::optional<win32::FocusKeeper> keeper(std::in_place);
+    world.typeInto(dialog.second, "");
+    world.hangOtherProgram(3'000);
+    keeper.reset();
+    REQUIRE(World::foreground() == dialog.hWnd());
+    const platform::KeyStroke typed{.character = 'x'};
+    platform::sendKeys({&typed, 1}, true);
+    // What it gets meanwhile it gets on Windows; Wine has no focus to give it to before the host wakes.
+    CHECK(World::until([&] { return World::foreground() == editor; }));
+    CHECK(dialog.second.text().empty());
+}
+
 TEST_CASE("a host that is too busy to come to the front does so before it is typed to") {
     World world;
     Dialog dialog; // stays in front
