@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace win32 {
@@ -13,6 +14,8 @@ namespace {
 struct Host {
     std::vector<HWND> windows; ///< that ours have gone into; any of them will do to ask
     bool asked = false;        ///< without an answer yet
+    UINT unheard = 0;          ///< for so many looks
+    HWND clicked = nullptr;    ///< field of ours in it that the user has clicked on while we were parted
     bool silent = false;       ///< it did not answer in time, and we are parted from it
     int joins = 0;             ///< how often we were joined with it when we parted
 };
@@ -38,6 +41,10 @@ void ask(DWORD thread, Host& host) {
         host.asked = SendMessageCallbackA(host.windows.front(), WM_NULL, 0, 0, heard, thread) != FALSE;
 }
 
+bool isInFront(DWORD thread) {
+    return GetWindowThreadProcessId(GetForegroundWindow(), nullptr) == thread;
+}
+
 /// How often we had been joined with it: each window that has gone in there has done so once more.
 int leave(DWORD thread) {
     int joins = 0;
@@ -49,6 +56,7 @@ int leave(DWORD thread) {
 void part(DWORD thread, Host& host) {
     host.silent = true;
     host.joins = std::max(host.joins, leave(thread));
+    host.unheard = 0;
     ask(thread, host);
 }
 
@@ -57,22 +65,30 @@ void join(DWORD thread, Host& host) {
         --host.joins;
     host.joins = 0;
     host.silent = false;
-}
-
-bool oursIsInFront() {
-    const HWND front = GetForegroundWindow();
-    return front != nullptr && !isForeign(front);
+    if (const HWND clicked = std::exchange(host.clicked, nullptr);
+        IsWindow(clicked) != FALSE && isInFront(thread))
+        SetFocus(clicked);
 }
 
 void watchHost(DWORD thread, Host& host) {
     if (host.asked) {
-        if (!host.silent)
+        if (!host.silent && ++host.unheard * hostPatience >= stallPatience)
             part(thread, host);
     } else if (!host.silent) {
+        host.unheard = 0;
         ask(thread, host);
-    } else if (!oursIsInFront()) {
+    } else if (!isInFront(GetCurrentThreadId())) {
         join(thread, host);
     }
+}
+
+/// What a click on a window is about to give the focus to; null if that is nothing in it.
+HWND fieldUnderMouse(HWND window) {
+    POINT mouse{};
+    GetCursorPos(&mouse);
+    MapWindowPoints(nullptr, window, &mouse, 1);
+    const HWND field = ChildWindowFromPointEx(window, mouse, CWP_SKIPINVISIBLE | CWP_SKIPDISABLED);
+    return field != nullptr && (GetWindowLongA(field, GWL_STYLE) & WS_TABSTOP) != 0 ? field : nullptr;
 }
 
 /// Forgets the windows that have gone. Whether any is left.
@@ -121,6 +137,25 @@ void partFromSilentHosts() {
         if (host != nullptr && lives(*host))
             part(thread, *host);
     }
+}
+
+bool readyForClick(HWND window) {
+    const HWND root = GetAncestor(window, GA_ROOT);
+    const DWORD thread = GetWindowThreadProcessId(root, nullptr);
+    Host* host = find(thread);
+    if (host == nullptr || (!host->silent && answers(root, stallPatience)))
+        return true;
+    host = find(thread);
+    if (host == nullptr)
+        return true;
+    if (!host->silent)
+        part(thread, *host);
+    if (!host->asked) {
+        join(thread, *host);
+        return true;
+    }
+    host->clicked = fieldUnderMouse(window);
+    return false;
 }
 
 void joinAgain(HWND window) {

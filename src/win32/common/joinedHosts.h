@@ -8,6 +8,10 @@
 // So a host that does not answer is parted from us until it does. It is asked before each change, and again
 // and again without waiting for the answer, since the user's click comes without a call of ours; a click that
 // came before goes the way of what the host has not taken.
+//
+// While we are parted the user's keys go to the host, also those for a field of ours in it. So a host that is
+// silent for a moment only, while nothing of ours has to wait for it, stays joined: the system keeps what is
+// typed and clicked in its order.
 #pragma once
 
 #include <windows.h>
@@ -20,6 +24,11 @@ void hostJoined(HWND host);
 /// To be called before anything that changes which window is in front, has the focus or is seen: from here on
 /// it does not wait for a host that hangs. Takes `hostPatience` at most, once for a hang.
 void partFromSilentHosts();
+
+/// A click is about to give the keyboard to this window of ours, or one inside it, that stands in a host. A
+/// host that is only busy is waited for. False if it hangs: we are parted from it, the host cannot be
+/// activated, and the window gets the keyboard once it answers.
+bool readyForClick(HWND window);
 
 /// The keyboard is about to go into this window or one inside it: if it is a host that we were parted from,
 /// and that answers again, we are joined with it again at once. By itself that waits until no window of

@@ -29,11 +29,15 @@ inline bool isForeign(HWND window) {
 /// without drawing.
 inline constexpr UINT hostPatience = 200;
 
-/// Whether the program of a window serves its messages: asked, and waited for only that long. What makes it
-/// change its focus or its order would wait for it without end.
-inline bool answers(HWND window) {
+/// How long a host may be silent before it counts as one that hangs where nothing of ours has to wait for it,
+/// in milliseconds: longer than a command of EAGLE's usually takes.
+inline constexpr UINT stallPatience = 1000;
+
+/// Whether the program of a window serves its messages: asked, and waited for only so many milliseconds. What
+/// makes it change its focus or its order would wait for it without end.
+inline bool answers(HWND window, UINT patience = hostPatience) {
     DWORD_PTR answer = 0;
-    return SendMessageTimeoutA(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, hostPatience, &answer) != 0;
+    return SendMessageTimeoutA(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, patience, &answer) != 0;
 }
 
 } // namespace win32

@@ -14,6 +14,14 @@ void changeStyle(HWND window, DWORD clear, DWORD set) {
     SetWindowLongA(window, GWL_STYLE, static_cast<LONG>((style & ~clear) | set));
 }
 
+/// Whether the focus moves among our own windows in a window that is active: no other one hears of that.
+bool staysAmongOurs(HWND window) {
+    const HWND focus = GetFocus();
+    const HWND root = GetAncestor(window, GA_ROOT);
+    return focus != nullptr && !isForeign(focus) && GetAncestor(focus, GA_ROOT) == root &&
+           GetActiveWindow() == root;
+}
+
 /// Before a window of ours comes or goes. A control that does not have the focus does so among our own
 /// windows alone.
 void prepare(HWND window) {
@@ -32,8 +40,10 @@ void activateWindow(HWND window) {
 }
 
 void focusWindow(HWND window) {
-    partFromSilentHosts();
-    joinAgain(window);
+    if (window == nullptr || !staysAmongOurs(window)) {
+        partFromSilentHosts();
+        joinAgain(window);
+    }
     SetFocus(window);
 }
 

@@ -1,6 +1,7 @@
 // Forms: windows of a class of our own.
 #include "win32/common/focusKeeper.h"
 #include "win32/common/holding.h"
+#include "win32/common/joinedHosts.h"
 #include "win32/common/ownerWindow.h"
 #include "win32/common/userWindow.h"
 #include "win32/common/views.h"
@@ -133,6 +134,8 @@ class FormPeer : public ContainerPeer {
         case WM_MOUSEACTIVATE:
             if (!form_.activates)
                 return isHeld(form_) ? MA_NOACTIVATEANDEAT : MA_NOACTIVATE;
+            if (!isHosted(handle()))
+                partFromSilentHosts(); // the click is about to make it the one in front
             break;
         case WM_GETMINMAXINFO:
             return limitSize(message, wParam, lParam);

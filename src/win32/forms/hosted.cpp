@@ -67,10 +67,10 @@ bool answerAsHosted(HWND window, UINT message, WPARAM wParam, LPARAM lParam, LRE
         const WindowPeer* peer = WindowPeer::of(window);
         const forms::Form* form = peer == nullptr ? nullptr : peer->control().form();
         // A click gives the focus to a field of ours, and that waits for the window that has it now.
-        const bool heard = (form == nullptr || !isHeld(*form)) && answers(GetAncestor(window, GA_ROOT));
-        if (heard)
-            joinAgain(window);
-        result = heard ? MA_ACTIVATE : MA_NOACTIVATEANDEAT;
+        if (form != nullptr && isHeld(*form))
+            result = MA_NOACTIVATEANDEAT;
+        else
+            result = readyForClick(window) ? MA_ACTIVATE : MA_NOACTIVATE;
         return true;
     }
     case WM_CONTEXTMENU:

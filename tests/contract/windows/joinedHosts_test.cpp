@@ -10,6 +10,7 @@
 #include "forms/timer.h"
 #include "platform/comdlg32.h"
 #include "platform/dialogs.h"
+#include "platform/keySender.h"
 #include "platform/user32.h"
 #include "win32/common/native.h"
 
@@ -80,6 +81,15 @@ void takeFront(platform::HWND editor) {
         SetForegroundWindow(win32::native(editor));
         return GetForegroundWindow() == win32::native(editor);
     }));
+}
+
+bool hasFocus(forms::TextBox& field) {
+    return GetFocus() == win32::native(field.hWnd());
+}
+
+void type(char32_t character) {
+    const platform::KeyStroke typed{.character = character};
+    platform::sendKeys({&typed, 1}, false);
 }
 
 /// Presses Cancel in a dialog of the system that comes up.
@@ -228,9 +238,57 @@ TEST_CASE("a host that hangs is left without a change of ours, since the user ma
     const platform::HWND editor = world.openEditor();
     Guest guest(editor);
     REQUIRE(joined(editor));
-    world.hangOtherProgram(2'000);
+    world.hangOtherProgram(3'000);
     CHECK(World::until([&] { return !joined(editor); }));
     CHECK(World::until([&] { return joined(editor); }));
+}
+
+TEST_CASE("what is typed into a field of ours while its host is busy for a moment arrives there") {
+    World world;
+    const platform::HWND editor = world.openEditor();
+    Guest guest(editor);
+    takeFront(editor);
+    guest.field.setFocus();
+    REQUIRE(World::until([&] { return hasFocus(guest.field); }));
+    const auto begin = std::chrono::steady_clock::now();
+    world.hangOtherProgram(900);
+    // Longer than a change of ours would wait for it.
+    World::until([&] { return std::chrono::steady_clock::now() - begin > std::chrono::milliseconds(600); });
+    type('x');
+    CHECK(World::until([&] { return guest.field.text() == "x"; }));
+    CHECK(world.editorText(editor).empty());
+}
+
+TEST_CASE("a click on a field of ours is not lost while its host is busy, nor while it hangs") {
+    World world;
+    const platform::HWND editor = world.openEditor();
+    Guest guest(editor);
+    takeFront(editor);
+    const HWND frame = win32::native(guest.frame.hWnd());
+    RECT place{};
+    GetWindowRect(win32::native(guest.field.hWnd()), &place);
+    SetCursorPos((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+    const auto click = [&] {
+        const LRESULT result =
+            SendMessageA(frame, WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(win32::native(editor)),
+                         MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN));
+        SetFocus(win32::native(guest.field.hWnd())); // as the field does when it hears of the click
+        return result;
+    };
+    SUBCASE("busy") {
+        world.hangOtherProgram(500);
+        CHECK(click() == MA_ACTIVATE);
+    }
+    SUBCASE("hangs") {
+        world.hangOtherProgram(2'500);
+        CHECK(click() == MA_NOACTIVATE);
+        CHECK_FALSE(joined(editor));
+        CHECK(World::until([&] { return joined(editor); }));
+    }
+    CHECK(World::until([&] { return hasFocus(guest.field); }));
+    type('x');
+    CHECK(World::until([&] { return guest.field.text() == "x"; }));
+    CHECK(world.editorText(editor).empty());
 }
 
 TEST_SUITE_END();
