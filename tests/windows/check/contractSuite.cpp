@@ -92,12 +92,10 @@ void run(const workplace::Workplace& place, const std::wstring& bits, const std:
     const workplace::Process tests = place.start(
         bits + L"\\contract-tests.exe", L"--no-colors --no-path-filenames --duration " + options, output);
     FrontKeeper front(notice, tests.id());
-    int looks = 0;
     const bool ended = waiting::until(
         [&] {
             front.look();
-            if (++looks % 20 == 0)
-                privacy.addTitles();
+            privacy.addTitles();
             return !tests.runs();
         },
         longest);

@@ -2,7 +2,7 @@
 #include "check/privacy.h"
 #include "common/text.h"
 
-Report::Report(const std::wstring& folder, const Privacy& privacy)
+Report::Report(const std::wstring& folder, Privacy& privacy)
     : privacy_(privacy), beginning_(folder + L"\\kestrel-check"),
       file_(CreateFileW((beginning_ + L".txt").c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                         CREATE_ALWAYS, 0, nullptr)) {
@@ -43,6 +43,7 @@ void Report::line(const std::wstring& text) {
 
 bool Report::check(bool right, const std::wstring& words, const std::wstring& seen) {
     (right ? passed_ : failed_) += 1;
+    privacy_.addTitles();
     line((right ? L"   ok    " : L"   FAIL  ") + words + L"; seen: " + privacy_.hidden(seen));
     return right;
 }

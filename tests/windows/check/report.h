@@ -10,7 +10,7 @@ class Privacy;
 class Report {
   public:
     // `part` of the file's name, by which pictures are named that stand beside it.
-    Report(const std::wstring& folder, const Privacy& privacy);
+    Report(const std::wstring& folder, Privacy& privacy);
     ~Report();
     Report(const Report&) = delete;
     Report& operator=(const Report&) = delete;
@@ -31,7 +31,7 @@ class Report {
   private:
     void removeOldPictures();
 
-    const Privacy& privacy_;
+    Privacy& privacy_;
     std::wstring beginning_;
     HANDLE file_ = INVALID_HANDLE_VALUE;
     int passed_ = 0;

@@ -102,7 +102,7 @@ def whole(stage, checks, kit, system):
     checks.equal(kit.run(SHORT, system=system), 0, "all is played and nothing fails")
     passed, failed = kit.counts() or (0, -1)
     bits = ["win32"] if system == 32 else ["win32", "win64"]
-    checks.that(passed > 60 * len(bits) and failed == 0, "the last line counts the checks", kit.counts())
+    checks.that(passed > 38 * len(bits) + 22 and failed == 0, "the last line counts the checks", kit.counts())
     checks.equal(kit.failures(), [], "none failed")
     checks.equal(stage.look().foreground, user.window().handle, "the user's window is in front again")
     checks.equal(stage.screen.pointer(), pointer, "the mouse is where it was")
@@ -116,12 +116,14 @@ def whole(stage, checks, kit, system):
 def told(stage, checks, kit, bits):
     report = kit.report()
     lines = kit.printed()
-    checks.that("two minutes" in lines[1] and "any key stops it" in lines[1], "it says first that it takes mouse and keyboard", lines)
+    checks.that("some two minutes" in lines[1] and "any key stops it" in lines[1], "it says first that it takes mouse and keyboard", lines)
     for words in (r"^Windows: 10\.0\.\d+ ", r"^Screen 1: 1600 x 1200 at 0,0, .*, 96 dpi \(100 %\), primary$", r"^Code pages: ANSI 1252,"):
         checks.that(re.search(words, report, re.M), f"the report tells the system: {words}", report[:800])
     for name in bits:
         number = {"win32": 32, "win64": 64}[name]
-        checks.equal(len(re.findall(rf"^== the (?:main scene|contract tests), {number} bits$", report, re.M)), 2, f"{name}: both parts are played")
+        parts = re.findall(rf"^== the (main scene|contract tests), {number} bits$", report, re.M)
+        checks.equal(parts, ["main scene", "contract tests"] if name == bits[-1] else ["main scene"],
+                     f"{name}: the main scene is played, and the contract tests where it is the system's own")
         pictures = [path for path in kit.pictures() if f"-{name}-" in path.name]
         checks.equal(sorted(path.stem for path in pictures), sorted(f"kestrel-check-{name}-{picture}" for picture in PICTURES),
                      f"{name}: there is a picture of each window")
@@ -134,16 +136,22 @@ def told(stage, checks, kit, bits):
 def broken(stage, checks, kit):
     """Says what is wrong with a program, and hides what is nobody's business."""
     other = stage.prefix.drive / "windows" / "system32"
+    stage.prefix.path("C:\\later plan.txt").write_text("")
     kit.replace("win64/kestrel/kestrel.exe", other / "hostname.exe")
     kit.replace("win64/contract-tests.exe", other / "cmd.exe")
-    words = f"/c echo I am root in {TEMPORARY} and not in brooter; user=ROOT"
-    checks.equal(kit.run("win64", *words.split()), 1, "with a Kestrel that does not work the exit code tells")
+    words = f"/c echo I am root in {TEMPORARY} and not in brooter; user=ROOT; later plan.txt - Notepad"
+    process = kit.start("win64", *words.split())
+    checks.that(kit.tells("the programs stand there and the witness sees"), "the check is on its way")
+    # Minimized, so that it takes neither mouse nor keyboard.
+    stage.witness.run("cmd.exe /c start /min notepad.exe C:\\later plan.txt")
+    checks.that(poll(lambda: stage.look().top("later plan")), "a window comes up meanwhile")
+    checks.equal(stage.witness.exit_code(process, 180), 1, "with a Kestrel that does not work the exit code tells")
     checks.that(kit.counts() and kit.counts()[1] > 0, "so does the last line", kit.counts())
     checks.that(any("board: a toolbar appears; seen: 0 toolbars" in line for line in kit.failures()), "the report tells what is missing",
                 kit.failures())
     report = kit.report()
-    told = "I am <user> in <profile>\\AppData\\Local\\Temp and not in brooter; user=<user>"
-    checks.that(told in report, "what a program prints is told without names", report)
+    told = "I am <user> in <profile>\\AppData\\Local\\Temp and not in brooter; user=<user>; <title>"
+    checks.that(told in report, "what a program prints is told without names, nor with the title of a window that came later", report)
     leaves_nothing(stage, checks, kit, "broken")
 
 
