@@ -14,6 +14,7 @@ cd "$PROJECT" || exit 1
 # NAME ROUNDS COMMAND: $round is the number of the round, from 1.
 steps=(
     'native-random 50 build/native/bin/kestrel-tests -ob=rand -rs=$round'
+    'users-check 3 "$PYTHON" tests/windows/whole-check.py'
     'win64-scenes 1 "$PYTHON" tests/windows/play-all.py --once win64'
     'win32-contract 50 tools/test-contract.sh i686'
     'win64-contract 50 tools/test-contract.sh x86_64'
