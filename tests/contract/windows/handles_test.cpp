@@ -1,5 +1,6 @@
 // What ticking and building toolbars leave behind: counted, since a program that runs all day may leave
 // nothing but what it leaves on purpose.
+#include "contract/windows/counts.h"
 #include "contract/windows/icons.h"
 #include "contract/world.h"
 #include "core/hauptform.h"
@@ -13,55 +14,12 @@
 
 #include <windows.h>
 
-#include <winternl.h>
-
 #include <algorithm>
-#include <cstring>
-#include <vector>
 
 namespace {
 
-/// As the system documents it for SystemHandleInformation.
-struct HandleEntry {
-    USHORT process;
-    USHORT backTrace;
-    UCHAR type;
-    UCHAR attributes;
-    USHORT value;
-    void* object;
-    ULONG access;
-};
-
-struct HandleTable {
-    ULONG count;
-    HandleEntry entries[1];
-};
-
-/// Handles of this process. Wine's own count of them is not to be had otherwise.
-int openHandles() {
-    constexpr auto handleInformation = static_cast<SYSTEM_INFORMATION_CLASS>(16);
-    std::vector<char> buffer(1U << 20U);
-    ULONG needed = 0;
-    REQUIRE(NtQuerySystemInformation(handleInformation, buffer.data(), static_cast<ULONG>(buffer.size()),
-                                     &needed) == 0);
-    const auto* const table = reinterpret_cast<const HandleTable*>(buffer.data());
-    int own = 0;
-    for (ULONG index = 0; index < table->count; ++index)
-        if (table->entries[index].process == static_cast<USHORT>(GetCurrentProcessId()))
-            ++own;
-    return own;
-}
-
-BOOL CALLBACK countWindow(HWND /*window*/, LPARAM counter) {
-    ++*reinterpret_cast<int*>(counter);
-    return TRUE;
-}
-
-int openWindows() {
-    int own = 0;
-    EnumThreadWindows(GetCurrentThreadId(), countWindow, reinterpret_cast<LPARAM>(&own));
-    return own;
-}
+using contract::openHandles;
+using contract::openWindows;
 
 void fillBoardButtons() {
     store::boardButtons = {};
