@@ -1,6 +1,7 @@
 // The clipboard of the platform.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace platform {
@@ -17,5 +18,9 @@ void clearClipboard();
 /// ends at its first NUL, and so does what others get of it. Error 521 if another program goes on holding the
 /// clipboard.
 void setClipboardText(std::string_view text);
+
+/// Its plain text, in the ANSI code page, as far as its first NUL; what that lacks becomes question marks.
+/// Empty if it holds no text. Error 521 if another program goes on holding it.
+std::string clipboardText();
 
 } // namespace platform

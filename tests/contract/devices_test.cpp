@@ -75,6 +75,35 @@ TEST_CASE("a clipboard that another program keeps fails with the runtime's error
     world.killOtherProgram();
 }
 
+TEST_CASE("the clipboard's text comes as it was put there, and none is empty") {
+    const World world;
+    platform::clearClipboard();
+    CHECK(platform::clipboardText().empty());
+    platform::setClipboardText(western("1name=\xDC\r\n"));
+    CHECK(platform::clipboardText() == western("1name=\xDC\r\n"));
+}
+
+TEST_CASE("text of another program: as far as its first NUL, with no NUL at all, of a megabyte") {
+    const World world;
+    constexpr std::u16string_view withNul(u"before\0after\0", 13);
+    World::putIntoClipboard(withNul);
+    CHECK(platform::clipboardText() == "before");
+    World::putIntoClipboard(std::u16string_view(u"\0after", 6));
+    CHECK(platform::clipboardText().empty());
+    World::putIntoClipboard(u"endless");
+    CHECK(platform::clipboardText() == "endless");
+    const std::u16string megabyte(1U << 20U, u'x');
+    World::putIntoClipboard(megabyte);
+    CHECK(platform::clipboardText() == std::string(megabyte.begin(), megabyte.end()));
+}
+
+TEST_CASE("the text of a clipboard that another program keeps fails with the runtime's error") {
+    World world;
+    world.holdClipboard(20 * platform::clipboardPatience);
+    CHECK(errorOf([] { (void)platform::clipboardText(); }) == 521);
+    world.killOtherProgram();
+}
+
 TEST_CASE("without a printer a line fails with the runtime's error, and an end of no job is none") {
     const World world;
     if (!World::withoutPrinter()) {

@@ -99,6 +99,8 @@ class World {
     void removeFile(const std::string& path);
     /// Another program opens the file for itself alone, until the end of this world.
     void lockFile(const std::string& path);
+    /// A shortcut of the shell; its target may be missing.
+    void makeShortcut(const std::string& path, const std::string& target, const std::string& arguments);
     /// A file of tests/data, as a path of the machine that the tests were built on or run on.
     static std::string dataFile(const std::string& name);
     /// The settings file beside the program; absent at the start.
@@ -142,6 +144,8 @@ class World {
     // --- clipboard and printer ---
     /// What another program reads from the clipboard as plain text; none if there is no text.
     std::optional<std::string> clipboardText();
+    /// What another program may put there: these characters, with a NUL at the end or without.
+    static void putIntoClipboard(std::u16string_view text);
     /// Another program opens the clipboard, and closes it after this time.
     void holdClipboard(int milliseconds);
     /// Sees to it that there is no printer; false if there is one that cannot be taken away.

@@ -33,4 +33,10 @@ void setClipboardText(std::string_view text) {
     world().note("setClipboardText");
 }
 
+std::string clipboardText() {
+    openClipboard();
+    const std::string& text = world().clipboard.value_or("");
+    return text.substr(0, text.find('\0'));
+}
+
 } // namespace platform

@@ -12,6 +12,7 @@
 #include "platform/kernel32.h"
 #include "platform/keyStroke.h"
 #include "platform/shell32.h"
+#include "platform/shortcut.h"
 #include "runtime/runtimeError.h"
 
 #include <cstdint>
@@ -250,6 +251,10 @@ class World {
     void cutOff(const std::string& server);
     /// A path of such a server is asked for, at the cost of time. False if it is not to be had.
     bool reach(const std::string& path);
+
+    /// A shortcut file, whether its target is there or not.
+    void addShortcut(const std::string& path, const std::string& target, const std::string& arguments = {});
+    std::map<std::string, platform::Shortcut> shortcuts; ///< by path keys
 
     // --- icons
     // -------------------------------------------------------------------------------------------------

@@ -1,6 +1,7 @@
 #include "platform/clipboard.h"
 
 #include "runtime/runtimeError.h"
+#include "win32/common/wide.h"
 
 #include <windows.h>
 
@@ -58,6 +59,20 @@ void clearClipboard() {
     const Clipboard open;
     if (EmptyClipboard() == FALSE)
         fail();
+}
+
+std::string clipboardText() {
+    const Clipboard open;
+    // The system makes Unicode of a text in any code page.
+    const HANDLE block = GetClipboardData(CF_UNICODETEXT);
+    const auto* const begin = block == nullptr ? nullptr : static_cast<const wchar_t*>(GlobalLock(block));
+    if (begin == nullptr)
+        return {};
+    // Another program has made it, perhaps without a NUL at its end.
+    const std::wstring_view room(begin, GlobalSize(block) / sizeof(wchar_t));
+    std::string text = win32::toText(room.substr(0, room.find(L'\0')));
+    GlobalUnlock(block);
+    return text;
 }
 
 void setClipboardText(std::string_view text) {

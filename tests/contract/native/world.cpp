@@ -4,6 +4,7 @@
 #include "contract/native/editor.h"
 #include "desktop/desktop.h"
 #include "desktop/keyboard.h"
+#include "platform/codePage.h"
 #include "platform/messages.h"
 
 namespace contract {
@@ -210,8 +211,16 @@ int World::pickIcon(const ChooserAnswer& answer, std::string& file, std::int32_t
     return result;
 }
 
+void World::makeShortcut(const std::string& path, const std::string& target, const std::string& arguments) {
+    desktop::world().addShortcut(path, target, arguments);
+}
+
 std::optional<std::string> World::clipboardText() {
     return desktop::world().clipboard;
+}
+
+void World::putIntoClipboard(std::u16string_view text) {
+    desktop::world().clipboard = platform::toAnsi(text);
 }
 
 void World::holdClipboard(int milliseconds) {
