@@ -6,6 +6,7 @@
 #include "forms/mainForm.h"
 #include "platform/programs.h"
 #include "setup/frmSetup.h"
+#include "store/help.h"
 #include "store/mends.h"
 #include "store/settings.h"
 #include "store/state.h"
@@ -30,12 +31,14 @@ Hauptform::Hauptform() {
     tmrSystray.onTimer = [this] { tryAddSystray(); };
     Timer1.onTimer = [this] { Timer1_Timer(); };
     Timer2.onTimer = [this] { Timer2_Timer(); };
+    onHelp = [] { store::showHelp(); };
     setup::frmSetup::onNewLanguage = [] { menuForm().loadResources(); };
     setup::frmSetup::onWindowReset = [this] { resetWindowRecords(); };
     setup::frmSetup::onSaved = [this] { followSave(); };
 }
 
 Hauptform::~Hauptform() {
+    onHelp = nullptr;
     setup::frmSetup::onNewLanguage = nullptr;
     setup::frmSetup::onWindowReset = nullptr;
     setup::frmSetup::onSaved = nullptr;

@@ -1,5 +1,6 @@
 #include "forms/form.h"
 
+#include "forms/event.h"
 #include "forms/mainForm.h"
 #include "platform/programs.h"
 #include "platform/screen.h"
@@ -115,6 +116,10 @@ void Form::closeRequested() {
     unload();
     if (this == mainForm && !loaded_)
         platform::endProgram();
+}
+
+void Form::helpRequested() {
+    raise(onHelp);
 }
 
 platform::HWND Form::window() {

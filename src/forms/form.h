@@ -77,6 +77,11 @@ class Form : public Captioned<Container> {
     /// The user, or the system, wants to close the window. With the main form the program ends, at once: what
     /// has been going on meanwhile, a dialog or the start itself, does not go on without it.
     void closeRequested();
+    /// The user has pressed the help key in the form's window.
+    void helpRequested();
+
+    /// The program's help, the same for every form.
+    static inline std::function<void()> onHelp;
 
     virtual void Form_Load() {}
     virtual void Form_QueryUnload(bool& /*cancel*/) {}

@@ -42,6 +42,19 @@ void ItemList::selected(int index) {
     raise(onClick);
 }
 
+bool ListBox::keyPressed(const platform::KeyStroke& stroke) {
+    if (!acceptsInput() || !onKey)
+        return false;
+    // A copy: the event may unload the form.
+    const auto running = onKey;
+    return running(stroke);
+}
+
+void ListBox::filesDropped(const std::vector<std::string>& files) {
+    if (acceptsInput())
+        raise(onFiles, files);
+}
+
 std::string ComboBox::text() const {
     return listIndex() < 0 ? std::string() : list(listIndex());
 }

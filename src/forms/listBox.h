@@ -2,6 +2,7 @@
 #pragma once
 
 #include "forms/control.h"
+#include "platform/keyStroke.h"
 
 namespace forms {
 
@@ -38,6 +39,14 @@ class ItemList : public Control {
 class ListBox : public ItemList {
   public:
     ListBox() : ItemList(ControlKind::listBox) {}
+
+    /// A key that is pressed while the list has the keyboard; what it takes, with true, does nothing else.
+    std::function<bool(const platform::KeyStroke&)> onKey;
+    /// Files that the user has dropped on the list, by their full paths. Without it the list takes none.
+    std::function<void(const std::vector<std::string>&)> onFiles;
+    // Called by the peer. A disabled list raises nothing.
+    bool keyPressed(const platform::KeyStroke& stroke);
+    void filesDropped(const std::vector<std::string>& files);
 };
 
 /// A drop-down list: it takes no text but that of its rows.

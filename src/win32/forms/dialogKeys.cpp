@@ -67,6 +67,20 @@ bool moveByTab(const MSG& message) {
     return true;
 }
 
+/// F1, which the edit fields keep to themselves: help. Not in a form that stands in another program's window.
+/// False if the message is another one.
+bool askForHelp(HWND dialog, const MSG& message) {
+    const bool modified = GetKeyState(VK_CONTROL) < 0 || GetKeyState(VK_SHIFT) < 0;
+    if (message.message != WM_KEYDOWN || message.wParam != VK_F1 || modified)
+        return false;
+    WindowPeer* peer = WindowPeer::of(dialog);
+    auto* form = peer == nullptr ? nullptr : dynamic_cast<forms::Form*>(&peer->control());
+    if (form == nullptr || !form->activates)
+        return false;
+    runtime::guarded([form] { form->helpRequested(); });
+    return true;
+}
+
 /// Ctrl+Tab and Ctrl+Shift+Tab turn the pages of the dialog's tab strip. False if the message is neither or
 /// the dialog has no tab strip.
 bool turnPage(HWND dialog, const MSG& message) {
@@ -124,8 +138,8 @@ void focusFirst(HWND container) {
 
 bool doneAsDialogKey(MSG& message) {
     const HWND dialog = dialogOf(message.hwnd);
-    return dialog != nullptr &&
-           (turnPage(dialog, message) || moveByTab(message) || IsDialogMessageW(dialog, &message) != FALSE);
+    return dialog != nullptr && (askForHelp(dialog, message) || turnPage(dialog, message) ||
+                                 moveByTab(message) || IsDialogMessageW(dialog, &message) != FALSE);
 }
 
 } // namespace win32

@@ -1,4 +1,5 @@
 // List box and drop-down list.
+#include "win32/common/droppedFiles.h"
 #include "win32/forms/peers.h"
 #include "win32/forms/windowPeer.h"
 
@@ -83,6 +84,8 @@ class ListBoxPeer : public ListPeer {
         createChild("LISTBOX", {}, LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | LBS_USETABSTOPS | WS_VSCROLL,
                     WS_EX_CLIENTEDGE);
         fill();
+        if (handle() != nullptr && list.onFiles)
+            takeFiles(handle());
     }
 
     void changed(forms::Property property) override {
@@ -98,12 +101,29 @@ class ListBoxPeer : public ListPeer {
 
   protected:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message != filledMessage)
-            return defaultMessage(message, wParam, lParam);
-        holding_ = false;
-        SendMessageA(handle(), WM_SETREDRAW, TRUE, 0);
-        InvalidateRect(handle(), nullptr, TRUE);
-        return 0;
+        switch (message) {
+        case filledMessage:
+            holding_ = false;
+            SendMessageA(handle(), WM_SETREDRAW, TRUE, 0);
+            InvalidateRect(handle(), nullptr, TRUE);
+            return 0;
+        case WM_KEYDOWN:
+            keyTaken_ = box().keyPressed(strokeOf(wParam));
+            if (keyTaken_)
+                return 0;
+            break;
+        case WM_CHAR:
+            // Of a key that was taken: the list would look for a row that begins with it.
+            if (keyTaken_)
+                return 0;
+            break;
+        case WM_DROPFILES:
+            drop(droppedFiles(wParam));
+            return 0;
+        default:
+            break;
+        }
+        return defaultMessage(message, wParam, lParam);
     }
 
   private:
@@ -115,7 +135,28 @@ class ListBoxPeer : public ListPeer {
         SendMessageA(handle(), WM_SETREDRAW, FALSE, 0);
     }
 
-    bool holding_ = false; ///< the window does not paint until the filling is over
+    forms::ListBox& box() const { return static_cast<forms::ListBox&>(list()); }
+
+    /// A dialog over ours is as good as a disabled list.
+    void drop(const std::vector<std::string>& files) {
+        if (IsWindowEnabled(GetAncestor(handle(), GA_ROOT)) != FALSE)
+            box().filesDropped(files);
+    }
+
+    static platform::KeyStroke strokeOf(WPARAM key) {
+        platform::KeyStroke stroke;
+        if (key >= 'A' && key <= 'Z')
+            stroke.character = static_cast<char32_t>(key - 'A' + 'a');
+        else
+            stroke.key = static_cast<platform::Key>(key);
+        stroke.shift = GetKeyState(VK_SHIFT) < 0;
+        stroke.control = GetKeyState(VK_CONTROL) < 0;
+        stroke.alt = GetKeyState(VK_MENU) < 0;
+        return stroke;
+    }
+
+    bool keyTaken_ = false; ///< the key that was pressed last
+    bool holding_ = false;  ///< the window does not paint until the filling is over
 };
 
 /// In an open list keys and the mouse move the highlight, with notifications or without, and how it closes
