@@ -42,17 +42,24 @@ void frmSetup::btnIcon_Click(std::int16_t Index) {
         store::chooseIconFile(start, window(), store::kindIcon(store::EditorKind{Index}));
     if (chosen.empty())
         return;
+    useIcon(Index, chosen);
+}
+
+/// Shows an icon and gives it to the selected entry.
+void frmSetup::useIcon(std::int16_t list, const std::string& reference) {
+    const auto page = static_cast<std::size_t>(list);
+    store::ButtonList& buttons = workList[page];
     // Kept: the preview keeps the old icon where the new one cannot be drawn, and a comma in its path is an
     // error.
     if (store::mended(store::Mend::unreadableRows)) {
-        drawIcon(Index, chosen);
+        drawIcon(list, reference);
     } else {
-        const auto icon = store::IconReference::parse(chosen);
+        const auto icon = store::IconReference::parse(reference);
         store::extractIconToPicture(icon.file, icon.index, imgIcon[page]);
     }
     picView[page].setPicture(imgIcon[page].image());
     if (buttons.allocated())
-        buttons[slot].icon = chosen;
+        buttons[lstApps[page].listIndex() + 1].icon = reference;
     refreshPreview(page);
 }
 

@@ -111,6 +111,8 @@ void frmSetup::wireListPage(std::size_t page) {
     using store::ToolButton;
     const auto Index = static_cast<std::int16_t>(page);
     lstApps[page].onClick = [this, Index] { lstApps_Click(Index); };
+    lstApps[page].onKey = [this, Index](const auto& stroke) { return listKey(Index, stroke); };
+    lstApps[page].onFiles = [this, Index](const auto& files) { filesDropped(Index, files); };
     txtTitle[page].onChange = [this, Index] { txtTitle_Change(Index); };
     txtPath[page].onChange = [this, Index] { txtPath_Change(Index); };
     txtTooltip[page].onChange = [this, Index] { txtTooltip_Change(Index); };

@@ -21,6 +21,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace setup {
 
@@ -150,6 +151,9 @@ class frmSetup : public forms::Form {
     void txtTooltip_Change(std::int16_t Index);
     void txtPara_Change(std::int16_t Index);
     void btnAdd_Click(std::int16_t Index);
+    void beginProgram(std::int16_t list);
+    void addProgram(std::int16_t list, const std::string& file);
+    void endProgram(std::int16_t list);
     void btnAddSep_Click(std::int16_t Index);
     void btnRemove_Click(std::int16_t Index);
     void btnH_Click(std::int16_t Index);
@@ -162,6 +166,21 @@ class frmSetup : public forms::Form {
     // eagleEntries.cpp
     void btnAddEAGLE_Click(std::int16_t Index);
     void btnIcon_Click(std::int16_t Index);
+    void useIcon(std::int16_t list, const std::string& reference);
+    // listKeys.cpp
+    bool listKey(std::int16_t Index, const platform::KeyStroke& stroke);
+    void selectRow(std::int16_t list, int row);
+    void removeSelected(std::int16_t list);
+    void copySelected(std::int16_t list);
+    void paste(std::int16_t list);
+    void doubleSelected(std::int16_t list);
+    bool hasRoom(std::int16_t list, std::size_t rows) const;
+    void insert(std::int16_t list, const std::vector<store::ToolButton>& rows);
+    void moveUp(std::int16_t list, int target, int begin, int end);
+    // dropping.cpp
+    void filesDropped(std::int16_t Index, const std::vector<std::string>& files);
+    bool programsDropped(std::int16_t list, const std::vector<std::string>& files);
+    bool iconDropped(std::int16_t list, const std::string& file);
     // optionsPage.cpp
     void fillChoices();
     void cboLanguage_Click();

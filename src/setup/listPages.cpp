@@ -207,11 +207,7 @@ void frmSetup::selectLast(std::int16_t list) {
 
 void frmSetup::btnAdd_Click(std::int16_t Index) {
     store::currentRoutine = "btnAdd_Click";
-    noUpdate = -1;
-    const std::size_t page = at(Index);
-    showEntryFields(Index, entryType::externalProgram);
-    chkAdd[3 * page].setValue(true);
-    emptyFields(Index);
+    beginProgram(Index);
     ObjFiledialog files;
     files.setFilename("*.EXE;*.BAT;*.COM;*.PIF");
     files.setFilter(LoadResString(1051 + languageOffset));
@@ -219,21 +215,37 @@ void frmSetup::btnAdd_Click(std::int16_t Index) {
     files.setFlags(fileDialogFlags);
     files.ShowOpen(window());
     const std::string& file = files.Filename();
-    if (!file.empty()) {
-        txtTitle[page].setText(file.substr(runtime::findLastText(file, "\\") + 1));
-        txtPath[page].setText(file);
-        ToolButton& added = append(Index, entryType::externalProgram);
-        store::extractIconToPicture(file, 0, imgIcon[page]);
-        picView[page].setPicture(imgIcon[page].image());
-        added.icon = store::IconReference{file}.text();
-        fillList(Index);
-    }
-    selectLast(Index);
+    if (!file.empty())
+        addProgram(Index, file);
+    endProgram(Index);
+}
+
+/// Fields for a program to come; until endProgram their events change nothing.
+void frmSetup::beginProgram(std::int16_t list) {
+    noUpdate = -1;
+    showEntryFields(list, entryType::externalProgram);
+    chkAdd[3 * at(list)].setValue(true);
+    emptyFields(list);
+}
+
+void frmSetup::addProgram(std::int16_t list, const std::string& file) {
+    const std::size_t page = at(list);
+    txtTitle[page].setText(file.substr(runtime::findLastText(file, "\\") + 1));
+    txtPath[page].setText(file);
+    ToolButton& added = append(list, entryType::externalProgram);
+    store::extractIconToPicture(file, 0, imgIcon[page]);
+    picView[page].setPicture(imgIcon[page].image());
+    added.icon = store::IconReference{file}.text();
+    fillList(list);
+}
+
+void frmSetup::endProgram(std::int16_t list) {
+    selectLast(list);
     // Kept: after a cancelled dialog the fields stay empty, and the option buttons as they were set above, if
     // the last row was selected before.
     if (store::mended(store::Mend::optionButtons))
-        showDialogKind(Index);
-    refreshPreview(page);
+        showDialogKind(list);
+    refreshPreview(at(list));
     noUpdate = 0;
 }
 

@@ -4,6 +4,7 @@
 #include "runtime/numbers.h"
 #include "runtime/runtimeError.h"
 #include "store/mends.h"
+#include "store/rowKeys.h"
 #include "store/settings.h"
 
 namespace store {
@@ -15,17 +16,6 @@ constexpr std::array<ListOfKind, 3> lists = {{
     {"schem", 3, &schemButtons},
     {"libr", 4, &librButtons},
 }};
-
-/// The keys of a row: its number with one of these words behind it.
-namespace word {
-constexpr const char* name = "name";
-constexpr const char* path = "path";
-constexpr const char* tooltip = "tooltip";
-constexpr const char* param = "param";
-constexpr const char* icon = "icon";
-constexpr const char* dialog = "dialog";
-constexpr const char* type = "type";
-} // namespace word
 
 constexpr std::string_view eagleToken = "{eaglepath}";
 

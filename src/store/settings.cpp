@@ -34,7 +34,7 @@ std::int16_t setini(const std::string& section, const std::string& key, const st
 
 std::string getini(const std::string& section, const std::string& key) {
     currentRoutine = "getini";
-    std::array<char, 255> buffer;
+    std::array<char, longestValue + 1> buffer;
     buffer.fill(' ');
     const auto count = static_cast<std::int16_t>(platform::GetPrivateProfileStringA(
         section.c_str(), key.c_str(), "", buffer.data(), static_cast<std::uint32_t>(buffer.size()),

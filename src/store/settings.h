@@ -2,6 +2,7 @@
 // only way to it, and nothing of it is cached: a value is read at the moment of use.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -41,7 +42,10 @@ inline std::string currentRoutine;
 /// Writes one key. Gives the low half of the platform's result, non-zero on success.
 std::int16_t setini(const std::string& section, const std::string& key, const std::string& value);
 
-/// Value of a key, at most 254 characters; empty if it is absent or empty.
+/// Bytes of a value that come back whole.
+inline constexpr std::size_t longestValue = 254;
+
+/// Value of a key, at most so long; empty if it is absent or empty.
 std::string getini(const std::string& section, const std::string& key);
 
 /// Removes a section. Result as of setini.
