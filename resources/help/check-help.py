@@ -75,8 +75,9 @@ def setting_keys():
     """Every key of the settings file by where it is named in the program."""
     settings = (SOURCES / "store" / "settings.h").read_text(encoding="ascii")
     lists = (SOURCES / "store" / "buttonLists.cpp").read_text(encoding="ascii")
+    row = (SOURCES / "store" / "rowKeys.h").read_text(encoding="ascii")
     keys = re.search(r"namespace key \{(.*?)\} // namespace key", settings, re.DOTALL)[1]
-    words = re.search(r"namespace word \{(.*?)\} // namespace word", lists, re.DOTALL)[1]
+    words = re.search(r"namespace store::word \{(.*?)\} // namespace store::word", row, re.DOTALL)[1]
     sections = re.search(r"namespace section \{(.*?)\} // namespace section", settings, re.DOTALL)[1]
     kinds = re.search(r"lists = \{\{(.*?)\}\};", lists, re.DOTALL)[1]
     quoted = r'"(\w+)"'
