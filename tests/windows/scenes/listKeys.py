@@ -12,7 +12,7 @@ SCHEMATIC = [settings.button("ERC", "erc"), settings.button("Print", "print")]
 MAIL = "C:\\work\\mail.txt"
 ROW = settings.button("Redraw", "window;", tooltip="Draw the window anew")
 LINES = ["Hello,", "", *(f"> 7{key}={ROW.get(key, '')}" for key in settings.KEYS), "", "Regards"]
-SCHEMATIC_PAGE = 2
+BOARD_PAGE, SCHEMATIC_PAGE = 1, 2
 
 
 def copy_all(stage, file, lines):
@@ -26,10 +26,11 @@ def copy_all(stage, file, lines):
 
 
 def from_list_to_list(stage, checks, setup):
+    checks.that(setup.turn_to(BOARD_PAGE), "the page of the board is turned to")
     setup.select(0)
-    checks.that(setup.shows("Fit", "window fit"), "a click selects a row of the board's list")
+    checks.that(setup.shows("Fit", "window fit"), "a click selects a row of its list")
     stage.screen.key("ctrl+c")
-    checks.that(setup.turn_to(SCHEMATIC_PAGE), "the page of the schematic is turned to")
+    checks.that(setup.turn_to(SCHEMATIC_PAGE), "and that of the schematic")
     setup.select(0)
     checks.that(setup.shows("ERC", "erc"), "a click selects a row of its list")
     stage.screen.key("ctrl+v")
@@ -81,7 +82,7 @@ def story(stage, checks):
     schematic.place(660, 0, 640, 440)
     kestrel = stage.start_kestrel("[global]\nlanguage=10000\n" + settings.made(board=BOARD, schematic=SCHEMATIC))
     setup = Setup(stage)
-    checks.that(setup.open(board), "Config opens the setup")
+    checks.that(setup.open(schematic), "Config opens the setup")
     from_list_to_list(stage, checks, setup)
     from_mail(stage, checks, setup)
     help_key(stage, checks, setup)
@@ -92,7 +93,6 @@ def story(stage, checks):
     checks.equal(names, ["Fit", "Redraw", "ERC", "ERC"], "the schematic's list is stored as it was shown")
     checks.equal([row["name"] for row in settings.rows(stage.settings(), "board")], ["Fit", "Ratsnest"],
                  "and the board's as it was")
-    schematic.to_front()
     stage.click_button(schematic, 1)
     poll(schematic.executed)
     checks.equal(schematic.executed(), ["window;"], "the button out of the mail types its command")
