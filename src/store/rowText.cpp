@@ -155,13 +155,10 @@ bool fitsIcon(const std::string& reference) {
 }
 
 std::string rowText(const ToolButton& row, std::int32_t number) {
-    const std::array<std::string, words.size()> values = {row.name,
-                                                          row.path,
-                                                          row.tooltip,
-                                                          row.param,
-                                                          row.icon,
-                                                          std::to_string(row.dialog),
-                                                          std::to_string(row.type)};
+    const RowNumbers numbers =
+        row.asRead.value_or(RowNumbers{std::to_string(row.dialog), std::to_string(row.type)});
+    const std::array<std::string, words.size()> values = {row.name, row.path,       row.tooltip, row.param,
+                                                          row.icon, numbers.dialog, numbers.type};
     std::string text;
     for (std::size_t field = 0; field < words.size(); ++field) {
         text += std::to_string(number) + words[field] + "=" + values[field];
