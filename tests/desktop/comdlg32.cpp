@@ -1,6 +1,7 @@
 #include "platform/comdlg32.h"
 
 #include "desktop/desktop.h"
+#include "desktop/faults.h"
 
 #include <cstring>
 
@@ -70,10 +71,14 @@ int fileDialog(platform::OPENFILENAMEA& record, bool save) {
 namespace platform {
 
 int GetOpenFileNameA(OPENFILENAMEA& record) {
+    if (desktop::Call("GetOpenFileNameA").fails())
+        return 0;
     return fileDialog(record, false);
 }
 
 int GetSaveFileNameA(OPENFILENAMEA& record) {
+    if (desktop::Call("GetSaveFileNameA").fails())
+        return 0;
     return fileDialog(record, true);
 }
 

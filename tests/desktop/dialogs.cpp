@@ -2,6 +2,7 @@
 #include "platform/dialogs.h"
 
 #include "desktop/desktop.h"
+#include "desktop/faults.h"
 
 namespace {
 
@@ -12,6 +13,8 @@ using desktop::world;
 namespace platform {
 
 int msgBox(std::string_view text, int style, std::string_view title) {
+    if (desktop::Call("msgBox").fails())
+        return 0;
     desktop::World& desk = world();
     desk.messageBoxes.push_back({std::string(text), style, std::string(title)});
     if (const auto during = desk.onMessage)
@@ -27,6 +30,8 @@ int msgBox(std::string_view text, int style, std::string_view title) {
 }
 
 std::string inputBox(std::string_view prompt, std::string_view title) {
+    if (desktop::Call("inputBox").fails())
+        return {};
     desktop::World& desk = world();
     desk.inputBoxes.push_back({std::string(prompt), std::string(title)});
     if (desk.inputAnswers.empty())

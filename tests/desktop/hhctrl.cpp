@@ -1,10 +1,13 @@
 #include "platform/hhctrl.h"
 
 #include "desktop/desktop.h"
+#include "desktop/faults.h"
 
 namespace platform {
 
 HWND HtmlHelpA(HWND owner, const char* file, std::uint32_t command, std::uintptr_t data) {
+    if (desktop::Call("HtmlHelpA").fails())
+        throw runtime::RuntimeError(runtime::ErrorNumber::fileNotFound);
     desktop::World& desk = desktop::world();
     desk.helpCalls.push_back({owner, file, command, data});
     if (desk.helpFailures > 0) {

@@ -1,6 +1,7 @@
 #include "platform/kernel32.h"
 
 #include "desktop/desktop.h"
+#include "desktop/faults.h"
 #include "desktop/iniFile.h"
 
 #include <algorithm>
@@ -30,13 +31,17 @@ namespace platform {
 
 std::uint32_t GetPrivateProfileStringA(const char* section, const char* key, const char* defaultValue,
                                        char* buffer, std::uint32_t size, const char* file) {
+    const desktop::Call call("GetPrivateProfileStringA");
     ++world().settingsReads;
     world().settingsPaths.emplace_back(file);
     const std::optional<std::string> text = world().fileText(file);
-    return desktop::profileGet(text ? &*text : nullptr, section, key, defaultValue, buffer, size);
+    return desktop::profileGet(text && !call.fails() ? &*text : nullptr, section, key, defaultValue, buffer,
+                               size);
 }
 
 int WritePrivateProfileStringA(const char* section, const char* key, const char* value, const char* file) {
+    if (desktop::Call("WritePrivateProfileStringA").fails())
+        return 0;
     world().settingsPaths.emplace_back(file);
     if (const desktop::File* found = world().file(file);
         found != nullptr && (found->readOnly || found->locked))
@@ -49,6 +54,8 @@ int WritePrivateProfileStringA(const char* section, const char* key, const char*
 }
 
 HANDLE CreateToolhelp32Snapshot(std::uint32_t flags, std::uint32_t processId) {
+    if (desktop::Call("CreateToolhelp32Snapshot").fails())
+        return HANDLE{static_cast<std::uintptr_t>(-1)};
     if (flags != 2 || processId != 0 || world().snapshotFails)
         return HANDLE{static_cast<std::uintptr_t>(-1)};
     walked = world().processes;
@@ -58,6 +65,8 @@ HANDLE CreateToolhelp32Snapshot(std::uint32_t flags, std::uint32_t processId) {
 }
 
 bool Process32First(HANDLE snapshot, PROCESSENTRY32& entry) {
+    if (desktop::Call("Process32First").fails())
+        return false;
     if (snapshot == HANDLE{static_cast<std::uintptr_t>(-1)})
         return false;
     walkedSoFar = 0;
@@ -65,10 +74,14 @@ bool Process32First(HANDLE snapshot, PROCESSENTRY32& entry) {
 }
 
 bool Process32Next(HANDLE /*snapshot*/, PROCESSENTRY32& entry) {
+    if (desktop::Call("Process32Next").fails())
+        return false;
     return nextRecord(entry);
 }
 
 int GetVersionExA(OSVERSIONINFOA& record) {
+    if (desktop::Call("GetVersionExA").fails())
+        return 0;
     ++world().versionReads;
     if (record.dwOSVersionInfoSize != versionRecordSize || world().versionFails)
         return 0;

@@ -1,9 +1,13 @@
 // The pictures that the program carries, on the simulated desktop: plain areas of the right size.
 #include "forms/picture.h"
 
+#include "desktop/faults.h"
+
 namespace forms {
 
 Picture loadPicture(std::string_view name) {
+    if (desktop::Call("loadPicture").fails())
+        return {};
     const auto plain = [](int width, int height) {
         const auto pixels = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
         return Picture(width, height, std::vector<std::uint32_t>(pixels, 0xFF336699U));

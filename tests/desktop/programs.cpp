@@ -2,6 +2,7 @@
 #include "platform/programs.h"
 
 #include "desktop/desktop.h"
+#include "desktop/faults.h"
 #include "runtime/text.h"
 
 #include <algorithm>
@@ -72,6 +73,8 @@ void World::answerQuestion(bool yes) {
 namespace platform {
 
 void shell(std::string_view commandLine, int windowStyle) {
+    if (desktop::Call("shell").fails())
+        throw runtime::RuntimeError(runtime::ErrorNumber::fileNotFound);
     desktop::World& desk = world();
     if (!desk.shellFailures.empty()) {
         const runtime::RuntimeError failure = desk.shellFailures.front();
@@ -90,6 +93,8 @@ void shell(std::string_view commandLine, int windowStyle) {
 }
 
 void appActivate(std::string_view title) {
+    if (desktop::Call("appActivate").fails())
+        throw runtime::RuntimeError(runtime::ErrorNumber::invalidCall);
     const std::string wanted = runtime::lowerCase(title);
     world().activations.emplace_back(title);
     HWND found = firstWindow([&](const std::string& seen) { return seen == wanted; });
@@ -102,6 +107,8 @@ void appActivate(std::string_view title) {
 }
 
 bool previousInstance() {
+    if (desktop::Call("previousInstance").fails())
+        return false;
     return world().otherInstance;
 }
 

@@ -2,6 +2,7 @@
 #include "platform/shell32.h"
 
 #include "desktop/desktop.h"
+#include "desktop/faults.h"
 #include "platform/codePage.h"
 #include "runtime/text.h"
 
@@ -27,6 +28,8 @@ void World::addIcons(const std::string& path, int count) {
 namespace platform {
 
 std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeIcon, HICON& smallIcon) {
+    if (desktop::Call("ExtractIconExA").fails())
+        return 0;
     desktop::World& desk = desktop::world();
     const auto found = desk.iconFiles.find(desktop::pathKey(file));
     if (!desk.reach(file) || found == desk.iconFiles.end() || index < 0 ||
@@ -42,6 +45,8 @@ std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeI
 }
 
 int iconCount(const char* file) {
+    if (desktop::Call("iconCount").fails())
+        return 0;
     const auto& files = desktop::world().iconFiles;
     const auto found = files.find(desktop::pathKey(file));
     return !desktop::world().reach(file) || found == files.end()
@@ -50,6 +55,8 @@ int iconCount(const char* file) {
 }
 
 int PickIconDlg(HWND owner, std::string& file, std::int32_t& index) {
+    if (desktop::Call("PickIconDlg").fails())
+        return 0;
     desktop::World& desk = desktop::world();
     const std::string reached = desk.reach(file) ? file : std::string();
     const std::u16string start = toUtf16(runtime::untilNul(reached)).substr(0, iconPathSize - 1);
@@ -66,6 +73,8 @@ int PickIconDlg(HWND owner, std::string& file, std::int32_t& index) {
 }
 
 bool Shell_NotifyIconA(std::uint32_t message, const NOTIFYICONDATA& record) {
+    if (desktop::Call("Shell_NotifyIconA").fails())
+        return false;
     desktop::World& desk = desktop::world();
     desk.note("Shell_NotifyIcon " + std::to_string(message));
     if (message == 0 && !desk.trayRefuses)
@@ -77,6 +86,8 @@ bool Shell_NotifyIconA(std::uint32_t message, const NOTIFYICONDATA& record) {
 
 std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, const char* parameters,
                             const char* folder, int command) {
+    if (desktop::Call("ShellExecuteA").fails())
+        return 0;
     desktop::World& desk = desktop::world();
     desk.executed.push_back({owner, verb, file, parameters, folder, command});
     constexpr std::intptr_t fileNotFound = 2;
@@ -88,6 +99,8 @@ std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, cons
 }
 
 HICON programIcon() {
+    if (desktop::Call("programIcon").fails())
+        return HICON::none;
     return HICON{0x42};
 }
 

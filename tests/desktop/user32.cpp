@@ -4,6 +4,7 @@
 
 #include "desktop/codePage.h"
 #include "desktop/desktop.h"
+#include "desktop/faults.h"
 #include "desktop/surfaces.h"
 
 #include <algorithm>
@@ -82,6 +83,8 @@ InAwarenessOf::~InAwarenessOf() {
 }
 
 bool EnumWindows(EnumWindowsCallback callback, std::intptr_t extra) {
+    if (desktop::Call("EnumWindows").fails())
+        return false;
     // The platform walks a snapshot too: the callback may open or close windows.
     static std::vector<HWND> snapshot;
     snapshot = world().order;
@@ -94,9 +97,10 @@ bool EnumWindows(EnumWindowsCallback callback, std::intptr_t extra) {
 }
 
 int GetWindowTextA(HWND window, char* text, int size) {
+    const bool fails = desktop::Call("GetWindowTextA").fails();
     if (world().onTitleRead)
         world().onTitleRead(window);
-    const Window* found = world().find(window);
+    const Window* found = fails ? nullptr : world().find(window);
     if (size <= 0)
         return 0;
     const std::size_t count =
@@ -108,11 +112,15 @@ int GetWindowTextA(HWND window, char* text, int size) {
 }
 
 int GetWindowTextLengthA(HWND window) {
+    if (desktop::Call("GetWindowTextLengthA").fails())
+        return 0;
     const Window* found = world().find(window);
     return found == nullptr ? 0 : static_cast<int>(found->title.size());
 }
 
 bool IsWindow(HWND window) {
+    if (desktop::Call("IsWindow").fails())
+        return false;
     return world().find(window) != nullptr;
 }
 
@@ -122,6 +130,8 @@ bool IsIconic(HWND window) {
 }
 
 bool GetWindowRect(HWND window, RECT& rect) {
+    if (desktop::Call("GetWindowRect").fails())
+        return false;
     if (world().find(window) == nullptr)
         return false;
     rect = seen(window, world().screenRect(window));
@@ -129,6 +139,8 @@ bool GetWindowRect(HWND window, RECT& rect) {
 }
 
 bool GetClientRect(HWND window, RECT& rect) {
+    if (desktop::Call("GetClientRect").fails())
+        return false;
     const Window* found = world().find(window);
     if (found == nullptr)
         return false;
@@ -138,6 +150,7 @@ bool GetClientRect(HWND window, RECT& rect) {
 }
 
 HWND SetParent(HWND child, HWND parent) {
+    const bool refuses = desktop::Call("SetParent").fails();
     noteCall("SetParent", {number(child), number(parent)});
     if (world().onSetParent)
         world().onSetParent(parent);
@@ -145,7 +158,7 @@ HWND SetParent(HWND child, HWND parent) {
     if (moved == nullptr)
         return HWND::none;
     const HWND former = moved->parent;
-    const bool done = world().put(child, parent);
+    const bool done = !refuses && world().put(child, parent);
     if (!done)
         world().lastRefusal = world().now;
     if (!done && !moved->refused) {
@@ -159,6 +172,8 @@ HWND SetParent(HWND child, HWND parent) {
 }
 
 bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint) {
+    if (desktop::Call("MoveWindow").fails())
+        return false;
     noteCall("MoveWindow",
              {number(window), number(x), number(y), number(width), number(height), number(repaint ? 1 : 0)});
     Window* moved = world().find(window);
@@ -180,6 +195,8 @@ bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint) 
 
 bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int width, int height,
                   std::uint32_t flags) {
+    if (desktop::Call("SetWindowPos").fails())
+        return false;
     noteCall("SetWindowPos", {number(window), number(insertAfter), number(x), number(y), number(width),
                               number(height), number(static_cast<std::intptr_t>(flags))});
     if (const Window* found = world().find(window); found == nullptr || found->elevated)
@@ -189,6 +206,8 @@ bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int widt
 }
 
 bool BringWindowToTop(HWND window) {
+    if (desktop::Call("BringWindowToTop").fails())
+        return false;
     noteCall("BringWindowToTop", {number(window)});
     if (world().find(window) == nullptr)
         return false;
@@ -198,6 +217,8 @@ bool BringWindowToTop(HWND window) {
 }
 
 bool ShowWindow(HWND window, int command) {
+    if (desktop::Call("ShowWindow").fails())
+        return false;
     noteCall("ShowWindow", {number(window), number(command)});
     Window* shown = world().find(window);
     if (shown == nullptr || shown->elevated)
@@ -213,6 +234,8 @@ bool ShowWindow(HWND window, int command) {
 }
 
 std::intptr_t SendMessageA(HWND window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) {
+    if (desktop::Call("SendMessageA").fails())
+        return 0;
     noteCall("SendMessage", {number(window), number(static_cast<std::intptr_t>(message)),
                              number(static_cast<std::intptr_t>(wParam)), number(lParam)});
     if (Window* receiver = world().find(window);
@@ -226,6 +249,8 @@ std::intptr_t SendMessageA(HWND window, std::uint32_t message, std::uintptr_t wP
 }
 
 bool RedrawWindow(HWND window, const RECT& rect, std::uint32_t flags) {
+    if (desktop::Call("RedrawWindow").fails())
+        return false;
     noteCall("RedrawWindow", {number(window), number(rect.right), number(rect.bottom),
                               number(static_cast<std::intptr_t>(flags))});
     return world().find(window) != nullptr;
@@ -233,6 +258,8 @@ bool RedrawWindow(HWND window, const RECT& rect, std::uint32_t flags) {
 
 bool DrawIconEx(HDC dc, int x, int y, HICON icon, int width, int height, std::uint32_t /*step*/,
                 std::uint32_t flags) {
+    if (desktop::Call("DrawIconEx").fails())
+        return false;
     desktop::Pixels* target = desktop::pixelsOf(dc);
     const auto found = world().icons.find(static_cast<std::uintptr_t>(icon));
     if (target == nullptr || found == world().icons.end() || width != 0 || height != 0 || flags != 3)
@@ -249,6 +276,8 @@ bool DrawIconEx(HDC dc, int x, int y, HICON icon, int width, int height, std::ui
 }
 
 bool DestroyIcon(HICON icon) {
+    if (desktop::Call("DestroyIcon").fails())
+        return false;
     return world().icons.erase(static_cast<std::uintptr_t>(icon)) == 1;
 }
 

@@ -1,0 +1,32 @@
+#include "desktop/faults.h"
+
+namespace desktop {
+
+Faults& faults() {
+    static Faults all;
+    return all;
+}
+
+void Faults::watch(int failing) {
+    *this = {};
+    watching_ = true;
+    failing_ = failing;
+}
+
+void Faults::stop() {
+    watching_ = false;
+}
+
+Call::Call(const char* name) {
+    Faults& all = faults();
+    if (all.onCall)
+        all.onCall(name);
+    if (!all.watching_)
+        return;
+    ++all.counts_[name];
+    fails_ = ++all.calls_ == all.failing_;
+    if (fails_)
+        all.failed_ = name;
+}
+
+} // namespace desktop
