@@ -194,6 +194,8 @@ Section "Uninstall"
     ${If} ${FileExists} "$INSTDIR\kestrel.ini"
         MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "$(removeSettings)" /SD IDNO IDNO keep
         Delete "$INSTDIR\kestrel.ini"
+        Delete "$INSTDIR\kestrel.bak" ; what the setup has kept of older settings
+        Delete "$INSTDIR\kestrel.sav"
     keep:
     ${EndIf}
     !include "${LISTS}/remove.nsh"

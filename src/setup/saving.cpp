@@ -61,19 +61,23 @@ void frmSetup::commitLists() {
 void frmSetup::btnOk_Click() {
     store::currentRoutine = "btnOk_Click";
     setMousePointer(forms::MousePointer::hourglass);
+    store::keepSettings();
     anythingSaved = true;
     saveOptions();
     saveUnits();
     // Kept: the calculators in EAGLE's windows are other instances and keep their units.
     calculator::defaultMil().loadResources();
     if (chkEAGLE.value() != 0 && !store::isEaglePath(txtEAGLE.text())) {
+        store::settingsWritten();
         showWrongPath();
         setMousePointer(forms::MousePointer::standard);
         return;
     }
     setini(store::section::toolbarWritten, key::eaglePath, std::string(runtime::trim(txtEAGLE.text())));
     commitLists();
-    if (store::saveButtonLists(0) != 0 && !store::isEaglePath(txtEAGLE.text())) {
+    const bool needsEagle = store::saveButtonLists(0) != 0;
+    store::settingsWritten();
+    if (needsEagle && !store::isEaglePath(txtEAGLE.text())) {
         // Kept: all is saved by now, and the hourglass stays.
         showWrongPath();
         return;

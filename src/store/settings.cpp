@@ -1,6 +1,7 @@
 #include "store/settings.h"
 
 #include "platform/executable.h"
+#include "platform/files.h"
 #include "platform/kernel32.h"
 #include "runtime/characters.h"
 #include "runtime/numbers.h"
@@ -14,8 +15,13 @@ namespace {
 
 /// The file, given the folder in the spelling that a routine uses for it. Nothing is normalised: at a drive
 /// root there are two separators in a row, which the platform copes with.
-std::string settingsFile(const std::string& folder) {
-    return folder + "\\kestrel.ini";
+std::string settingsFile(const std::string& folder, const char* extension = "ini") {
+    return folder + "\\kestrel." + extension;
+}
+
+/// The same under another extension, where the program's folder has its own spelling.
+std::string besideSettings(const char* extension) {
+    return settingsFile(platform::programFolder(), extension);
 }
 
 /// Kept: readers and the removal take the folder in lower case, the writer as it stands. Case does not count
@@ -30,6 +36,16 @@ std::int16_t setini(const std::string& section, const std::string& key, const st
     currentRoutine = "setini";
     return static_cast<std::int16_t>(platform::WritePrivateProfileStringA(
         section.c_str(), key.c_str(), value.c_str(), settingsFile(platform::programFolder()).c_str()));
+}
+
+void keepSettings() {
+    const std::string kept = besideSettings("sav");
+    if (platform::dir(kept).empty())
+        platform::copyFile(besideSettings("ini"), kept);
+}
+
+void settingsWritten() {
+    platform::renameFile(besideSettings("sav"), besideSettings("bak"));
 }
 
 std::string getini(const std::string& section, const std::string& key) {

@@ -42,6 +42,14 @@ inline std::string currentRoutine;
 /// Writes one key. Gives the low half of the platform's result, non-zero on success.
 std::int16_t setini(const std::string& section, const std::string& key, const std::string& value);
 
+/// To be called before the first and behind the last of several writes that belong together. What the file
+/// held before stands beside it meanwhile, as kestrel.sav, and from then on as kestrel.bak: the whole old
+/// settings, if the program does not come to the end of its writes. A kestrel.sav that is there already is
+/// of a run that was killed, and worth more than what that has left in the settings file: it is kept.
+/// Where the folder refuses, nothing is kept.
+void keepSettings();
+void settingsWritten();
+
 /// Bytes of a value that come back whole.
 inline constexpr std::size_t longestValue = 254;
 

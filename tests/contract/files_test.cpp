@@ -78,6 +78,44 @@ TEST_CASE("a folder with blanks in its name is looked into") {
     CHECK(platform::dir(world.path("My Tools\\x y.exe /a")).empty());
 }
 
+TEST_CASE("a copy takes the place of what is there, and may be written") {
+    World world;
+    const std::string from = world.path("a.ini");
+    const std::string to = world.path("a.sav");
+    world.writeFile(from, "new", {.readOnly = true});
+    world.writeFile(to, "something older");
+    CHECK(platform::copyFile(from, to));
+    CHECK(world.readFile(to) == "new");
+    CHECK(world.readFile(from) == "new");
+    CHECK(platform::dir(world.path("a.sav?")).empty());
+    platform::kill(to);
+    CHECK_FALSE(world.readFile(to).has_value());
+}
+
+TEST_CASE("a copy of nothing, or into nothing, fails and leaves what is there") {
+    World world;
+    const std::string to = world.path("a.sav");
+    world.writeFile(to, "old");
+    CHECK_FALSE(platform::copyFile(world.path("none.ini"), to));
+    CHECK(world.readFile(to) == "old");
+    CHECK_FALSE(platform::copyFile(to, world.path("nosuch\\a.sav")));
+    world.makeFolder(world.path("folder"));
+    CHECK_FALSE(platform::copyFile(to, world.path("folder")));
+}
+
+TEST_CASE("a file gets another name, in place of what has it") {
+    World world;
+    const std::string from = world.path("a.sav");
+    const std::string to = world.path("a.bak");
+    world.writeFile(from, "new");
+    world.writeFile(to, "something older");
+    CHECK(platform::renameFile(from, to));
+    CHECK(world.readFile(to) == "new");
+    CHECK_FALSE(world.readFile(from).has_value());
+    CHECK_FALSE(platform::renameFile(from, to));
+    CHECK(world.readFile(to) == "new");
+}
+
 TEST_CASE("a deleted file is gone") {
     World world;
     world.writeFile(world.path("execute.txt"), "x");

@@ -1,10 +1,14 @@
 // Files of the simulated desktop and the operations on them.
 #include "desktop/desktop.h"
+#include "desktop/faults.h"
+#include "desktop/folders.h"
 
 #include "platform/files.h"
 #include "runtime/characters.h"
 #include "runtime/runtimeError.h"
 #include "runtime/text.h"
+
+#include <algorithm>
 
 namespace desktop {
 
@@ -27,6 +31,15 @@ bool matches(std::string_view name, std::string_view pattern) {
            matches(name.substr(1), pattern.substr(1));
 }
 
+/// Whether a file may be put in the place of what has this path.
+bool mayReplace(const std::string& path) {
+    const File* there = world().file(path);
+    const std::string in = path.substr(0, runtime::findLastText(path, "\\"));
+    const File* folder = world().file(in);
+    return folderExists(in) && (folder == nullptr || !folder->readOnly) &&
+           (there == nullptr || !(there->directory || there->readOnly || there->locked));
+}
+
 } // namespace
 
 std::string pathKey(const std::string& path) {
@@ -41,6 +54,16 @@ std::string pathKey(const std::string& path) {
         last = character;
     }
     return runtime::lowerCase(key);
+}
+
+bool folderExists(const std::string& path) {
+    const std::string key = pathKey(path);
+    if (const File* found = world().file(path))
+        return found->directory;
+    // The drive's root, and the folder that the program has been put into.
+    return key == "c:" || key == "c:\\kestrel" || std::ranges::any_of(world().files, [&](const auto& entry) {
+               return entry.first.starts_with(key + "\\");
+           });
 }
 
 void World::writeFile(const std::string& path, const std::string& content) {
@@ -101,6 +124,8 @@ bool World::reach(const std::string& path) {
 namespace platform {
 
 std::string dir(std::string_view path) {
+    if (desktop::Call("dir").fails())
+        return {};
     const std::string key = desktop::pathKey(std::string(path));
     const std::size_t slash = runtime::findLastText(key, "\\");
     if (!desktop::world().reach(std::string(path)))
@@ -119,6 +144,8 @@ std::string dir(std::string_view path) {
 }
 
 void kill(std::string_view path) {
+    if (desktop::Call("kill").fails())
+        throw runtime::RuntimeError(runtime::ErrorNumber::permissionDenied);
     const desktop::File* file = desktop::world().file(std::string(path));
     if (file == nullptr)
         throw runtime::RuntimeError(runtime::ErrorNumber::fileNotFound);
@@ -129,7 +156,30 @@ void kill(std::string_view path) {
     desktop::world().removeFile(std::string(path));
 }
 
+bool copyFile(std::string_view from, std::string_view to) {
+    if (desktop::Call("copyFile").fails())
+        return false;
+    const desktop::File* file = desktop::world().file(std::string(from));
+    if (file == nullptr || file->directory || file->locked || !desktop::mayReplace(std::string(to)))
+        return false;
+    desktop::world().writeFile(std::string(to), std::string(file->content));
+    return true;
+}
+
+bool renameFile(std::string_view from, std::string_view to) {
+    if (desktop::Call("renameFile").fails())
+        return false;
+    const desktop::File* file = desktop::world().file(std::string(from));
+    if (file == nullptr || file->directory || file->locked || !desktop::mayReplace(std::string(to)))
+        return false;
+    desktop::world().writeFile(std::string(to), std::string(file->content));
+    desktop::world().removeFile(std::string(from));
+    return true;
+}
+
 std::string currentDirectory() {
+    if (desktop::Call("currentDirectory").fails())
+        throw runtime::RuntimeError(runtime::ErrorNumber::permissionDenied);
     auto& failures = desktop::world().directoryFailures;
     if (!failures.empty()) {
         const runtime::RuntimeError failure = failures.front();

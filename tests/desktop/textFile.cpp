@@ -1,10 +1,10 @@
 #include "platform/textFile.h"
 
 #include "desktop/desktop.h"
+#include "desktop/faults.h"
+#include "desktop/folders.h"
 #include "runtime/characters.h"
 #include "runtime/runtimeError.h"
-
-#include <algorithm>
 
 namespace {
 
@@ -14,20 +14,10 @@ using desktop::world;
     throw runtime::RuntimeError(number);
 }
 
-bool folderExists(const std::string& path) {
-    const std::string key = desktop::pathKey(path);
-    if (const desktop::File* found = world().file(path))
-        return found->directory;
-    // The drive's root, and the folder that the program has been put into.
-    return key == "c:" || key == "c:\\kestrel" || std::ranges::any_of(world().files, [&](const auto& entry) {
-               return entry.first.starts_with(key + "\\");
-           });
-}
-
 /// The file at a path that is to be written, made if need be.
 desktop::File& writable(const std::string& path) {
     const std::string folder = path.substr(0, runtime::findLastText(path, "\\"));
-    if (!folderExists(folder))
+    if (!desktop::folderExists(folder))
         fail(runtime::ErrorNumber::pathNotFound);
     desktop::File* found = world().file(path);
     if (found != nullptr && found->locked)
@@ -45,9 +35,11 @@ desktop::File& writable(const std::string& path) {
 namespace platform {
 
 std::string readFirstLine(std::string_view path) {
+    if (desktop::Call("readFirstLine").fails())
+        fail(runtime::ErrorNumber::permissionDenied);
     const std::string whole(path);
     const std::size_t slash = runtime::findLastText(whole, "\\");
-    if (slash != std::string::npos && !folderExists(whole.substr(0, slash)))
+    if (slash != std::string::npos && !desktop::folderExists(whole.substr(0, slash)))
         fail(runtime::ErrorNumber::pathNotFound);
     const desktop::File* file = world().file(whole);
     if (file == nullptr)

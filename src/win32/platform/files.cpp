@@ -15,6 +15,8 @@ runtime::RuntimeError lastError() {
     return win32::lastFileError(runtime::ErrorNumber::fileNotFound);
 }
 
+constexpr DWORD replaceAtOnce = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+
 /// The bare name of the first plain file that a path matches, none if there is none. Tells whether the path's
 /// host has answered.
 bool findFile(const std::string& path, std::string& name) {
@@ -48,6 +50,20 @@ std::string dir(std::string_view path) {
 void kill(std::string_view path) {
     if (DeleteFileW(win32::widePath(path).c_str()) == FALSE)
         throw lastError();
+}
+
+bool copyFile(std::string_view from, std::string_view to) {
+    // The copy gets its name when it is whole.
+    const std::wstring target = win32::widePath(to);
+    const std::wstring half = target + L"~";
+    // One that may not be written could not be replaced by the next.
+    return CopyFileW(win32::widePath(from).c_str(), half.c_str(), FALSE) != FALSE &&
+           SetFileAttributesW(half.c_str(), FILE_ATTRIBUTE_NORMAL) != FALSE &&
+           MoveFileExW(half.c_str(), target.c_str(), replaceAtOnce) != FALSE;
+}
+
+bool renameFile(std::string_view from, std::string_view to) {
+    return MoveFileExW(win32::widePath(from).c_str(), win32::widePath(to).c_str(), replaceAtOnce) != FALSE;
 }
 
 std::string currentDirectory() {
