@@ -18,6 +18,7 @@ steps=(
     'native-growth 1 KESTREL_GROWTH=50 build/native/bin/kestrel-tests -ts=core/growth'
     'win32-growth 4 growth i686'
     'win64-growth 4 growth x86_64'
+    'failing-calls 1 KESTREL_ALL=1 build/native/bin/kestrel-tests -ts="failures/*"'
     'win64-scenes 1 "$PYTHON" tests/windows/play-all.py --once win64'
     'win32-contract 50 tools/test-contract.sh i686'
     'win64-contract 50 tools/test-contract.sh x86_64'
