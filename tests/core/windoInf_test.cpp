@@ -132,6 +132,12 @@ TEST_CASE("a process name that fills its whole field is read to its end") {
     CHECK(core::isEagleRunning() == 1);
 }
 
+TEST_CASE("what follows the NUL of a process's name is not a part of it") {
+    Session session;
+    world().startProcess(std::string("explorer.exe\0eagle.exe", 22), 1);
+    CHECK(core::isEagleRunning() == 0);
+}
+
 TEST_CASE("the snapshot of the process walk stays open") {
     Session session;
     core::isEagleRunning();

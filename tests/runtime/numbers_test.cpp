@@ -45,6 +45,14 @@ TEST_CASE("a number is read as far as it goes") {
     CHECK(runtime::readNumber("123456789.123456789") == 123456789.123456789);
 }
 
+TEST_CASE("an exponent ends where the text does, whatever stands behind that") {
+    const std::string_view whole = "12e+57";
+    CHECK(runtime::readNumber(whole.substr(0, 3)) == 12);
+    CHECK(runtime::readNumber(whole.substr(0, 4)) == 12);
+    CHECK(runtime::readNumber(whole.substr(0, 5)) == 12e5);
+    CHECK(runtime::readNumber(whole.substr(0, 1)) == 1);
+}
+
 TEST_CASE("an exponent counts only if a digit follows") {
     CHECK(runtime::readNumber("1e3") == 1000);
     CHECK(runtime::readNumber("1E+3x") == 1000);
