@@ -25,7 +25,12 @@ bool KeyboardPlace::give() const {
     if (!answers(front))
         return false;
     bring();
-    return GetForegroundWindow() == front;
+    // The two may share one input whose focus is elsewhere until that window has heard that it is in front.
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetWindowThreadProcessId(front, nullptr), &info);
+    return GetForegroundWindow() == front &&
+           (info.hwndFocus == nullptr || GetAncestor(info.hwndFocus, GA_ROOT) == front);
 }
 
 void KeyboardPlace::bring() const {
