@@ -36,17 +36,11 @@ int enumTitleCallback(platform::HWND window, std::intptr_t /*extra*/) {
 std::string getWindowCaption(platform::HWND window) {
     if (!platform::IsWindow(window))
         return {};
-    // Nearly every title is read whole at once; a longer one is read anew for its length.
-    constexpr std::size_t usual = 512;
-    std::string buffer(usual, '\0');
-    int length = platform::GetWindowTextA(window, buffer.data(), static_cast<int>(usual));
-    if (length + 1 == static_cast<int>(usual)) {
-        length = platform::GetWindowTextLengthA(window);
-        buffer.assign(static_cast<std::size_t>(std::max(length, 0)) + 2, '\0');
-        platform::GetWindowTextA(window, buffer.data(), length + 1);
-    }
+    const int length = platform::GetWindowTextLengthA(window);
     if (length <= 0)
         return {};
+    std::string buffer(static_cast<std::size_t>(length) + 2, '\0');
+    platform::GetWindowTextA(window, buffer.data(), length + 1);
     constexpr std::size_t longest = 255;
     // The buffer's own zero characters stand behind the title, so blanks there stay until the cut below.
     const std::string_view whole = runtime::trim(buffer);
