@@ -27,7 +27,13 @@ class OwnerDisabled {
   public:
     explicit OwnerDisabled(platform::HWND owner) {
         desktop::World& desk = desktop::world();
-        if (desktop::Window* root = desk.find(desk.rootOf(owner)); root != nullptr && root->enabled) {
+        desktop::Window* root = desk.find(desk.rootOf(owner));
+        if (root == nullptr || !desk.answers(root->handle))
+            return;
+        if (!root->enabled) {
+            desk.foundDisabled.push_back(root->handle);
+            foundDisabled_ = true;
+        } else {
             root->enabled = false;
             desk.disabledHosts.push_back(root->handle);
             disabled_ = root->handle;
@@ -37,10 +43,13 @@ class OwnerDisabled {
         if (desktop::Window* root = desktop::world().find(disabled_))
             root->enabled = true;
         std::erase(desktop::world().disabledHosts, disabled_);
+        if (foundDisabled_)
+            desktop::world().bringOthersToFront();
     }
 
   private:
     platform::HWND disabled_ = platform::HWND::none;
+    bool foundDisabled_ = false;
 };
 
 int fileDialog(platform::OPENFILENAMEA& record, bool save) {

@@ -176,6 +176,16 @@ class World {
     HWND makeGhost(HWND hung);
     /// It answers again: the picture goes, with what stood in it.
     void endGhost(HWND ghost, HWND awake);
+    /// All windows of this one's program take no message for so long. Whoever asks one waits for it, until
+    /// the system knows that it hangs; what it is told without being asked it does when it wakes.
+    void hang(HWND window, std::int64_t milliseconds);
+    bool hangs(HWND window);
+    /// Asks a window as the program does, at the cost of time.
+    bool answers(HWND window);
+    /// Now, or when the window's program wakes.
+    void whenAwake(HWND window, const std::function<void()>& change);
+    /// Was to come in front and did not answer; whoever can wait brings it there.
+    HWND owedKeyboard = HWND::none;
     /// The window dies with all that stands in it.
     void closeWindow(HWND handle);
     Window* find(HWND handle);
@@ -190,6 +200,8 @@ class World {
     bool isSeen(HWND handle);
     /// The top-level window that a window stands in, or is.
     HWND rootOf(HWND handle);
+    /// The system has to choose a window that comes in front, and none of the program's can.
+    void bringOthersToFront();
     /// Puts a window of ours into another one, or onto the desktop. False if the system refuses: the parent
     /// has died, has more rights, or stands in the window itself.
     bool put(HWND child, HWND parent);
@@ -303,7 +315,10 @@ class World {
     std::vector<TypedKeys> typed;
     std::vector<std::string> activations; ///< titles that were activated
     std::vector<HWND> disabledHosts;      ///< by dialogs that are up
-    std::function<void()> onFileDialog;   ///< runs while a file dialog is up
+    /// Owners that a dialog of the system found disabled. It leaves them so, and when it goes none of the
+    /// program's windows can come in front: the system chooses another program's.
+    std::vector<HWND> foundDisabled;
+    std::function<void()> onFileDialog; ///< runs while a file dialog is up
     int beeps = 0;
     std::optional<platform::NOTIFYICONDATA> trayIcon;
     bool trayRefuses = false;
@@ -368,8 +383,18 @@ class World {
     std::vector<TimerState> timers;
     /// Fires the timer that is due first if it is due by `limit`; false if none is.
     bool fireNext(std::int64_t limit);
+    /// Serves the program's own messages until a condition holds, or for so long.
+    void serveUntil(const std::function<bool()>& condition, std::int64_t milliseconds);
 
   private:
+    struct Hang {
+        std::int64_t since;
+        std::int64_t until;
+        std::vector<std::function<void()>> changes; ///< that wait for its end
+    };
+    /// Programs whose time has come wake.
+    void wake();
+    std::map<std::uint32_t, Hang> hangs_;
     std::map<HWND, Window> windows_;
     std::uintptr_t nextWindow_ = 0x100;
 };

@@ -31,6 +31,13 @@ void noteCall(const char* name, std::initializer_list<std::string> arguments) {
     world().note(call);
 }
 
+void raiseWhenAwake(platform::HWND window) {
+    world().whenAwake(window, [window] {
+        if (world().find(window) != nullptr)
+            world().raise(window);
+    });
+}
+
 /// A pixel with another one drawn over it, as far as that is opaque.
 std::uint32_t covered(std::uint32_t below, std::uint32_t above) {
     constexpr std::uint32_t opaque = 0xFF;
@@ -185,11 +192,15 @@ bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint) 
     height = toWindow(window, height);
     const int oldWidth = moved->rect.right - moved->rect.left;
     const int oldHeight = moved->rect.bottom - moved->rect.top;
-    const bool elsewhere = moved->rect.left != x || moved->rect.top != y;
-    moved->rect = {x, y, x + oldWidth, y + oldHeight};
-    if (elsewhere && moved->moved)
-        moved->moved(*moved);
-    world().resizeWindow(window, width, height);
+    world().whenAwake(window, [=] {
+        if (Window* awake = world().find(window)) {
+            const bool elsewhere = awake->rect.left != x || awake->rect.top != y;
+            awake->rect = {x, y, x + oldWidth, y + oldHeight};
+            if (elsewhere && awake->moved)
+                awake->moved(*awake);
+            world().resizeWindow(window, width, height);
+        }
+    });
     return true;
 }
 
@@ -201,7 +212,7 @@ bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int widt
                               number(height), number(static_cast<std::intptr_t>(flags))});
     if (const Window* found = world().find(window); found == nullptr || found->elevated)
         return false;
-    world().raise(window);
+    raiseWhenAwake(window);
     return true;
 }
 
@@ -211,8 +222,11 @@ bool BringWindowToTop(HWND window) {
     noteCall("BringWindowToTop", {number(window)});
     if (world().find(window) == nullptr)
         return false;
-    world().raise(window);
-    world().foreground = window;
+    if (world().answers(window))
+        world().foreground = window;
+    else
+        world().owedKeyboard = window;
+    raiseWhenAwake(window);
     return true;
 }
 
@@ -226,10 +240,14 @@ bool ShowWindow(HWND window, int command) {
     const bool was = shown->visible;
     if (shown->busy)
         return was;
-    world().show(window, command != 0);
-    constexpr int minimise = 6;
-    if (command == minimise || command == platform::restoreWindow)
-        shown->minimised = command == minimise;
+    world().whenAwake(window, [=] {
+        if (Window* awake = world().find(window)) {
+            world().show(window, command != 0);
+            constexpr int minimise = 6;
+            if (command == minimise || command == platform::restoreWindow)
+                awake->minimised = command == minimise;
+        }
+    });
     return was;
 }
 
@@ -240,10 +258,16 @@ std::intptr_t SendMessageA(HWND window, std::uint32_t message, std::uintptr_t wP
                              number(static_cast<std::intptr_t>(wParam)), number(lParam)});
     if (Window* receiver = world().find(window);
         receiver != nullptr && !receiver->elevated && message == 11) {
-        receiver->redraw = wParam != 0;
-        // The system shows a window whose drawing is switched on, even if it was hidden.
-        if (receiver->redraw)
-            world().show(window, true);
+        // One that does not answer in time is told without being asked.
+        static_cast<void>(world().answers(window));
+        world().whenAwake(window, [=] {
+            if (Window* awake = world().find(window)) {
+                awake->redraw = wParam != 0;
+                // The system shows a window whose drawing is switched on, even if it was hidden.
+                if (awake->redraw)
+                    world().show(window, true);
+            }
+        });
     }
     return 0;
 }

@@ -146,6 +146,13 @@ HWND World::rootOf(HWND handle) {
     return handle;
 }
 
+void World::bringOthersToFront() {
+    const auto first = std::ranges::find_if(order, [this](HWND handle) {
+        return window(handle).process != programProcess && window(handle).visible && window(handle).enabled;
+    });
+    foreground = first == order.end() ? HWND::none : *first;
+}
+
 bool World::put(HWND child, HWND parent) {
     if (const Window* host = find(parent); host != nullptr && host->dying)
         closeWindow(parent);
@@ -225,6 +232,7 @@ void World::run(std::int64_t milliseconds) {
         timers.clear();
     }
     now = std::max(now, limit);
+    wake();
 }
 
 bool World::fireNext(std::int64_t limit) {
@@ -233,6 +241,7 @@ bool World::fireNext(std::int64_t limit) {
     if (first == timers.end() || first->due > limit)
         return false;
     now = std::max(now, first->due);
+    wake();
     first->due = now + first->timer->interval();
     forms::Timer* const timer = first->timer;
     runtime::guarded([timer] { timer->elapsed(); });
@@ -263,8 +272,22 @@ void runModal(Form& form) {
         return;
     world.modalForms.push_back(&form);
     struct Pop {
-        ~Pop() { desktop::world().modalForms.pop_back(); }
+        ~Pop() {
+            desktop::world().modalForms.pop_back();
+            for (const platform::HWND window : held)
+                if (desktop::Window* found = desktop::world().find(window))
+                    found->enabled = true;
+        }
+        std::vector<platform::HWND> held; ///< what the user cannot reach meanwhile
     } pop;
+    for (const platform::HWND window : world.order)
+        if (desktop::Window& other = world.window(window);
+            other.process == desktop::programProcess && window != form.hWnd() && other.enabled) {
+            other.enabled = false;
+            pop.held.push_back(window);
+        }
+    if (desktop::Window* own = world.find(form.hWnd()))
+        own->enabled = true;
     if (!world.modalScripts.empty()) {
         const auto script = world.modalScripts.front();
         world.modalScripts.pop_front();

@@ -217,6 +217,26 @@ TEST_CASE("browsing for EAGLE puts the chosen file into the field, Cancel change
     }
 }
 
+TEST_CASE("a file dialog over the setup finds it enabled, so that the setup is in front again afterwards") {
+    Dialog dialog;
+    dialog.desk().openWindow("another program");
+    bool asked = false;
+    dialog.desk().modalScripts.emplace_back([&](forms::Form& form) {
+        dialog.desk().foreground = form.window();
+        dialog.desk().onFileDialog = [&] {
+            asked = true;
+            CHECK_FALSE(dialog.desk().window(form.window()).enabled);
+        };
+        dialog.form().btnEAGLE.click();
+        CHECK(dialog.desk().window(form.window()).enabled);
+        CHECK(dialog.desk().foreground == form.window());
+        form.unload();
+    });
+    dialog.act([] { setup::openSetup(0); });
+    CHECK(asked);
+    CHECK(dialog.desk().foundDisabled.empty());
+}
+
 TEST_CASE("the help opens in the dialog's language") {
     for (const auto& [offset, context] : {std::pair{0, 6000U}, std::pair{10000, 16000U}}) {
         Dialog dialog;
