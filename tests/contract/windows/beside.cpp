@@ -1,7 +1,6 @@
 #include "contract/windows/beside.h"
 
-#include "platform/keySender.h"
-
+#include <array>
 #include <string_view>
 #include <thread>
 
@@ -22,6 +21,18 @@ BOOL CALLBACK compare(HWND window, LPARAM parameter) {
         return TRUE;
     search.found = window;
     return FALSE;
+}
+
+/// As the user does it: what a dialog before this one owes to its host is not made good first, as it is for
+/// what the program types.
+void pressKey(platform::Key key) {
+    std::array<INPUT, 2> inputs{};
+    for (INPUT& input : inputs) {
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = static_cast<WORD>(key);
+    }
+    inputs[1].ki.dwFlags = KEYEVENTF_KEYUP;
+    SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
 
 } // namespace
@@ -64,11 +75,10 @@ bool hasKeyboard(HWND dialog) {
 bool closeBy(HWND dialog, platform::Key key) {
     if (!comes([dialog] { return hasKeyboard(dialog); }))
         return false;
-    const platform::KeyStroke stroke{.key = key};
     return comes([&, pressed = ULONGLONG{0}]() mutable {
         constexpr ULONGLONG again = 1'000; // milliseconds
         if (IsWindow(dialog) != FALSE && GetTickCount64() - pressed > again) {
-            platform::sendKeys({&stroke, 1}, false);
+            pressKey(key);
             pressed = GetTickCount64();
         }
         return IsWindow(dialog) == FALSE;
