@@ -53,7 +53,7 @@ step 'wine' tools/setup-wine.sh
 step 'contract and scenes' "$PYTHON" tests/windows/play-all.py \
     win32 contract contract-932 contract-65001 scenes \
     win64 contract mainJob calculator runRequest tray setupDialog controls dialogs hostLife programStart toolbarWindow \
-    sessionEnd installer checkKit
+    sessionEnd installer newUser checkKit
 
 printf '\n'
 printf '   %s\n' "${summary[@]}" "$(printf '%-43s %4d s' 'all together' "$SECONDS")"
