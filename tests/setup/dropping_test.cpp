@@ -1,6 +1,6 @@
 // Files that are dropped on a list of the setup.
+#include "codePages.h"
 #include "setup/dialog.h"
-
 #include "store/mends.h"
 
 using setup::entry;
@@ -109,11 +109,15 @@ TEST_CASE("a path with a comma, which no icon's reference may have, is refused u
     dialog.select(schematic, 0);
     CHECK_FALSE(dialog.drop({"C:\\tools\\a, b.exe"}));
     CHECK_FALSE(dialog.drop({"C:\\tools\\a, b.ico"}));
+    store::mendsOn = true;
+    CHECK(dialog.drop({"C:\\tools\\a, b.exe"}));
+    CHECK(dialog.drop({"C:\\tools\\a, b.ico"}));
+    store::mendsOn = false;
 }
 
 TEST_CASE("a section sign in a program's path is refused unless that is mended") {
     Desk dialog;
-    const std::string path = "C:\\tools\\\xA7.exe";
+    const std::string path = western("C:\\tools\\\xA7.exe");
     dialog.desk().writeFile(path, "content");
     CHECK_FALSE(dialog.drop({path}));
     store::mendsOn = true;

@@ -1,6 +1,6 @@
 // The list pages by keyboard and clipboard.
+#include "codePages.h"
 #include "setup/dialog.h"
-
 #include "store/mends.h"
 #include "store/rowText.h"
 
@@ -168,7 +168,7 @@ TEST_CASE("what is no row is refused with a beep and changes nothing") {
     CHECK_FALSE(paste(dialog, board, "window fit"));
     CHECK_FALSE(paste(dialog, board, std::string("\0name=a\n", 8)));
     CHECK_FALSE(paste(dialog, board, rowText(entry("x"), 1) + "2name=y\n2dialog=0\n2type=70000\n"));
-    CHECK_FALSE(paste(dialog, board, rowText(entry("\xA7"), 1)));
+    CHECK_FALSE(paste(dialog, board, rowText(entry(western("\xA7")), 1)));
     CHECK_FALSE(paste(dialog, board, std::string(1U << 20U, 'x')));
     dialog.desk().clipboard.reset();
     CHECK(press(dialog, board, control(U'v')));

@@ -1,6 +1,7 @@
 // Rows of a button list as text: copied from a list, pasted from a list, a settings file, a mail.
 #include "store/rowText.h"
 
+#include "codePages.h"
 #include "desktop/desktop.h"
 #include "store/mends.h"
 
@@ -128,9 +129,9 @@ TEST_CASE("a section sign in path or question ends a click, and is refused unles
     const desktop::Session session;
     for (const bool mended : {false, true}) {
         store::mendsOn = mended;
-        CHECK(refused(row("1path=a\xA7\n")) == !mended);
-        CHECK(refused(row("1param=a\xA7\n")) == !mended);
-        CHECK_FALSE(refused(row("1tooltip=\xA7\n")));
+        CHECK(refused(row(western("1path=a\xA7\n"))) == !mended);
+        CHECK(refused(row(western("1param=a\xA7\n"))) == !mended);
+        CHECK_FALSE(refused(row(western("1tooltip=\xA7\n"))));
     }
     store::mendsOn = false;
 }
