@@ -7,10 +7,10 @@ import hashlib
 import json
 from pathlib import Path
 
-# The folder that holds the packages of a version, without a slash at its end. A placeholder: whoever publishes puts in an
-# address of their own.
-ADDRESS = "https://kestrel.example/download"
+# A placeholder: whoever publishes puts in an address of their own, without a slash at its end. The packages of a version
+# are in download/VERSION below it.
 HOMEPAGE = "https://kestrel.example"
+ADDRESS = f"{HOMEPAGE}/download"
 
 IDENTIFIER = "KestrelTeam.Kestrel"
 SCHEMA = "1.6.0"  # of winget's manifests
