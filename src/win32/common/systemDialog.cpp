@@ -23,6 +23,8 @@ HWND hostOf(HWND asking) {
 } // namespace
 
 struct HeldHost::State {
+    explicit State(HWND host) : window(host) {}
+
     HWND window;
     std::atomic<bool> enabled = true; ///< as it is wanted
 

@@ -32,7 +32,7 @@ std::shared_ptr<const OwnedFont> fontOf(const forms::Font& font, int dots) {
     for (const Known& known : all)
         if (known.dots == dots && known.font == font)
             return known.made.lock();
-    const auto made = std::make_shared<const OwnedFont>(make(font, dots));
+    auto made = std::make_shared<const OwnedFont>(make(font, dots));
     // One that could not be made is asked for again.
     if (made->handle != nullptr)
         all.push_back({font, dots, made});
