@@ -20,6 +20,7 @@ steps=(
     'win64-growth 4 growth x86_64'
     'failing-calls 1 KESTREL_ALL=1 build/native/bin/kestrel-tests -ts="failures/*"'
     'win64-scenes 1 "$PYTHON" tests/windows/play-all.py --once win64'
+    'win64-pages 1 "$PYTHON" tests/windows/play-all.py --once win64 contract-932 contract-65001'
     'win32-contract 50 tools/test-contract.sh i686'
     'win64-contract 50 tools/test-contract.sh x86_64'
     'win32-scenes 50 "$PYTHON" tests/windows/play-all.py --once win32'
