@@ -162,8 +162,8 @@ class Artist:
         for entered in (OWN_WORK, "*.txt"):
             self.stage.screen.type(entered)
             self.stage.screen.key("Return")
-        self.rest()
-        self.stage.screen.still(dialog.place)
+            self.rest()
+            self.stage.screen.still(dialog.place)  # it shows the folder, or the files, and a new text in its field
         self.keep("file-dialog", self.frame(dialog))
         self.stage.screen.key("Escape")
         poll(lambda: not self.stage.look().top(title))
