@@ -264,10 +264,10 @@ TEST_CASE("the keyboard is given back while a dialog of the system still stands"
         return GetForegroundWindow() == dialog;
     }));
     EnableWindow(shown.owner(), TRUE);
-    CHECK(World::foreground() == editor);
-    CHECK(IsWindowEnabled(win32::native(editor)));
+    CHECK(World::until([&] { return World::foreground() == editor; }));
+    CHECK(World::until([&] { return IsWindowEnabled(win32::native(editor)) != FALSE; }));
     DestroyWindow(dialog);
-    CHECK(World::foreground() == editor);
+    CHECK(World::until([&] { return World::foreground() == editor; }));
 }
 
 TEST_CASE(
