@@ -37,7 +37,7 @@ constexpr const char* description = "*PPD-Adobe: \"4.3\"\n"
 /// The default printer from its making to its end.
 class FilePrinter {
   public:
-    explicit FilePrinter(World& world) : file_("kestrel-" + std::to_string(GetCurrentProcessId()) + ".ps") {
+    explicit FilePrinter(World& world) : file_(freshName()) {
         std::string data = world.path("printer.ppd");
         contract::writeWholeFile(data, description);
         std::string driverName = "Contract driver";
@@ -81,6 +81,15 @@ class FilePrinter {
     std::optional<std::string> printed() const { return contract::readWholeFile(path()); }
 
   private:
+    /// By the moment as well: suites that run beside each other have drives of their own, on which processes
+    /// have the same numbers, and share the folder that printers write to.
+    static std::string freshName() {
+        LARGE_INTEGER moment{};
+        QueryPerformanceCounter(&moment);
+        return "kestrel-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(moment.QuadPart) +
+               ".ps";
+    }
+
     std::string path() const { return "Z:\\tmp\\" + file_; }
 
     std::string file_;
