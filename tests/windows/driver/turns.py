@@ -15,7 +15,7 @@ from pathlib import Path
 
 COUNTS = re.compile(r"^(\d+) passed, (\d+) failed\s*$|test cases:.*\|\s*(\d+) passed \|\s*(\d+) failed", re.M)
 FAILURE = re.compile(r"^\s*FAIL\s+(.*)|^(\S+: (?:FATAL )?ERROR: .*)", re.M)  # of a scene, of a contract suite
-SECOND_TRIES = 3  # where more than so many fail, it was no race
+SECOND_TRIES = 5  # where more than so many fail, it was no race
 
 
 @dataclass(eq=False)  # the same may be played twice
