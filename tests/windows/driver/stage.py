@@ -153,6 +153,15 @@ class Stage:
             return False
         return poll(come, seconds)
 
+    def copy_text(self, file, lines):
+        """Has the notepad put a text into the clipboard, from a file that is made for it."""
+        self.prefix.path(file).write_text("\r\n".join(lines), encoding="ascii", newline="")
+        process = self.witness.run(f"C:\\windows\\notepad.exe {file}")
+        notepad = poll(lambda: [window for window in self.look().top() if window.process == process])
+        self.wait_for_focus(notepad[0].handle)
+        self.screen.key("ctrl+a", "ctrl+c", "alt+F4")
+        poll(lambda: not self.look().running("notepad.exe"))
+
     @staticmethod
     def _field(editor, desktop):
         fields = [child for child in desktop.windows[editor.handle].children if child.class_name == "Edit"]

@@ -15,16 +15,6 @@ LINES = ["Hello,", "", *(f"> 7{key}={ROW.get(key, '')}" for key in settings.KEYS
 BOARD_PAGE, SCHEMATIC_PAGE = 1, 2
 
 
-def copy_all(stage, file, lines):
-    """Has the notepad put a text into the clipboard."""
-    stage.prefix.path(file).write_text("\r\n".join(lines), encoding="ascii", newline="")
-    process = stage.witness.run(f"C:\\windows\\notepad.exe {file}")
-    notepad = poll(lambda: [window for window in stage.look().top() if window.process == process and window.visible])
-    stage.wait_for_focus(notepad[0].handle)
-    stage.screen.key("ctrl+a", "ctrl+c", "alt+F4")
-    poll(lambda: not stage.look().running("notepad.exe"))
-
-
 def from_list_to_list(stage, checks, setup):
     checks.that(setup.turn_to(BOARD_PAGE), "the page of the board is turned to")
     setup.select(0)
@@ -46,7 +36,7 @@ def from_list_to_list(stage, checks, setup):
 
 
 def from_mail(stage, checks, setup):
-    copy_all(stage, MAIL, LINES)
+    stage.copy_text(MAIL, LINES)
     form = setup.form()
     stage.wait_for_focus(form.handle)
     setup.select(0)
@@ -54,7 +44,7 @@ def from_mail(stage, checks, setup):
     stage.screen.key("ctrl+v")
     checks.that(setup.shows("Redraw", "window;", "Draw the window anew"), "a row comes out of a mail with all its fields",
                 setup.texts())
-    copy_all(stage, MAIL, ["Hello,", "", "there is no row in this."])
+    stage.copy_text(MAIL, ["Hello,", "", "there is no row in this."])
     stage.wait_for_focus(form.handle)
     setup.select(0)
     checks.that(setup.shows("Fit"), "a row is selected")

@@ -45,12 +45,7 @@ def types(stage, checks, editor, number, expected, words):
 
 
 def adds_by_paste(stage, checks, editor):
-    stage.prefix.path(MAIL).write_text("\r\n".join(LINES), encoding="ascii", newline="")
-    process = stage.witness.run(f"C:\\windows\\notepad.exe {MAIL}")
-    notepad = poll(lambda: [window for window in stage.look().top() if window.process == process and window.visible])
-    stage.wait_for_focus(notepad[0].handle)
-    stage.screen.key("ctrl+a", "ctrl+c", "alt+F4")
-    poll(lambda: not stage.look().running("notepad.exe"))
+    stage.copy_text(MAIL, LINES)
     setup = Setup(stage)
     checks.that(setup.open(editor), "the gear opens the setup")
     checks.equal(setup.page(), LIBRARY_PAGE, "on the page of the library")
