@@ -12,6 +12,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 MASK = 0xC0C0C0
 PAPER = bytes.fromhex("FFFFC0")
 SIZED = re.compile(r"-\d+$")  # end of a drawing's name that is for one size
+SIZES = [16, 20, 24, 32, 48]  # of every icon: what screens of 96, 120, 144 and 192 dpi show, and one larger
 SQUARE, SQUARE_AT = (93, 93), (16, 12)  # size and place on the splash form
 WIDE, WIDE_AT = (361, 76), (28, 68)
 
@@ -74,23 +75,31 @@ def bitmap(path, size):
     expect(header == (40, *size, 1, 8, 0), f"{path.name}: not a plain bitmap of {size}: {header}")
 
 
-def splash():
-    square = gif(HERE / "splash-square.gif", SQUARE)
-    wide = gif(HERE / "splash-wide.gif", WIDE)
+def splash(times, end):
+    """Both pictures of a splash that is so many times as large as the design."""
+    def scaled(values):
+        return tuple(times * value for value in values)
+
+    squareSize, squareAt, wideSize, wideAt = (scaled(values) for values in (SQUARE, SQUARE_AT, WIDE, WIDE_AT))
+    squareName, wideName = f"splash-square{end}.gif", f"splash-wide{end}.gif"
+    square = gif(HERE / squareName, squareSize)
+    wide = gif(HERE / wideName, wideSize)
 
     def pixel(picture, size, at, x, y):
         start = 3 * ((y - at[1]) * size[0] + x - at[0])
         return picture[start : start + 3]
 
-    for x, y in ((16, 12), (108, 12), (16, 104), (108, 104)):
-        expect(pixel(square, SQUARE, SQUARE_AT, x, y) == PAPER, f"splash-square.gif: background at {x}, {y}")
-    for x in range(136, 389):  # the caption's second line stands here
-        for y in range(68, 117):
-            expect(pixel(wide, WIDE, WIDE_AT, x, y) == PAPER, f"splash-wide.gif: background at {x}, {y}")
-    for x in range(WIDE_AT[0], SQUARE_AT[0] + SQUARE[0]):
-        for y in range(WIDE_AT[1], SQUARE_AT[1] + SQUARE[1]):
-            same = pixel(square, SQUARE, SQUARE_AT, x, y) == pixel(wide, WIDE, WIDE_AT, x, y)
-            expect(same, f"the splash pictures differ where they overlap, at {x}, {y}")
+    left, top = squareAt
+    right, bottom = left + squareSize[0] - 1, top + squareSize[1] - 1
+    for x, y in ((left, top), (right, top), (left, bottom), (right, bottom)):
+        expect(pixel(square, squareSize, squareAt, x, y) == PAPER, f"{squareName}: background at {x}, {y}")
+    for x in range(136 * times, 389 * times):  # the caption's second line stands here
+        for y in range(68 * times, 117 * times):
+            expect(pixel(wide, wideSize, wideAt, x, y) == PAPER, f"{wideName}: background at {x}, {y}")
+    for x in range(wideAt[0], squareAt[0] + squareSize[0]):
+        for y in range(wideAt[1], squareAt[1] + squareSize[1]):
+            same = pixel(square, squareSize, squareAt, x, y) == pixel(wide, wideSize, wideAt, x, y)
+            expect(same, f"the splash pictures{end} differ where they overlap, at {x}, {y}")
 
 
 def samples():
@@ -107,7 +116,7 @@ def samples():
            "icons.rc: the places do not follow each other")
     expect(sorted(name for _, name in listed) == sorted(names), f"icons.rc: not every icon once: {sorted(names)}")
     for name in sorted(made):
-        icon(HERE / f"samples/{name}.ico", [16, 24, 32])
+        icon(HERE / f"samples/{name}.ico", SIZES)
 
 
 def table():
@@ -124,9 +133,10 @@ def table():
 
 
 for name in ("kestrel", "brd", "sch", "lbr"):
-    icon(HERE / f"{name}.ico", [16, 24, 32, 48])
+    icon(HERE / f"{name}.ico", SIZES)
 samples()
-splash()
+splash(1, "")
+splash(2, "-2")
 bitmap(HERE / "installer.bmp", (164, 314))  # the size that the installer's pages want
 table()
 if wrong:

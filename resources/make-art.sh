@@ -47,22 +47,29 @@ icon() {
 }
 
 for name in kestrel brd sch lbr; do
-    icon "$name.ico" "$name" 16 24 32 48
+    icon "$name.ico" "$name" 16 20 24 32 48
 done
 
 mkdir -p samples
 for drawing in art/samples/*.svg; do
     name=$(basename "$drawing" .svg)
-    case $name in *-16 | *-24) continue ;; esac
-    icon "samples/$name.ico" "samples/$name" 16 24 32
+    case $name in *-16 | *-20 | *-24 | *-32 | *-48) continue ;; esac
+    icon "samples/$name.ico" "samples/$name" 16 20 24 32 48
 done
 
-# Both splash pictures are cut from one drawing with one palette: they overlap on the form.
-rsvg-convert --output="$work/splash.png" art/splash.svg
-convert "$work/splash.png" +dither -colors 255 -strip "PNG24:$work/palette.png"
-convert "$work/palette.png" -crop 93x93+16+12 +repage -strip GIF87:splash-square.gif
-convert "$work/palette.png" -crop 361x76+28+68 +repage -strip GIF87:splash-wide.gif
-echo "splash-square.gif, splash-wide.gif"
+# Both splash pictures are cut from one drawing with one palette: they overlap on the form. Those that end in -2 are
+# twice as large, for screens of more than 96 dpi.
+splash() {
+    local times=$1 end=$2
+    rsvg-convert --zoom="$times" --output="$work/splash.png" art/splash.svg
+    convert "$work/splash.png" +dither -colors 255 -strip "PNG24:$work/palette.png"
+    cut() { convert "$work/palette.png" -crop "$(($2 * times))x$(($3 * times))+$(($4 * times))+$(($5 * times))" +repage -strip "GIF87:$1$end.gif"; }
+    cut splash-square 93 93 16 12
+    cut splash-wide 361 76 28 68
+    echo "splash-square$end.gif, splash-wide$end.gif"
+}
+splash 1 ""
+splash 2 -2
 
 # The side of the installer's pages: a bitmap of the plain kind, which every Windows shows.
 rsvg-convert --output="$work/side.png" art/installer.svg
