@@ -22,7 +22,6 @@ namespace win32 {
 
 namespace {
 
-constexpr UINT_PTR subclassId = 1;
 constexpr int firstChildId = 1000;
 
 RECT pixelRect(const forms::Control& control) {
@@ -41,10 +40,23 @@ int nextChildId() {
     return next;
 }
 
-/// Our windows that are alive. Asked with every message, of windows of others too.
-std::unordered_map<HWND, WindowPeer*>& peers() {
-    static std::unordered_map<HWND, WindowPeer*> all;
+/// A window of ours: its peer, null once that has gone, and the procedure that stands behind the peers'.
+struct Shadowed {
+    WindowPeer* peer;
+    WNDPROC behind;
+};
+
+/// Our windows that are alive. Asked with every message, of windows of others too. The system's own means for
+/// this (SetWindowSubclass) ask the window for a property two times with each message, which costs more than
+/// most messages do.
+std::unordered_map<HWND, Shadowed>& shadowed() {
+    static std::unordered_map<HWND, Shadowed> all;
     return all;
+}
+
+LRESULT callBehind(WNDPROC behind, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return IsWindowUnicode(window) != FALSE ? CallWindowProcW(behind, window, message, wParam, lParam)
+                                            : CallWindowProcA(behind, window, message, wParam, lParam);
 }
 
 } // namespace
@@ -53,9 +65,8 @@ WindowPeer::~WindowPeer() {
     if (handle_ != nullptr) {
         const HWND window = handle_;
         handle_ = nullptr;
-        peers().erase(window);
+        shadowed()[window].peer = nullptr;
         setToolTip(window, {});
-        RemoveWindowSubclass(window, procedure, subclassId);
         destroyWindow(window);
     }
 }
@@ -65,8 +76,8 @@ platform::HWND WindowPeer::window() const {
 }
 
 WindowPeer* WindowPeer::of(HWND window) {
-    const auto found = peers().find(window);
-    return found == peers().end() ? nullptr : found->second;
+    const auto found = shadowed().find(window);
+    return found == shadowed().end() ? nullptr : found->second.peer;
 }
 
 void WindowPeer::createChild(const char* className, const std::string& text, DWORD style, DWORD exStyle) {
@@ -159,26 +170,37 @@ void WindowPeer::adopt(HWND window) {
         noteRefusal();
         return;
     }
-    peers()[window] = this;
-    SetWindowSubclass(window, procedure, subclassId, reinterpret_cast<DWORD_PTR>(this));
+    const auto set = IsWindowUnicode(window) != FALSE ? SetWindowLongPtrW : SetWindowLongPtrA;
+    const auto get = IsWindowUnicode(window) != FALSE ? GetWindowLongPtrW : GetWindowLongPtrA;
+    // Known before the first message comes.
+    shadowed()[window] = {this, reinterpret_cast<WNDPROC>(get(window, GWLP_WNDPROC))};
+    set(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
 }
 
-LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                       UINT_PTR /*id*/, DWORD_PTR peer) {
-    auto* const self = reinterpret_cast<WindowPeer*>(peer);
+LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto found = shadowed().find(window);
+    if (found == shadowed().end())
+        return DefWindowProcW(window, message, wParam, lParam);
+    const auto [self, behind] = found->second;
+    if (self == nullptr) {
+        const LRESULT answer = callBehind(behind, window, message, wParam, lParam);
+        if (message == WM_NCDESTROY)
+            shadowed().erase(window);
+        return answer;
+    }
     // An event may unload the form: the peer lives until its event has returned.
     const std::shared_ptr<Peer> kept = self->weak_from_this().lock();
     LRESULT result = 0;
     // When the host's process has been killed this is the only message that tells.
     if (message == WM_NCDESTROY) {
-        peers().erase(window);
+        found->second.peer = nullptr;
         setToolTip(window, {});
-        RemoveWindowSubclass(window, procedure, subclassId);
         // A peer that its control has dropped lives on until its event has returned: the form may have taken
         // the window along meanwhile, and may even have been loaded anew.
         const bool shows = self->control_.peer() == self;
         const HWND idle = shows ? self->formLeftBehind() : nullptr;
-        result = DefSubclassProc(window, message, wParam, lParam);
+        result = callBehind(behind, window, message, wParam, lParam);
+        shadowed().erase(window);
         self->handle_ = nullptr;
         if (shows)
             self->control_.windowLost();
@@ -219,7 +241,7 @@ LRESULT WindowPeer::defaultMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
     if (handle_ == nullptr || answerAsHosted(handle_, message, wParam, lParam, result))
         return result;
-    return DefSubclassProc(handle_, message, wParam, lParam);
+    return callBehind(shadowed()[handle_].behind, handle_, message, wParam, lParam);
 }
 
 void WindowPeer::reportMouse(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -12,8 +12,6 @@
 
 #include <windows.h>
 
-#include <commctrl.h>
-
 #include <memory>
 #include <optional>
 #include <string>
@@ -74,8 +72,7 @@ class WindowPeer : public forms::Peer {
     int pixels(float twips) const { return control_.resolution().toPixels(twips); }
 
   private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                      DWORD_PTR peer);
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     HWND formLeftBehind() const;
     bool startsGroup() const;
     void takeTabPlace();
