@@ -181,7 +181,8 @@ LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam,
     const auto found = shadowed().find(window);
     if (found == shadowed().end())
         return DefWindowProcW(window, message, wParam, lParam);
-    const auto [self, behind] = found->second;
+    WindowPeer* const self = found->second.peer;
+    const WNDPROC behind = found->second.behind;
     if (self == nullptr) {
         const LRESULT answer = callBehind(behind, window, message, wParam, lParam);
         if (message == WM_NCDESTROY)
