@@ -16,4 +16,8 @@ void takeFiles(HWND window);
 /// Full paths in a WM_DROPFILES, which is answered by this.
 std::vector<std::string> droppedFiles(WPARAM wParam);
 
+/// Answers a WM_DROPFILES that a form has got, which takes none itself. Wine tells the top-level window where
+/// Windows tells the one under the mouse: if that takes files, it is told.
+void passFilesOn(HWND form, WPARAM wParam);
+
 } // namespace win32

@@ -1,4 +1,5 @@
 // Forms: windows of a class of our own.
+#include "win32/common/droppedFiles.h"
 #include "win32/common/focusKeeper.h"
 #include "win32/common/holding.h"
 #include "win32/common/joinedHosts.h"
@@ -170,6 +171,9 @@ class FormPeer : public ContainerPeer {
         case WM_SYSCOLORCHANGE:
             tellHosted(message);
             break;
+        case WM_DROPFILES:
+            passFilesOn(handle(), wParam);
+            return 0;
         default:
             if (message == taskbarCreated())
                 form_.Form_TaskbarCreated();

@@ -13,6 +13,17 @@ constexpr UINT copyGlobalData = 0x0049;
 
 constexpr UINT allFiles = 0xFFFFFFFF;
 
+/// The innermost window at a place, which is in client pixels of the outer one.
+HWND windowAt(HWND outer, POINT place) {
+    for (;;) {
+        const HWND inner = ChildWindowFromPointEx(outer, place, CWP_SKIPINVISIBLE);
+        if (inner == nullptr || inner == outer)
+            return outer;
+        MapWindowPoints(outer, inner, &place, 1);
+        outer = inner;
+    }
+}
+
 } // namespace
 
 void takeFiles(HWND window) {
@@ -33,6 +44,17 @@ std::vector<std::string> droppedFiles(WPARAM wParam) {
     }
     DragFinish(drop);
     return files;
+}
+
+void passFilesOn(HWND form, WPARAM wParam) {
+    auto* const drop = reinterpret_cast<HDROP>(wParam);
+    POINT place = {};
+    DragQueryPoint(drop, &place);
+    const HWND meant = windowAt(form, place);
+    if (meant != form && (GetWindowLongA(meant, GWL_EXSTYLE) & WS_EX_ACCEPTFILES) != 0)
+        SendMessageA(meant, WM_DROPFILES, wParam, 0);
+    else
+        DragFinish(drop);
 }
 
 } // namespace win32

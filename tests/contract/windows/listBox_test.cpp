@@ -69,14 +69,15 @@ void press(HWND window, WPARAM key, bool control = false) {
     SetKeyboardState(before);
 }
 
-/// What the shell sends.
-void drop(HWND window, const std::wstring& names) {
+/// What the shell sends. The place is in client pixels of the window.
+void drop(HWND window, const std::wstring& names, POINT place = {}) {
     const std::size_t size = sizeof(DROPFILES) + names.size() * sizeof(wchar_t);
     const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, size);
     REQUIRE(block != nullptr);
     auto* const files = static_cast<DROPFILES*>(GlobalLock(block));
     files->pFiles = sizeof(DROPFILES);
     files->fWide = TRUE;
+    files->pt = place;
     std::memcpy(files + 1, names.data(), names.size() * sizeof(wchar_t));
     GlobalUnlock(block);
     SendMessageA(window, WM_DROPFILES, reinterpret_cast<WPARAM>(block), 0);
@@ -124,6 +125,24 @@ TEST_CASE("files that are dropped come with their full paths, however many and h
     REQUIRE(dialog.dropped.size() == 2);
     CHECK(dialog.dropped[1].size() == 500);
     CHECK(dialog.dropped[1].back() == std::string(longPath.begin(), longPath.end()));
+}
+
+TEST_CASE("a form that is told of files tells the list under the mouse, and nobody where there is none") {
+    const World world;
+    Dialog dialog;
+    const std::wstring name(L"C:\\a.exe\0\0", 10);
+    const HWND form = win32::native(dialog.hWnd());
+    RECT list = {};
+    GetWindowRect(dialog.window(), &list);
+    MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&list), 2);
+    drop(form, name, {list.left + 5, list.top + 5});
+    REQUIRE(dialog.dropped.size() == 1);
+    CHECK(dialog.dropped[0] == std::vector<std::string>{"C:\\a.exe"});
+    drop(form, name, {list.right + 5, list.top + 5});
+    drop(form, name, {list.left + 5, list.bottom + 20}); // a field, which takes none
+    dialog.list.setVisible(false);
+    drop(form, name, {list.left + 5, list.top + 5});
+    CHECK(dialog.dropped.size() == 1);
 }
 
 TEST_CASE("nothing is dropped on a dialog under another one, nor on a disabled list") {
