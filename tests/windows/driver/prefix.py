@@ -40,6 +40,10 @@ class Prefix:
         """Where C:\\... stands on this machine."""
         return self.drive.joinpath(*windows_path.removeprefix("C:\\").split("\\"))
 
+    def inside(self, windows_path):
+        """The same as programs in the sandbox see it that know no drives."""
+        return f"/runs/{self.name}/drive_c/" + windows_path.removeprefix("C:\\").replace("\\", "/")
+
     def put(self, sources, windows_folder):
         """Copies files and folders into a folder, which is made."""
         folder = self.path(windows_folder)

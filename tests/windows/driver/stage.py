@@ -3,8 +3,10 @@
 from dataclasses import dataclass
 
 from driver import paths
+from driver.bell import Bell
 from driver.desktop import Window
 from driver.display import Display
+from driver.dragging import Drag
 from driver.eagle import Eagle, PlacedEagle
 from driver.prefix import Prefix
 from driver.programs import Witness
@@ -161,6 +163,15 @@ class Stage:
         self.wait_for_focus(notepad[0].handle)
         self.screen.key("ctrl+a", "ctrl+c", "alt+F4")
         poll(lambda: not self.look().running("notepad.exe"))
+
+    def drop_files(self, files, place):
+        """Drops files, which are Windows paths, on a place of the screen. False if what is there takes none at all."""
+        with Drag(self._display.environment["DISPLAY"], self.prefix, files) as drag:
+            return drag.drop(*place)
+
+    def bell(self):
+        """Hears each beep from now on, in a with statement."""
+        return Bell(self._display.environment["DISPLAY"])
 
     @staticmethod
     def _field(editor, desktop):
