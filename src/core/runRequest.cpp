@@ -60,8 +60,8 @@ void Hauptform::dropRunRequest() {
     try {
         platform::kill(file);
     } catch (const runtime::RuntimeError&) {
-        // Kept: as of a tick's request. The settings have not been read yet. One that is still written is not
-        // left over: a tick finds it.
+        // Kept: as of a tick's request, and with the same mend, noEnd; the settings have not been read yet.
+        // One that is still written is not left over: a tick finds it.
         if (!store::mendSetting())
             throw;
     }

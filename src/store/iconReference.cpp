@@ -14,6 +14,7 @@
 namespace store {
 
 IconReference IconReference::parse(const std::string& text) {
+    // Kept: a reference is split at its first comma, so that one whose file has a comma is an error.
     if (mended(Mend::unreadableRows)) {
         const std::size_t comma = runtime::findLastText(text, ",");
         if (comma == std::string::npos)

@@ -29,7 +29,8 @@ inline bool mended(Mend /*mend*/) {
 }
 
 /// What the settings file says now: on with any number but 0, also with one beyond the range of a double; off
-/// with anything else. Never an error.
+/// with anything else. Never an error. Asked once, where the start reads the settings; and before that, for
+/// `noEnd`, only where a run request that an earlier run has left cannot be deleted.
 bool mendSetting();
 
 } // namespace store

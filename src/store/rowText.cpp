@@ -139,6 +139,7 @@ class Reader {
 } // namespace
 
 bool fitsButton(const std::string& text) {
+    // Kept: the sign splits a button's tag, so that a click on a row that had one would end the program.
     return isWhole(text) &&
            (mended(Mend::noEnd) || platform::toUtf16(text).find(u'\u00A7') == std::u16string::npos);
 }

@@ -18,6 +18,8 @@ constexpr std::string_view escapedMark = "\x1E"
 constexpr std::string_view escapedSign = "\x1E"
                                          "1";
 
+/// Kept: nothing escapes a mark in a path or prompt, so that the fields behind it are others, most often
+/// none that can be read.
 std::string escaped(const std::string& field) {
     if (!store::mended(store::Mend::noEnd))
         return field;
@@ -48,6 +50,7 @@ std::string buttonTag(const store::ToolButton& button) {
 
 std::vector<std::string> tagFields(const std::string& tag) {
     std::vector<std::string> fields = runtime::split(tag, tagMark());
+    // Kept: as above, each mark ends a field.
     if (store::mended(store::Mend::noEnd))
         for (std::string& field : fields)
             field = runtime::replaceAll(runtime::replaceAll(field, escapedMark, tagMark()), escapedSign,
