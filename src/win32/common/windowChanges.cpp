@@ -79,12 +79,19 @@ void showInPlace(HWND window) {
                  SWP_SHOWWINDOW | SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER);
 }
 
+bool moveWindow(HWND window, const RECT& place, UINT more) {
+    return SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
+                        place.bottom - place.top,
+                        SWP_NOZORDER | SWP_NOACTIVATE | SWP_DEFERERASE | more) != FALSE;
+}
+
 HWND putInto(HWND window, HWND parent) {
     if (window == nullptr) // it could not be made, or has gone
         return nullptr;
     const auto before = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
-    if (parent == nullptr && (before & WS_CHILD) == 0)
-        return GetAncestor(window, GA_PARENT);
+    const HWND present = GetAncestor(window, GA_PARENT);
+    if (parent == nullptr ? (before & WS_CHILD) == 0 : present == parent)
+        return present;
     partFromSilentHosts();
     // The styles must fit before the window goes in and after it has come out.
     if (parent == nullptr) {

@@ -29,9 +29,15 @@ bool showWindow(HWND window, int command);
 /// Shows a window of ours where it is, in front of nothing that it is behind, and leaves the keyboard alone.
 void showInPlace(HWND window);
 
-/// Puts a window of ours into another one, or with null back onto the desktop, its styles with it. Gives what
-/// it stood in before. Null if the system refuses, or the parent has died: the window stands where it stood,
-/// its styles are as before, and it is kept from sight (refusal.h).
+/// Moves and sizes a window of ours where it stands, with further flags SWP_*. What it covered is drawn when
+/// its own program comes to it: the system would else have it erased at once, in our thread, and under Wine
+/// wait for each window of a host that is asked.
+bool moveWindow(HWND window, const RECT& place, UINT more = 0);
+
+/// Puts a window of ours into another one, or with null back onto the desktop, its styles with it; one that
+/// stands there already stays as it is. Gives what it stood in before. Null if the system refuses, or the
+/// parent has died: the window stands where it stood, its styles are as before, and it is kept from sight
+/// (refusal.h).
 HWND putInto(HWND window, HWND parent);
 
 /// Ends a window of ours. If it was in front, the system chooses the next one.

@@ -280,9 +280,7 @@ void WindowPeer::changed(forms::Property property) {
     switch (property) {
     case forms::Property::position: {
         const Seeing seen(viewOf(handle_));
-        const RECT place = childPlace();
-        SetWindowPos(handle_, nullptr, place.left, place.top, place.right - place.left,
-                     place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        moveWindow(handle_, childPlace());
         break;
     }
     case forms::Property::enabled:

@@ -92,10 +92,11 @@ HWND SetParent(HWND child, HWND parent) {
 
 bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint) {
     const ::HWND moved = native(window);
+    const UINT more = repaint ? 0U : SWP_NOREDRAW;
     if (!isForeign(moved))
-        return ::MoveWindow(moved, x, y, width, height, repaint ? TRUE : FALSE) != FALSE;
+        return win32::moveWindow(moved, {x, y, x + width, y + height}, more);
     constexpr UINT keep = SWP_NOZORDER | SWP_NOACTIVATE | SWP_ASYNCWINDOWPOS;
-    return ::SetWindowPos(moved, nullptr, x, y, width, height, keep | (repaint ? 0U : SWP_NOREDRAW)) != FALSE;
+    return ::SetWindowPos(moved, nullptr, x, y, width, height, keep | more) != FALSE;
 }
 
 bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int width, int height,

@@ -15,6 +15,7 @@
 #include <commctrl.h>
 
 #include <chrono>
+#include <vector>
 
 namespace {
 
@@ -50,12 +51,16 @@ class Listener {
     Listener& operator=(const Listener&) = delete;
 
     int colourChanges = 0;
+    std::vector<UINT> placings; ///< flags SWP_* of each
 
   private:
     static LRESULT CALLBACK hear(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR /*id*/,
                                  DWORD_PTR listener) {
+        auto& self = *reinterpret_cast<Listener*>(listener);
         if (message == WM_SYSCOLORCHANGE)
-            ++reinterpret_cast<Listener*>(listener)->colourChanges;
+            ++self.colourChanges;
+        else if (message == WM_WINDOWPOSCHANGING)
+            self.placings.push_back(reinterpret_cast<const WINDOWPOS*>(lParam)->flags);
         return DefSubclassProc(window, message, wParam, lParam);
     }
 
@@ -139,6 +144,28 @@ TEST_CASE("new colours of the system, told to top-level windows, reach the contr
     CHECK(bar.colourChanges == 2);
     // The frame was taken out of its form, which still is what speaks for it.
     CHECK(inFrame.colourChanges == 2);
+}
+
+TEST_CASE("a window that is put where it stands already stays as it is") {
+    World world;
+    const platform::HWND host = world.openWindow("host", {100, 120, 900, 720});
+    HostedForm form(host);
+    const Listener listener(form);
+    CHECK(platform::SetParent(form.hWnd(), host) == host);
+    CHECK(listener.placings.empty());
+}
+
+TEST_CASE("what a hosted window uncovers by a move its host erases by itself") {
+    World world;
+    HostedForm form(world.openWindow("host", {100, 120, 900, 720}));
+    const Listener moved(form);
+    const Listener placed(form.frame);
+    platform::MoveWindow(form.hWnd(), 50, 60, 120, 40, true);
+    form.frame.setLeft(3000);
+    REQUIRE(!moved.placings.empty());
+    REQUIRE(!placed.placings.empty());
+    CHECK((moved.placings.front() & SWP_DEFERERASE) != 0);
+    CHECK((placed.placings.front() & SWP_DEFERERASE) != 0);
 }
 
 TEST_CASE("a host that is busy while its drawing is switched on again draws afterwards") {
