@@ -1,6 +1,6 @@
 #include "win32/common/focusKeeper.h"
 
-#include "win32/common/native.h"
+#include "win32/common/joinedHosts.h"
 #include "win32/common/userWindow.h"
 #include "win32/common/windowChanges.h"
 
@@ -22,7 +22,7 @@ bool isOurs(HWND window) {
 } // namespace
 
 bool KeyboardPlace::give() const {
-    if (!answers(front))
+    if (!hostAnswers(front))
         return false;
     bring();
     // The two may share one input whose focus is elsewhere until that window has heard that it is in front.

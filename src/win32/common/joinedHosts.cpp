@@ -139,6 +139,21 @@ void partFromSilentHosts() {
     }
 }
 
+bool knownSilent(HWND window) {
+    const Host* host = find(GetWindowThreadProcessId(window, nullptr));
+    if (host == nullptr || !host->silent || !host->asked)
+        return false;
+    // It may have answered meanwhile, and we have not heard of it: that comes with what others send us.
+    MSG none;
+    PeekMessageA(&none, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+    host = find(GetWindowThreadProcessId(window, nullptr));
+    return host != nullptr && host->silent && host->asked;
+}
+
+bool hostAnswers(HWND window) {
+    return !knownSilent(window) && answers(window);
+}
+
 bool readyForClick(HWND window) {
     const HWND root = GetAncestor(window, GA_ROOT);
     const DWORD thread = GetWindowThreadProcessId(root, nullptr);

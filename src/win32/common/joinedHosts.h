@@ -25,6 +25,14 @@ void hostJoined(HWND host);
 /// it does not wait for a host that hangs. Takes `hostPatience` at most, once for a hang.
 void partFromSilentHosts();
 
+/// Whether a window's program is a host that we are parted from and that has not answered since: then nobody
+/// has to wait for it once more.
+bool knownSilent(HWND window);
+
+/// Whether the program of a window serves its messages. It is waited for as `answers` waits, and not at all
+/// if it is known to be silent.
+bool hostAnswers(HWND window);
+
 /// A click is about to give the keyboard to this window of ours, or one inside it, that stands in a host. A
 /// host that is only busy is waited for. False if it hangs: we are parted from it, the host cannot be
 /// activated, and the window gets the keyboard once it answers.

@@ -1,5 +1,6 @@
 #include "win32/common/systemDialog.h"
 
+#include "win32/common/joinedHosts.h"
 #include "win32/common/native.h"
 #include "win32/common/ownerWindow.h"
 #include "win32/common/windowChanges.h"
@@ -17,7 +18,7 @@ SystemDialog* innermost = nullptr;
 /// The host that the asking window stands in, if it answers now.
 HWND hostOf(HWND asking) {
     const HWND root = GetAncestor(asking, GA_ROOT);
-    return root != nullptr && isForeign(root) && answers(root) ? root : nullptr;
+    return root != nullptr && isForeign(root) && hostAnswers(root) ? root : nullptr;
 }
 
 } // namespace

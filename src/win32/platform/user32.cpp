@@ -2,6 +2,7 @@
 
 #include "platform/codePage.h"
 #include "runtime/characters.h"
+#include "win32/common/joinedHosts.h"
 #include "win32/common/native.h"
 #include "win32/common/refusal.h"
 #include "win32/common/windowChanges.h"
@@ -125,9 +126,10 @@ std::intptr_t SendMessageA(HWND window, std::uint32_t message, std::uintptr_t wP
     if (!isForeign(receiver))
         return ::SendMessageA(receiver, message, wParam, lParam);
     DWORD_PTR result = 0;
-    if (SendMessageTimeoutA(receiver, message, wParam, lParam, SMTO_ABORTIFHUNG, win32::hostPatience,
-                            &result) == 0 &&
-        message == WM_SETREDRAW)
+    const bool done = !win32::knownSilent(receiver) &&
+                      SendMessageTimeoutA(receiver, message, wParam, lParam, SMTO_ABORTIFHUNG,
+                                          win32::hostPatience, &result) != 0;
+    if (!done && message == WM_SETREDRAW)
         // Not waited for, but not lost either: the host would stay without drawing.
         SendNotifyMessageA(receiver, message, wParam, lParam);
     return static_cast<std::intptr_t>(result);
