@@ -11,8 +11,8 @@ namespace win32 {
 
 namespace {
 
-/// Posted to ourselves: the filling is over.
-constexpr UINT filledMessage = WM_APP + 1;
+/// Posted to ourselves: the rows have changed, and nothing has asked for them since.
+constexpr UINT changedMessage = WM_APP + 1;
 /// Posted to ourselves: the open list has closed, and what the system tells of it has been heard.
 constexpr UINT closedMessage = WM_APP + 2;
 
@@ -62,8 +62,7 @@ class ListPeer : public WindowPeer {
     /// The row that the window has selected.
     int row() const { return static_cast<int>(SendMessageA(handle(), dialect_.selected, 0, 0)); }
 
-  private:
-    /// Rows are only appended, or all of them removed.
+    /// Gives the window the rows that it lacks. Rows are only appended, or all of them removed.
     void follow() {
         auto shown = static_cast<int>(SendMessageA(handle(), dialect_.count, 0, 0));
         if (list_.listCount() < shown) {
@@ -74,24 +73,29 @@ class ListPeer : public WindowPeer {
             SendMessageA(handle(), dialect_.add, 0, reinterpret_cast<LPARAM>(list_.list(shown).c_str()));
     }
 
+  private:
     forms::ItemList& list_;
     const Dialect& dialect_;
 };
 
+/// Rows come one by one, thousands of them at times, and are replaced before anybody has seen them. The
+/// window gets them all at once when it is told or asked anything.
 class ListBoxPeer : public ListPeer {
   public:
     explicit ListBoxPeer(forms::ListBox& list) : ListPeer(list, listDialect) {
         createChild("LISTBOX", {}, LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | LBS_USETABSTOPS | WS_VSCROLL,
                     WS_EX_CLIENTEDGE);
         fill();
+        known_ = list.listCount();
         if (handle() != nullptr && list.onFiles)
             takeFiles(handle());
     }
 
     void changed(forms::Property property) override {
         if (property == forms::Property::items && handle() != nullptr)
-            holdPainting();
-        ListPeer::changed(property);
+            noteRows();
+        else
+            ListPeer::changed(property);
     }
 
     void command(WORD code, WORD /*id*/) override {
@@ -101,11 +105,9 @@ class ListBoxPeer : public ListPeer {
 
   protected:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
+        takeRows();
         switch (message) {
-        case filledMessage:
-            holding_ = false;
-            SendMessageA(handle(), WM_SETREDRAW, TRUE, 0);
-            InvalidateRect(handle(), nullptr, TRUE);
+        case changedMessage:
             return 0;
         case WM_KEYDOWN:
             keyTaken_ = box().keyPressed(strokeOf(wParam));
@@ -127,12 +129,23 @@ class ListBoxPeer : public ListPeer {
     }
 
   private:
-    /// Rows come one by one, thousands of them at times: they are painted once, when all are there.
-    void holdPainting() {
-        if (holding_ || PostMessageA(handle(), filledMessage, 0, 0) == FALSE)
+    void noteRows() {
+        replaced_ = replaced_ || list().listCount() < known_;
+        known_ = list().listCount();
+        if (!std::exchange(behind_, true) && PostMessageA(handle(), changedMessage, 0, 0) == FALSE)
+            takeRows();
+    }
+
+    /// They are painted once, when all are there.
+    void takeRows() {
+        if (!std::exchange(behind_, false))
             return;
-        holding_ = true;
         SendMessageA(handle(), WM_SETREDRAW, FALSE, 0);
+        if (std::exchange(replaced_, false))
+            SendMessageA(handle(), LB_RESETCONTENT, 0, 0);
+        follow();
+        SendMessageA(handle(), WM_SETREDRAW, TRUE, 0);
+        InvalidateRect(handle(), nullptr, TRUE);
     }
 
     forms::ListBox& box() const { return static_cast<forms::ListBox&>(list()); }
@@ -156,7 +169,9 @@ class ListBoxPeer : public ListPeer {
     }
 
     bool keyTaken_ = false; ///< the key that was pressed last
-    bool holding_ = false;  ///< the window does not paint until the filling is over
+    bool behind_ = false;   ///< the window has not been given the rows of now
+    bool replaced_ = false; ///< none of the window's rows is among them
+    int known_ = 0;         ///< rows at the last change
 };
 
 /// In an open list keys and the mouse move the highlight, with notifications or without, and how it closes

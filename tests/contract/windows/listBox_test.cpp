@@ -87,6 +87,36 @@ void drop(HWND window, const std::wstring& names, POINT place = {}) {
 
 TEST_SUITE_BEGIN("contract/windows/listBox");
 
+TEST_CASE("rows that are replaced before anybody has asked are the new ones, put in once") {
+    const World world;
+    Dialog dialog;
+    dialog.list.setListIndex(2);
+    for (const char* last : {"first", "second", "third"}) {
+        dialog.list.clear();
+        for (const char* row : {"one", "two", last})
+            dialog.list.addItem(row);
+    }
+    const auto row = [&dialog](WPARAM number) {
+        std::string text(100, '\0');
+        text.resize(static_cast<std::size_t>(
+            SendMessageA(dialog.window(), LB_GETTEXT, number, reinterpret_cast<LPARAM>(text.data()))));
+        return text;
+    };
+    CHECK(SendMessageA(dialog.window(), LB_GETCOUNT, 0, 0) == 3);
+    CHECK(row(0) == "one");
+    CHECK(row(2) == "third");
+    CHECK(dialog.row() == -1);
+
+    dialog.list.clear();
+    dialog.list.addItem("alone");
+    dialog.list.setListIndex(0);
+    CHECK(dialog.row() == 0);
+    CHECK(row(0) == "alone");
+    dialog.list.addItem("behind it");
+    CHECK(SendMessageA(dialog.window(), LB_GETCOUNT, 0, 0) == 2);
+    CHECK(dialog.row() == 0);
+}
+
 TEST_CASE("a key that is taken does nothing else, any other is the list's own") {
     const World world;
     Dialog dialog;
