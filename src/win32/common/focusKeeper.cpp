@@ -22,7 +22,7 @@ bool isOurs(HWND window) {
 } // namespace
 
 bool KeyboardPlace::give() const {
-    if (!hostAnswers(front))
+    if (!windowAnswers(front))
         return false;
     bring();
     // The two may share one input whose focus is elsewhere until that window has heard that it is in front.

@@ -150,7 +150,7 @@ bool knownSilent(HWND window) {
     return host != nullptr && host->silent && host->asked;
 }
 
-bool hostAnswers(HWND window) {
+bool windowAnswers(HWND window) {
     return !knownSilent(window) && answers(window);
 }
 

@@ -31,7 +31,7 @@ bool knownSilent(HWND window);
 
 /// Whether the program of a window serves its messages. It is waited for as `answers` waits, and not at all
 /// if it is known to be silent.
-bool hostAnswers(HWND window);
+bool windowAnswers(HWND window);
 
 /// A click is about to give the keyboard to this window of ours, or one inside it, that stands in a host. A
 /// host that is only busy is waited for. False if it hangs: we are parted from it, the host cannot be

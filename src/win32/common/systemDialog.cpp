@@ -18,7 +18,7 @@ SystemDialog* innermost = nullptr;
 /// The host that the asking window stands in, if it answers now.
 HWND hostOf(HWND asking) {
     const HWND root = GetAncestor(asking, GA_ROOT);
-    return root != nullptr && isForeign(root) && hostAnswers(root) ? root : nullptr;
+    return root != nullptr && isForeign(root) && windowAnswers(root) ? root : nullptr;
 }
 
 } // namespace

@@ -55,7 +55,7 @@ bool raiseWindow(HWND window) {
     if (IsWindow(window) == FALSE)
         return false;
     // The click that brought us here gives us the right to choose the window in front.
-    if (hostAnswers(window))
+    if (windowAnswers(window))
         activateWindow(window);
     else
         oweKeyboard(window);
