@@ -1,10 +1,16 @@
-// Pictures of icons against the files that they come from.
+// Pictures of icons against the files that they come from, and the sizes in which icons are asked for.
 #include "store/iconPicture.h"
 
 #include "contract/windows/icons.h"
+#include "contract/windows/importHook.h"
 #include "contract/world.h"
 
+#include "platform/shell32.h"
+#include "platform/user32.h"
+
 #include <doctest/doctest.h>
+
+#include <windows.h>
 
 #include <cstdlib>
 
@@ -25,6 +31,33 @@ bool alike(std::uint32_t seen, std::uint32_t expected) {
     return true;
 }
 
+/// The system's measures for a finer screen, as they are told once a window of ours stands in a host that
+/// knows of it.
+int WINAPI finerMetrics(int index) {
+    switch (index) {
+    case SM_CXICON:
+    case SM_CYICON:
+        return 48;
+    case SM_CXSMICON:
+    case SM_CYSMICON:
+        return 24;
+    default:
+        return 0;
+    }
+}
+
+/// Pixels that an icon is wide; 0 if there is none.
+int widthOf(platform::HICON icon) {
+    ICONINFO info{};
+    if (GetIconInfo(reinterpret_cast<HICON>(icon), &info) == FALSE)
+        return 0;
+    BITMAP mask{};
+    GetObjectA(info.hbmMask, sizeof mask, &mask);
+    DeleteObject(info.hbmMask);
+    DeleteObject(info.hbmColor);
+    return mask.bmWidth;
+}
+
 } // namespace
 
 TEST_SUITE_BEGIN("contract/windows/iconPicture");
@@ -41,6 +74,20 @@ TEST_CASE("the picture of an icon is the one that stands in the file, opacity an
             wrong += alike(seen.pixels()[place], expected.pixels()[place]) ? 0 : 1;
         CHECK_MESSAGE(wrong == 0, name);
     }
+}
+
+TEST_CASE(
+    "icons have 16 and 32 pixels, the one in the tray 16, whatever the system's measures say meanwhile") {
+    const contract::World world;
+    const contract::ImportHook finer("GetSystemMetrics", reinterpret_cast<void*>(finerMetrics));
+    REQUIRE(GetSystemMetrics(SM_CXSMICON) == 24);
+    platform::HICON large{};
+    platform::HICON little{};
+    REQUIRE(platform::ExtractIconExA(contract::World::dataFile("brd.ico").c_str(), 0, large, little) == 1);
+    CHECK(widthOf(large) == 32);
+    CHECK(widthOf(little) == 16);
+    CHECK(widthOf(platform::programIcon()) == 16);
+    platform::DestroyIcon(little);
 }
 
 TEST_SUITE_END();
