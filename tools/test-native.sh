@@ -1,21 +1,25 @@
 #!/usr/bin/env bash
 # Runs the native tests in each code page that the simulated desktop knows, two at a time: test-native.sh. What each run
 # has printed follows when it has ended.
+#
+# Each run has an order of its own, by a seed that it prints. KESTREL_SEED=17 tools/test-native.sh plays all as it was.
 set -uo pipefail
 . "$(dirname "$0")/lib.sh"
 
 cd "$PROJECT"
 tests=build/native/bin/kestrel-tests
 [ -f "$tests" ] || fail "$tests has not been built"
+seed=${KESTREL_SEED:-$((SRANDOM % 1000000))}
+say "the order is that of KESTREL_SEED=$seed"
 
 # inPage PAGE
 inPage() {
-    local log code
+    local log code own=$((seed + $1))
     log=$(logFile "code-page-$1")
-    KESTREL_CODE_PAGE=$1 "$tests" >"$log" 2>&1
+    KESTREL_CODE_PAGE=$1 KESTREL_SEED=$own "$tests" -ob=rand -rs=$own >"$log" 2>&1
     code=$?
     # In one piece, beside the other's.
-    flock "$tests" cat <(say "native tests in code page $1, exit code $code") "$log"
+    flock "$tests" cat <(say "native tests in code page $1, order and seed $own, exit code $code") "$log"
     return $code
 }
 
