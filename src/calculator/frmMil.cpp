@@ -36,8 +36,8 @@ frmMil::frmMil() {
     activates = false;
     setClientSize(designWidth, 375);
     fraMil.border = false;
-    fraMil.setFont({"@Arial Unicode MS", 6.75F, false, false});
     fraMil.place(*this, {0, 0, 2925, 270});
+    fraMil.setFont({"@Arial Unicode MS", 6.75F, false, false});
     labUnit[0].place(fraMil, {0, 30, 180, 195});
     labUnit[0].setCaption("mil");
     txtSize[0].place(fraMil, {360, 0, 1035, 270});

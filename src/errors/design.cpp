@@ -66,8 +66,8 @@ void ErrPtnr::designError() {
     Label1.border = true;
     Label1.setCaption(" ! ");
     Label1.setForeColour(red);
-    Label1.setFont({"Arial", 36, true, false});
     Label1.place(framFehler, {90, 240, 705, 900});
+    Label1.setFont({"Arial", 36, true, false});
     const struct {
         const char* title;
         float top;

@@ -28,8 +28,7 @@ void wrap(std::string_view line, std::vector<std::string>& printed) {
         }
         buffer += word;
     }
-    if (!buffer.empty())
-        printed.push_back(buffer);
+    printed.push_back(buffer);
 }
 
 } // namespace

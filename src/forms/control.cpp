@@ -181,8 +181,6 @@ bool Container::windowsMade() const {
 void Container::remove(Control& child) {
     // From the back: members go in the reverse of the order in which they were placed.
     const auto found = std::find(controls_.rbegin(), controls_.rend(), &child);
-    if (found == controls_.rend())
-        return;
     controls_.erase(std::next(found).base());
     childRemoved(child);
 }

@@ -297,11 +297,8 @@ void frmSetup::btnL_Click(std::int16_t Index) {
     rows.setListIndex(row + 1);
 }
 
-/// Exchanges two records by their positions among the live ones, from 1. Nothing for a list that is not
-/// there.
+/// Exchanges two records by their positions among the live ones, from 1.
 void frmSetup::swapEntries(std::int16_t list, const std::int16_t& a, const std::int16_t& b) {
-    if (list < 0 || at(list) >= listPages)
-        return;
     ButtonList& buttons = workList[at(list)];
     std::swap(buttons[slotOfPosition(buttons, a)], buttons[slotOfPosition(buttons, b)]);
 }

@@ -180,6 +180,15 @@ TEST_CASE("a walk after a kind has been dealt with does not look for that kind a
     }
 }
 
+TEST_CASE("a kind that was passed over is looked for by a walk of its own") {
+    Session session;
+    const HWND board = world().openWindow("Board - a.brd - EAGLE");
+    const HWND library = world().openWindow("Library - a.lbr - EAGLE");
+    EditorSearch search;
+    CHECK(search.front(EditorKind::library) == library);
+    CHECK(search.front(EditorKind::board) == board);
+}
+
 TEST_CASE("a kind's second text counts only if the first is in no title at all") {
     Session session;
     const HWND english = world().openWindow("Schematic - a.sch - EAGLE");

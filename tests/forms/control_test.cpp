@@ -72,6 +72,40 @@ TEST_CASE("controls and containers may go in any order") {
     }
 }
 
+TEST_CASE("positions are equal in all four") {
+    const forms::Position place{1, 2, 3, 4};
+    CHECK(place == forms::Position{1, 2, 3, 4});
+    CHECK_FALSE(place == forms::Position{0, 2, 3, 4});
+    CHECK_FALSE(place == forms::Position{1, 0, 3, 4});
+    CHECK_FALSE(place == forms::Position{1, 2, 0, 4});
+    CHECK_FALSE(place == forms::Position{1, 2, 3, 0});
+}
+
+TEST_CASE("a control without a font of its own has the usual one") {
+    CommandButton button;
+    CHECK(button.font().name == "MS Sans Serif");
+    CHECK(button.font().points == 8.25F);
+    button.setFont({"Arial", 9, true, false});
+    CHECK(button.font().name == "Arial");
+}
+
+TEST_CASE(
+    "a control that has a peer makes no other, one that has lost it none until its form is loaded anew") {
+    const desktop::Session session;
+    Form form;
+    form.load();
+    const forms::Peer* const peer = form.peer();
+    REQUIRE(peer != nullptr);
+    form.makePeers();
+    CHECK(form.peer() == peer);
+    form.windowLost();
+    form.makePeers();
+    CHECK(form.peer() == nullptr);
+    form.dropPeers();
+    form.makePeers();
+    CHECK(form.peer() != nullptr);
+}
+
 TEST_CASE("a control takes no input while it or anything that it stands in is disabled") {
     Form form;
     Frame frame;

@@ -3,6 +3,7 @@
 
 #include "desktop/desktop.h"
 #include "forms/frame.h"
+#include "forms/mainForm.h"
 #include "forms/toolbar.h"
 #include "platform/user32.h"
 
@@ -10,6 +11,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 using forms::Form;
@@ -155,6 +157,31 @@ TEST_CASE("a refused unload changes nothing") {
     form.refuse = false;
     form.closeRequested();
     CHECK_FALSE(form.loaded());
+}
+
+TEST_CASE("the program ends with its main form, but not if that refuses") {
+    const desktop::Session session;
+    Noted form;
+    form.refuse = true;
+    form.show();
+    forms::Form* const before = std::exchange(forms::mainForm, &form);
+    form.closeRequested();
+    CHECK_FALSE(desk().ended);
+    CHECK(form.loaded());
+    form.refuse = false;
+    CHECK_FALSE(desk().event([&] { form.closeRequested(); }));
+    CHECK(desk().ended);
+    forms::mainForm = before;
+}
+
+TEST_CASE("a form that has nothing to do with an event hears it without an effect") {
+    const desktop::Session session;
+    Noted form;
+    form.show();
+    form.Form_MouseMove(0, 0, 1, 1);
+    form.Form_Click();
+    form.Form_TaskbarCreated();
+    CHECK(form.events == Events{"load"});
 }
 
 TEST_CASE("an unload inside the events of an unload does nothing further") {

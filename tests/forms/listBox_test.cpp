@@ -90,6 +90,22 @@ TEST_CASE("the user cannot select a row that is not there, nor in a disabled lis
     CHECK(list.listIndex() == -1);
 }
 
+TEST_CASE("keys and files come to a list that hears of them, and not while it is disabled") {
+    Rows list;
+    platform::KeyStroke stroke;
+    CHECK_FALSE(list.keyPressed(stroke));
+    int heard = 0;
+    list.onKey = [&](const platform::KeyStroke&) { return ++heard > 0; };
+    list.onFiles = [&](const std::vector<std::string>& files) { heard += static_cast<int>(files.size()); };
+    CHECK(list.keyPressed(stroke));
+    list.filesDropped({"a", "b"});
+    CHECK(heard == 3);
+    list.setEnabled(false);
+    CHECK_FALSE(list.keyPressed(stroke));
+    list.filesDropped({"a"});
+    CHECK(heard == 3);
+}
+
 TEST_CASE("a click may rebuild its list and select another row") {
     forms::ListBox list;
     list.addItem("a");

@@ -48,6 +48,7 @@ TEST_SUITE_BEGIN("forms/picture");
 TEST_CASE("pictures are equal by their content") {
     CHECK(plain(2, 3, 5) == plain(2, 3, 5));
     CHECK_FALSE(plain(2, 3, 5) == plain(3, 2, 5));
+    CHECK_FALSE(plain(2, 3, 5) == plain(2, 4, 5));
     CHECK_FALSE(plain(2, 3, 5) == plain(2, 3, 6));
     CHECK(Picture() == Picture(0, 0, {}));
     CHECK_FALSE(Picture() == plain(1, 1, 0));
@@ -56,9 +57,12 @@ TEST_CASE("pictures are equal by their content") {
 TEST_CASE("a picture has as many pixels as its size says, and none outside") {
     CHECK_THROWS_AS(Picture(2, 2, Pixels(3)), runtime::RuntimeError);
     CHECK_THROWS_AS(Picture(-1, -1, Pixels(1)), runtime::RuntimeError);
+    CHECK_THROWS_AS(Picture(1, -1, Pixels(1)), runtime::RuntimeError);
     const Picture picture = speckled(3, 2);
     CHECK(picture.pixel(2, 1) == 0xFF000102);
     CHECK_THROWS_AS(picture.pixel(3, 0), runtime::RuntimeError);
+    CHECK_THROWS_AS(picture.pixel(-1, 0), runtime::RuntimeError);
+    CHECK_THROWS_AS(picture.pixel(0, 2), runtime::RuntimeError);
     CHECK_THROWS_AS(picture.pixel(0, -1), runtime::RuntimeError);
     CHECK(Picture().empty());
     CHECK(Picture().pixels().empty());
@@ -104,6 +108,7 @@ TEST_CASE("the empty picture fitted to a size shows nothing, and a picture fitte
     CHECK(Picture().fitted(2, 2) == plain(2, 2, 0));
     CHECK(plain(2, 2, grey).fitted(0, 5).empty());
     CHECK(plain(2, 2, grey).fitted(-1, 5).empty());
+    CHECK(plain(2, 2, grey).fitted(5, 0).empty());
 }
 
 TEST_CASE("images count from 1, those with a key are found by it") {

@@ -71,6 +71,9 @@ TEST_CASE("a call that was under way when the timer was switched off raises noth
     timer.onTimer = [&] { ++fired; };
     timer.setEnabled(false);
     timer.elapsed();
+    timer.setEnabled(true);
+    timer.setInterval(0);
+    timer.elapsed();
     CHECK(fired == 0);
 }
 

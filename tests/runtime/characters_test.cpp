@@ -6,6 +6,8 @@
 #include <doctest/doctest.h>
 
 #include <string>
+#include <string_view>
+#include <utility>
 
 TEST_SUITE_BEGIN("runtime/characters");
 
@@ -70,7 +72,27 @@ TEST_CASE("bytes that are no character of UTF-8 count one each") {
                                     "\xF0\x80\x80\x80", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xE4\xBD"})
         CHECK_MESSAGE(runtime::characterSize(bytes) == 1, bytes);
     CHECK(runtime::characterSize("\xE4\xBD\xA0") == 3);
-    CHECK(runtime::characterSize("\xF4\x8F\xBF\xBF") == 4);
+    for (const char* const bytes : {"\xE0\xA0\x80", "\xED\x9F\xBF", "\xEE\x80\x80"})
+        CHECK_MESSAGE(runtime::characterSize(bytes) == 3, bytes);
+    for (const char* const bytes :
+         {"\xF0\x90\x80\x80", "\xF1\x80\x80\x80", "\xF3\x80\x80\x80", "\xF4\x8F\xBF\xBF"})
+        CHECK_MESSAGE(runtime::characterSize(bytes) == 4, bytes);
+}
+
+TEST_CASE("a character beyond 16 bits is one, and the way back") {
+    if (platform::GetACP() != platform::utf8CodePage)
+        return;
+    for (const auto& [bytes, character] :
+         {std::pair("\xF0\x90\x80\x80", U'\U00010000'), std::pair("\xF0\x9F\x90\xA6", U'\U0001F426'),
+          std::pair("\xF4\x8F\xBF\xBF", U'\U0010FFFF'), std::pair("\xEF\xBF\xBD", U'\uFFFD')}) {
+        const std::u32string around = {U'a', character, U'b'};
+        CHECK(runtime::toUtf32("a" + std::string(bytes) + "b") == around);
+        CHECK(runtime::fromUtf32(around) == "a" + std::string(bytes) + "b");
+    }
+}
+
+TEST_CASE("the first byte of two stands alone before a NUL") {
+    CHECK(runtime::characterSize(std::string_view("\x83\0", 2)) == 1);
 }
 
 TEST_CASE("a text of the program shows umlauts where the code page has them, the nearest letter where not") {

@@ -34,6 +34,10 @@ TEST_CASE("each error has the runtime's number and description") {
     }
 }
 
+TEST_CASE("a number that is none of them has no description") {
+    CHECK(runtime::errorDescription(ErrorNumber{1}).empty());
+}
+
 TEST_CASE("a missing resource is named in its description") {
     CHECK(static_cast<int>(ErrorNumber::resourceNotFound) == 326);
     CHECK(runtime::errorDescription(ErrorNumber::resourceNotFound, 11052) ==

@@ -104,6 +104,13 @@ TEST_CASE("a folder, another file, none and a file that is not there are refused
     CHECK_FALSE(dialog.drop({"C:\\tools\\e?it.exe"}));
 }
 
+TEST_CASE("a list that is full takes no program") {
+    Desk dialog;
+    constexpr std::int32_t most = 32767;
+    dialog.form().workList[schematic].redim(most - 1);
+    CHECK_FALSE(dialog.drop({"C:\\tools\\edit.exe", "C:\\tools\\view.BAT"}));
+}
+
 TEST_CASE("a path with a comma, which no icon's reference may have, is refused unless that is mended") {
     Desk dialog;
     dialog.select(schematic, 0);

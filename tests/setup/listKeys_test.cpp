@@ -107,6 +107,9 @@ TEST_CASE("Ctrl and an arrow move the selected entry as the buttons do, the arro
     letter.alt = true; // AltGr
     CHECK_FALSE(press(dialog, board, letter));
     CHECK_FALSE(press(dialog, board, control(U'x')));
+    letter = control(U'v');
+    letter.shift = true;
+    CHECK_FALSE(press(dialog, board, letter));
 }
 
 TEST_CASE("Ctrl+C copies the selected entry as the lines of a row, and nothing without a selection") {

@@ -2,6 +2,7 @@
 #include "store/iconExtract.h"
 
 #include "desktop/desktop.h"
+#include "desktop/faults.h"
 #include "forms/units.h"
 #include "platform/shell32.h"
 #include "platform/user32.h"
@@ -51,6 +52,18 @@ int chooseError(const std::string& reference) {
 } // namespace
 
 TEST_SUITE_BEGIN("store/iconExtract");
+
+TEST_CASE("an error while an icon is fetched stays silent, and there is none") {
+    const desktop::Session session;
+    Surface18 surface;
+    world().addIcons("C:\\kestrel\\brd.ico", 1);
+    desktop::faults().onCall = [](const std::string&) {
+        throw runtime::RuntimeError(runtime::ErrorNumber::invalidCall);
+    };
+    const bool fetched = store::extractIconToPicture("C:\\kestrel\\brd.ico", 0, surface.box);
+    desktop::faults().onCall = nullptr;
+    CHECK_FALSE(fetched);
+}
 
 TEST_CASE("the small icon of a file is drawn with a margin of one pixel at the left and top") {
     const desktop::Session session;

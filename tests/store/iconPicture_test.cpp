@@ -57,6 +57,17 @@ TEST_CASE("an icon keeps its opacity") {
     });
 }
 
+TEST_CASE("without memory to draw on, on black or on white, an icon has no picture") {
+    const desktop::Session session;
+    world().addIcons("C:\\t\\a.ico", 1);
+    for (const int surfaces : {0, 1}) {
+        world().room[desktop::Creation::picture] = surfaces;
+        CHECK(store::iconPicture("C:\\t\\a.ico", 0).empty());
+    }
+    world().room.clear();
+    CHECK_FALSE(store::iconPicture("C:\\t\\a.ico", 0).empty());
+}
+
 TEST_CASE("a pixel is what looks as it does on black and on white") {
     CHECK(store::pixelSeen(0x000000, 0xFFFFFF) == 0);
     CHECK(store::pixelSeen(0x123456, 0x123456) == 0xFF123456);

@@ -116,6 +116,15 @@ TEST_CASE("an icon that cannot be taken apart would end the program, so its row 
     CHECK(refused(row("1icon=C:\\a.ico,x\n")));
     CHECK(refused(row("1icon=C:\\a, b.ico,0\n")));
     CHECK(refused(row("1icon=C:\\a.ico,3000000000\n")));
+    CHECK(refused(row("1icon=C:\\a.ico,1,000\n")));
+}
+
+TEST_CASE("a value loses quotes that stand around all of it, and blanks around those") {
+    const desktop::Session session;
+    for (const char* const written : {"\"x y\"", "'x y'", " \tx y \t", " 'x y' "})
+        CHECK(rowsOf(row("1path=" + std::string(written) + "\n"))->front().path == "x y");
+    for (const char* const written : {"xyx", "\"", "'", "'x\"", "x'"})
+        CHECK(rowsOf(row("1path=" + std::string(written) + "\n"))->front().path == written);
 }
 
 TEST_CASE("what the settings file would cut is refused") {
