@@ -40,6 +40,7 @@ step 'toolchain' tools/setup-toolchain.sh
 tools/setup-wine.sh >/dev/null 2>&1 &
 step 'native build' tools/build.sh native
 step 'native tests' tools/test-native.sh
+step 'coverage' tools/check-coverage.py
 step 'style' tools/check-style.sh
 step 'second tries' "$PYTHON" tests/windows/check-turns.py
 step 'art' "$PYTHON" resources/check-art.py

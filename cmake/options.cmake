@@ -12,6 +12,8 @@ if(KESTREL_SANITIZE)
     target_link_options(kestrel-options INTERFACE -fsanitize=address,undefined)
 endif()
 
+option(KESTREL_COVERAGE "Count which lines and branches of the logic run" OFF)
+
 if(WIN32)
     # One file that needs nothing but the system's own DLLs, and no more of it than is used.
     target_compile_options(kestrel-options INTERFACE -ffunction-sections -fdata-sections)
