@@ -89,6 +89,7 @@ class Hauptform : public forms::Form {
     void rememberFile(store::EditorKind kind, platform::HWND host);
     std::size_t addToolbar(store::EditorKind kind, platform::HWND host, std::size_t scanned);
     std::size_t addCalculator(toolbars::frmToolbar& toolbar, platform::HWND host);
+    void followResolution(toolbars::frmToolbar& toolbar, platform::HWND host);
     void placeCalculator(std::size_t index, platform::HWND host);
     // afterSave.cpp
     /// Builds all toolbars anew whose windows live, with their heights, and gives all calculators the units

@@ -67,7 +67,9 @@ void Hauptform::trackKind(EditorKind kind, EditorSearch& search) {
     bool found = false;
     const std::size_t scanned = scan(kind, host, found);
     if (found) {
-        placeCalculator(static_cast<std::size_t>(toolbarsOf(kind)[scanned]->milIndex), host);
+        toolbars::frmToolbar& known = *toolbarsOf(kind)[scanned];
+        followResolution(known, host);
+        placeCalculator(static_cast<std::size_t>(known.milIndex), host);
         return;
     }
     // The library scan makes a new toolbar with each tick, by design. While the system takes none, one a
@@ -149,6 +151,18 @@ std::size_t Hauptform::addCalculator(toolbars::frmToolbar& toolbar, platform::HW
     toolbar.milIndex = static_cast<std::int32_t>(index);
     windowTable[1] = static_cast<std::int32_t>(host);
     return index;
+}
+
+/// A host may have been moved to another screen, or the user has changed the screen's resolution.
+void Hauptform::followResolution(toolbars::frmToolbar& toolbar, platform::HWND host) {
+    const int dpi = platform::dpiOf(host);
+    const forms::Resolution now(dpi);
+    if (dpi == 0 || now == toolbar.resolution())
+        return;
+    toolbar.followResolution(now);
+    const auto index = static_cast<std::size_t>(toolbar.milIndex);
+    if (index < calculators.size() && calculators[index] != nullptr)
+        calculators[index]->setResolution(now);
 }
 
 void Hauptform::placeCalculator(std::size_t index, platform::HWND host) {

@@ -155,6 +155,12 @@ Container::~Container() {
         child->container_ = nullptr;
 }
 
+void Container::resolutionChanged() {
+    Control::resolutionChanged();
+    for (Control* child : std::vector<Control*>(controls_))
+        child->resolutionChanged();
+}
+
 void Container::makePeers() {
     Control::makePeers();
     for (Control* child : std::vector<Control*>(controls_))

@@ -129,6 +129,9 @@ class Control {
     /// is placed and whenever the form is resized, ahead of Form_Resize.
     virtual void containerResized(float /*clientWidth*/) {}
 
+    /// The form has come to another resolution. What it shows is to be laid out anew.
+    virtual void resolutionChanged() { tellPeer(Property::resolution); }
+
     /// For forms: makes and drops the peer of this control and of what stands in it.
     virtual void makePeers();
     virtual void dropPeers();
@@ -173,6 +176,7 @@ class Container : public Control {
 
     const std::vector<Control*>& controls() const { return controls_; }
 
+    void resolutionChanged() override;
     void makePeers() override;
     void dropPeers() override;
     void windowLost() override;

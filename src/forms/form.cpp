@@ -49,8 +49,8 @@ void Form::setResolution(Resolution resolution) {
     const float height = scaleHeight_;
     resolution_ = resolution;
     const FrameExtent frame = frameExtent(*this);
-    adoptSize(toPixels(width) + frame.width, toPixels(height) + frame.height, toPixels(width),
-              toPixels(height));
+    resolutionChanged();
+    assignPixels(toPixels(width) + frame.width, toPixels(height) + frame.height);
 }
 
 void Form::load() {
@@ -145,8 +145,11 @@ void Form::setMousePointer(MousePointer pointer) {
 void Form::assignSize(float width, float height) {
     const int wantedWidth = std::max(0, toPixels(width));
     const int wantedHeight = std::max(0, toPixels(height));
-    if (wantedWidth == toPixels(this->width()) && wantedHeight == toPixels(this->height()))
-        return;
+    if (wantedWidth != toPixels(this->width()) || wantedHeight != toPixels(this->height()))
+        assignPixels(wantedWidth, wantedHeight);
+}
+
+void Form::assignPixels(int wantedWidth, int wantedHeight) {
     if (hWnd() == platform::HWND::none) {
         const FrameExtent frame = frameExtent(*this);
         adoptSize(wantedWidth, wantedHeight, wantedWidth - frame.width, wantedHeight - frame.height);

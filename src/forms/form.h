@@ -37,7 +37,8 @@ class Form : public Captioned<Container> {
     Control* firstFocus = nullptr;
     bool activates = true; ///< takes the focus when it is shown or clicked; a hosted form must not
     Resolution resolution() const override { return resolution_; }
-    /// Of the screen that the form is to be seen on, before it is loaded. Keeps the client size, in twips.
+    /// Of the screen that the form is to be seen on. Keeps the client size, in twips, and raises Form_Resize
+    /// if there is a window; its place stays the same in pixels.
     void setResolution(Resolution resolution);
     /// Sets the client size, in twips; the outer size follows from the border style, to be set before.
     void setClientSize(float width, float height);
@@ -97,6 +98,7 @@ class Form : public Captioned<Container> {
 
   private:
     void assignSize(float width, float height);
+    void assignPixels(int width, int height);
     int toPixels(float twips) const { return resolution_.toPixels(twips); }
     float toTwips(int pixels) const { return resolution_.toTwips(pixels); }
     void adoptSize(int width, int height, int clientWidth, int clientHeight);

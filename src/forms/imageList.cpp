@@ -29,12 +29,41 @@ void ImageList::add(int index, std::string_view key, const Picture& picture) {
     if (findKey(images_, key) != images_.end())
         throw runtime::RuntimeError(runtime::ErrorNumber::keyNotUnique);
     const int place = index == 0 ? count() : index - 1;
-    Picture fitted = picture.fitted(imageWidth, imageHeight);
+    ListImage added{std::string(key), fitted(picture), picture};
     // Rows without an icon of their own look like the one before: one block of pixels does for all of them.
-    if (place > 0)
-        if (const Picture& before = images_[static_cast<std::size_t>(place) - 1].picture; before == fitted)
-            fitted = before;
-    images_.insert(images_.begin() + place, {std::string(key), std::move(fitted)});
+    if (place > 0) {
+        const ListImage& before = images_[static_cast<std::size_t>(place) - 1];
+        if (before.picture == added.picture)
+            added.picture = before.picture;
+        if (before.whole == added.whole)
+            added.whole = before.whole;
+    }
+    images_.insert(images_.begin() + place, std::move(added));
+}
+
+void ImageList::setResolution(Resolution resolution) {
+    if (resolution == resolution_)
+        return;
+    resolution_ = resolution;
+    for (ListImage& image : images_)
+        image.picture = fitted(image.whole);
+}
+
+/// A picture that is to grow keeps its outline: what shows nothing is not mixed with what shows.
+Picture ImageList::fitted(const Picture& picture) const {
+    if (picture.width() >= pictureWidth() || picture.height() >= pictureHeight())
+        return picture.fitted(pictureWidth(), pictureHeight());
+    std::vector<std::uint32_t> pixels(picture.pixels().begin(), picture.pixels().end());
+    for (std::uint32_t& pixel : pixels)
+        if ((pixel & ~opaque) == maskColour)
+            pixel = 0;
+    const Picture grown =
+        Picture(picture.width(), picture.height(), std::move(pixels)).fitted(pictureWidth(), pictureHeight());
+    pixels.assign(grown.pixels().begin(), grown.pixels().end());
+    constexpr std::uint32_t halfOpaque = 0x80000000;
+    for (std::uint32_t& pixel : pixels)
+        pixel = opaque | (pixel >= halfOpaque ? pixel : maskColour);
+    return {grown.width(), grown.height(), std::move(pixels)};
 }
 
 int ImageList::indexOf(std::string_view key) const {

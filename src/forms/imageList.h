@@ -2,6 +2,7 @@
 #pragma once
 
 #include "forms/picture.h"
+#include "forms/units.h"
 
 #include <string>
 #include <string_view>
@@ -12,6 +13,7 @@ namespace forms {
 struct ListImage {
     std::string key; ///< empty for none
     Picture picture; ///< fitted to the list's size
+    Picture whole;   ///< as it was added
 };
 
 class ImageList {
@@ -20,9 +22,14 @@ class ImageList {
     ImageList(const ImageList&) = delete;
     ImageList& operator=(const ImageList&) = delete;
 
-    /// Pixels. A change drops nothing: it applies to pictures that are added from then on.
+    /// Pixels of the design. A change drops nothing: it applies to pictures that are added from then on.
     int imageWidth = 16;
     int imageHeight = 16;
+    /// That of the form that shows the pictures; they are fitted to it anew.
+    void setResolution(Resolution resolution);
+    /// Pixels that a picture has there.
+    int pictureWidth() const { return resolution_.scaled(imageWidth); }
+    int pictureHeight() const { return resolution_.scaled(imageHeight); }
     /// Pixels of exactly this colour show nothing.
     Colour maskColour = maskGrey;
 
@@ -39,6 +46,9 @@ class ImageList {
     const Picture& picture(int index) const;
 
   private:
+    Picture fitted(const Picture& picture) const;
+
+    Resolution resolution_;
     std::vector<ListImage> images_;
 };
 

@@ -42,6 +42,7 @@ enum class Property {
     buttons, ///< buttons of a toolbar
     colours, ///< colours or font
     mousePointer,
+    resolution, ///< of the form: the place in pixels, the font, the pictures
 };
 
 /// Shared, so that a window whose event drops its own peer can keep it until the event has returned.

@@ -64,7 +64,7 @@ float Toolbar::height() const {
     if (!rowsHeight_)
         catchUpPeer();
     if (!rowsHeight_)
-        rowsHeight_ = layoutToolbar(buttons(), resolution().toPixels(width())).height;
+        rowsHeight_ = layoutToolbar(buttons(), resolution().toPixels(width()), resolution()).height;
     return resolution().toTwips(*rowsHeight_);
 }
 
@@ -78,6 +78,11 @@ void Toolbar::windowLost() {
     content_.reset();
     if (imageList_ != nullptr)
         imageList_->clear();
+}
+
+void Toolbar::resolutionChanged() {
+    rowsHeight_.reset();
+    Control::resolutionChanged();
 }
 
 void Toolbar::setPosition(const Position& position) {

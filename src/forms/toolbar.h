@@ -57,6 +57,7 @@ class Toolbar : public Control {
     void setPosition(const Position& position) override;
     void containerResized(float clientWidth) override;
     void windowLost() override;
+    void resolutionChanged() override;
     /// Called by the peer: the control has laid out its buttons, and its rows are that many pixels high.
     void rowsLaidOut(int height) { rowsHeight_ = height; }
 

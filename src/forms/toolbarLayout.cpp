@@ -12,11 +12,13 @@ namespace forms {
 namespace {
 
 /// A row's last button need not fit: the control is content when its picture does.
-constexpr int pictureWidth = 16;
-constexpr int overhang = (toolbarButtonWidth - pictureWidth) / 2;
+int overhang(const ToolbarMetrics& sizes) {
+    return (sizes.buttonWidth - sizes.picture) / 2;
+}
 
-/// What a separator adds to the distance of two rows when it ends the upper one.
-constexpr int rowGap = toolbarSeparatorWidth * 2 / 3;
+/// What a separator adds to the distance of two rows when it ends the upper one. The control goes by a width
+/// of its own, whatever the separator's is.
+constexpr int rowGap = 8 * 2 / 3;
 
 /// Finds the ends of the rows, one after the other.
 ///
@@ -26,7 +28,8 @@ constexpr int rowGap = toolbarSeparatorWidth * 2 / 3;
 /// its neighbours with it, and the groups of separators that are torn.
 class RowEnds {
   public:
-    RowEnds(const std::deque<ToolbarButton>& buttons, int width) : buttons_(buttons), width_(width) {}
+    RowEnds(const std::deque<ToolbarButton>& buttons, int width, const ToolbarMetrics& sizes)
+        : buttons_(buttons), width_(width), sizes_(sizes) {}
 
     /// Index of the last button of the row that begins with the button `first`. Rows are asked for in order.
     std::size_t after(std::size_t first) {
@@ -36,13 +39,13 @@ class RowEnds {
         int x = 0;
         for (std::size_t index = first; index < buttons_.size(); ++index) {
             if (!isSeparator(index)) {
-                if (!fits(x, toolbarButtonWidth)) {
+                if (!fits(x, sizes_.buttonWidth)) {
                     if (separator)
                         return *separator;
                     endedOnButton_ = true;
                     return std::max(first + 1, index) - 1;
                 }
-                x += toolbarButtonWidth;
+                x += sizes_.buttonWidth;
                 continue;
             }
             if (index > first || firstCounts) {
@@ -50,9 +53,9 @@ class RowEnds {
                     tornGroup_ = true;
                     return index;
                 }
-                if (!fits(x, toolbarSeparatorWidth))
+                if (!fits(x, sizes_.separatorWidth))
                     return lastOfGroup(index);
-                x += toolbarSeparatorWidth;
+                x += sizes_.separatorWidth;
             }
             separator = index;
         }
@@ -65,7 +68,7 @@ class RowEnds {
     }
 
     bool fits(int x, int buttonWidth) const {
-        return x + buttonWidth - overhang <= width_ && (x > 0 || buttonWidth <= width_);
+        return x + buttonWidth - overhang(sizes_) <= width_ && (x > 0 || buttonWidth <= width_);
     }
 
     std::size_t lastOfGroup(std::size_t index) const {
@@ -76,6 +79,7 @@ class RowEnds {
 
     const std::deque<ToolbarButton>& buttons_;
     int width_;
+    ToolbarMetrics sizes_;
     /// The row before has ended on a button. Then the first of the adjacent separators that come next ends
     /// its row, whatever room is left ...
     bool endedOnButton_ = false;
@@ -85,21 +89,23 @@ class RowEnds {
 
 } // namespace
 
-ToolbarLayout layoutToolbar(const std::deque<ToolbarButton>& buttons, int width) {
+ToolbarLayout layoutToolbar(const std::deque<ToolbarButton>& buttons, int width, Resolution resolution) {
+    const ToolbarMetrics sizes(resolution);
     ToolbarLayout layout;
+    layout.height = sizes.buttonHeight;
     layout.places.reserve(buttons.size());
-    RowEnds ends(buttons, width);
+    RowEnds ends(buttons, width, sizes);
     int top = 0;
     for (std::size_t first = 0; first < buttons.size(); first = layout.places.size()) {
         const std::size_t last = ends.after(first);
-        layout.height = top + toolbarButtonHeight;
+        layout.height = top + sizes.buttonHeight;
         bool gap = false;
         for (int left = 0; layout.places.size() <= last;) {
             gap = buttons[layout.places.size()].style == ButtonStyle::separator;
             layout.places.push_back({left, top});
-            left += gap ? toolbarSeparatorWidth : toolbarButtonWidth;
+            left += gap ? sizes.separatorWidth : sizes.buttonWidth;
         }
-        top += toolbarButtonHeight + (gap ? rowGap : 0);
+        top += sizes.buttonHeight + (gap ? rowGap : 0);
     }
     return layout;
 }

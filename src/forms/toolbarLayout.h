@@ -1,6 +1,8 @@
 // Where the buttons of a toolbar stand: the wrapping of the system's own control, for where there is none.
 #pragma once
 
+#include "forms/units.h"
+
 #include <deque>
 #include <vector>
 
@@ -8,10 +10,22 @@ namespace forms {
 
 struct ToolbarButton;
 
-/// Sizes in pixels.
-inline constexpr int toolbarButtonWidth = 23;
-inline constexpr int toolbarButtonHeight = 22;
-inline constexpr int toolbarSeparatorWidth = 8;
+/// Sizes in pixels: at 96 dpi a button of 23 by 22 with a picture of 16, and a separator of 8.
+///
+/// At other resolutions a button is a fraction of a pixel wider or narrower than these would be, and on a
+/// long row the fractions add up. So a separator makes good what four buttons have lost or won, a toolbar of
+/// the design's width being five wide: its rows are then those at 96 dpi but for rare mixtures of separators.
+struct ToolbarMetrics {
+    explicit constexpr ToolbarMetrics(Resolution resolution)
+        : picture(resolution.scaled(16)), buttonWidth(resolution.scaledDown(23)),
+          buttonHeight(resolution.scaled(22)),
+          separatorWidth(resolution.scaled(4 * 23 + 8) - 4 * buttonWidth) {}
+
+    int picture; ///< width and height
+    int buttonWidth;
+    int buttonHeight;
+    int separatorWidth;
+};
 
 /// Upper left corner of a button or separator, in pixels from the toolbar's.
 struct ButtonPlace {
@@ -20,11 +34,11 @@ struct ButtonPlace {
 };
 
 struct ToolbarLayout {
-    std::vector<ButtonPlace> places;  ///< one for each button
-    int height = toolbarButtonHeight; ///< in pixels, down to the lowest edge; one row at least
+    std::vector<ButtonPlace> places; ///< one for each button
+    int height = 0;                  ///< in pixels, down to the lowest edge; one row at least
 };
 
 /// Rows that a toolbar of `width` pixels has. Each holds at least one button, however narrow the toolbar is.
-ToolbarLayout layoutToolbar(const std::deque<ToolbarButton>& buttons, int width);
+ToolbarLayout layoutToolbar(const std::deque<ToolbarButton>& buttons, int width, Resolution resolution = {});
 
 } // namespace forms

@@ -36,6 +36,11 @@ class Resolution {
         return static_cast<int>((2 * std::int64_t{designPixels} * dpi_ + designDpi) / (2 * designDpi));
     }
 
+    /// The same, halves to the smaller number.
+    constexpr int scaledDown(int designPixels) const {
+        return static_cast<int>((2 * std::int64_t{designPixels} * dpi_ + designDpi - 1) / (2 * designDpi));
+    }
+
     constexpr bool operator==(const Resolution&) const = default;
 
   private:

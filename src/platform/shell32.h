@@ -10,11 +10,15 @@
 
 namespace platform {
 
+/// Width and height of a small icon at 96 dpi.
+inline constexpr int smallIconSide = 16;
+
 /// Extracts the icon with number `index` (from 0) of an executable, a library or an .ico file, at 32 and at
-/// 16 pixels. Gives the number of icons extracted, 0 on failure. Both handles are the caller's, to be given
-/// back with DestroyIcon. A large icon that is not given back lasts until the next extraction; a small one
-/// stays for good.
-std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeIcon, HICON& smallIcon);
+/// `smallSide` pixels. Gives the number of icons extracted, 0 on failure. Both handles are the caller's, to
+/// be given back with DestroyIcon. A large icon that is not given back lasts until the next extraction; a
+/// small one stays for good.
+std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeIcon, HICON& smallIcon,
+                             int smallSide = smallIconSide);
 
 /// Number of icons in an executable, a library or an .ico file; 0 if there is none or the file cannot be
 /// read.

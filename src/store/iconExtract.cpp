@@ -18,11 +18,15 @@ bool extractIconToPicture(const std::string& file, std::int32_t index, forms::Pi
         // ends it with the next extraction.
         platform::HICON largeIcon = platform::HICON::none;
         platform::HICON smallIcon = platform::HICON::none;
-        if (platform::ExtractIconExA(expandTokens(file).c_str(), index, largeIcon, smallIcon) < 1)
+        const forms::Resolution resolution = picture.resolution();
+        const int side = resolution.scaled(platform::smallIconSide);
+        if (platform::ExtractIconExA(expandTokens(file).c_str(), index, largeIcon, smallIcon, side) < 1)
             return false;
         picture.setAutoRedraw(true);
         picture.cls();
-        platform::DrawIconEx(picture.hDC(), 1, 1, smallIcon, 0, 0, 0, platform::drawNormally);
+        // As much as the box, two pixels of the design wider than the icon, leaves at each side of it.
+        const int margin = resolution.scaledDown(1);
+        platform::DrawIconEx(picture.hDC(), margin, margin, smallIcon, 0, 0, 0, platform::drawNormally);
         platform::DestroyIcon(smallIcon);
         picture.refresh();
         picture.setAutoRedraw(false);

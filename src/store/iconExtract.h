@@ -11,7 +11,8 @@
 namespace store {
 
 /// Draws the small icon with number `index` of a file (tokens allowed) into the picture box, with a margin of
-/// one pixel. On any failure the box keeps what it showed, and the answer is false.
+/// one pixel, both as large as the box's form shows them. On any failure the box keeps what it showed, and
+/// the answer is false.
 bool extractIconToPicture(const std::string& file, std::int32_t index, forms::PictureBox& picture);
 
 /// The same by a reference; one that cannot be read is a failure like any other.

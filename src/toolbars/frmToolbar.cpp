@@ -63,6 +63,15 @@ void frmToolbar::Form_Resize() {
     switchDrawingOn(eagHND);
 }
 
+void frmToolbar::followResolution(forms::Resolution resolution) {
+    // Before the form hears of it: what it is told of its window's place is in the new pixels from then on.
+    const std::int32_t x = resolution.toPixels(left());
+    const std::int32_t y = resolution.toPixels(top());
+    ImageList1.setResolution(resolution);
+    setResolution(resolution);
+    platform::MoveWindow(window(), x, y, resolution.toPixels(width()), resolution.toPixels(height()), true);
+}
+
 void frmToolbar::Form_MouseMove(int /*button*/, int /*shift*/, float /*x*/, float /*y*/) {
     core::setWindowOnTop(window(), 0);
 }

@@ -27,6 +27,7 @@ void frmToolbar::loadVarBar() {
     ImageList1.clear();
     ImageList1.imageWidth = pictureSide;
     ImageList1.imageHeight = pictureSide;
+    ImageList1.setResolution(resolution());
     toolbar.clearButtons();
 
     const store::ButtonList& buttons = *store::listOf(kind_).buttons;

@@ -5,6 +5,7 @@
 #include "forms/toolbar.h"
 #include "forms/units.h"
 
+#include <string>
 #include <string_view>
 
 namespace contract {
@@ -17,6 +18,7 @@ class BarForm : public ToolForm {
     }
     forms::ImageList images;
     forms::Toolbar bar;
+    std::string tip; ///< of each button
 
     /// A button for each 'b', with the first picture if there is one, and a separator for each '|'.
     void fill(std::string_view pattern) {
@@ -25,12 +27,13 @@ class BarForm : public ToolForm {
             if (sign == '|')
                 bar.addButton("", "", forms::ButtonStyle::separator, 0);
             else
-                bar.addButton("", "", forms::ButtonStyle::standard, images.count() > 0 ? 1 : 0);
+                bar.addButton("", "", forms::ButtonStyle::standard, images.count() > 0 ? 1 : 0).toolTipText =
+                    tip;
     }
 
     void setClientWidth(int pixels) {
         const float frame = width() - scaleWidth();
-        setWidth(forms::Resolution().toTwips(pixels) + frame);
+        setWidth(resolution().toTwips(pixels) + frame);
     }
 };
 

@@ -1,6 +1,7 @@
 // Hosts on screens of other resolutions than 96 dpi, each seen by the host's program in its own way.
 #include "core/running.h"
 #include "desktop/program.h"
+#include "platform/user32.h"
 #include "store/state.h"
 
 #include <doctest/doctest.h>
@@ -143,6 +144,85 @@ TEST_CASE("a toolbar that the user resizes speaks of the host in its pixels") {
     // The client area, without the host's frame of 4 pixels at each side and 23 at the top.
     CHECK(program.desk().calls.back() ==
           "RedrawWindow " + std::to_string(static_cast<std::uintptr_t>(host)) + " 1528 673 389");
+}
+
+TEST_CASE(
+    "a toolbar follows its host to another screen with the next tick and keeps its place, scaled once") {
+    OnScreens program;
+    program.desk().screens = {{96}, {144}};
+    const HWND host = program.open(Awareness::perMonitor, 1024);
+    program.ticks(1);
+    // Where the user has dragged it.
+    platform::MoveWindow(program.bar().handle, 400, 100, 128, 48, true);
+    const int height = program.bar().rect.bottom - program.bar().rect.top;
+    program.desk().window(host).screen = 1;
+    program.desk().resizeWindow(host, 1536, 1050);
+    program.ticks(1);
+    CHECK(program.bar().rect.left == 600);
+    CHECK(program.bar().rect.top == 150);
+    CHECK(program.barWidth() == 192);
+    CHECK(program.bar().rect.bottom - program.bar().rect.top == 33 + 39);
+    CHECK(program.calculator().rect == RECT{1236, 0, 1236 + 293, 27});
+    CHECK(program.toolbar(EditorKind::board, 1).ImageList1.pictureWidth() == 24);
+    const RECT there = program.bar().rect;
+    program.ticks(3);
+    CHECK(program.bar().rect == there);
+    program.desk().window(host).screen = 0;
+    program.desk().resizeWindow(host, 1024, 700);
+    program.ticks(1);
+    CHECK(program.bar().rect == RECT{400, 100, 528, 100 + height});
+    CHECK(program.calculator().rect == RECT{824, 0, 824 + 195, 18});
+    CHECK(program.desk().awarenessResets == 0);
+}
+
+TEST_CASE("a host that knows no other screens is not followed") {
+    for (const Awareness awareness : {Awareness::unaware, Awareness::system}) {
+        OnScreens program;
+        program.desk().screens = {{96}, {144}};
+        const HWND host = program.open(awareness, 1024);
+        program.ticks(1);
+        const RECT before = program.bar().rect;
+        program.desk().window(host).screen = 1;
+        program.ticks(2);
+        CHECK(program.bar().rect == before);
+    }
+}
+
+TEST_CASE("a host whose resolution changes while its toolbar is built is followed with the next tick") {
+    for (const char* moment : {"SetWindowPos", "SetParent", "MoveWindow", "RedrawWindow"}) {
+        CAPTURE(moment);
+        OnScreens program;
+        program.desk().screens = {{144}};
+        program.open(Awareness::perMonitor, 1536);
+        program.desk().onCall = [&](const std::string& call) {
+            if (call.starts_with(moment))
+                program.desk().screens = {{192}};
+        };
+        program.ticks(2);
+        CHECK(program.toolbar(EditorKind::board, 1).resolution().dpi() == 192);
+        CHECK(program.barWidth() == 256);
+        CHECK(program.bar().rect.bottom - program.bar().rect.top == 44 + 52);
+        CHECK(program.calculator().rect.bottom == 36);
+        CHECK(program.desk().awarenessResets == 0);
+    }
+}
+
+TEST_CASE("a host that dies while its toolbar is built leaves the program in its own view") {
+    for (const char* moment : {"SetWindowPos", "SetParent", "MoveWindow", "RedrawWindow"}) {
+        CAPTURE(moment);
+        OnScreens program;
+        program.desk().screens = {{144}};
+        const HWND host = program.open(Awareness::perMonitor, 1536);
+        program.desk().onCall = [&](const std::string& call) {
+            if (call.starts_with(moment))
+                program.desk().closeWindow(host);
+        };
+        program.ticks(3);
+        CHECK(program.desk().awareness == Awareness::unaware);
+        CHECK(program.desk().awarenessResets == 0);
+        CHECK(program.desk().messageBoxes.empty());
+        CHECK_FALSE(program.desk().ended);
+    }
 }
 
 TEST_CASE("a resolution that no screen has counts as the nearest that there is") {

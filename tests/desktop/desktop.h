@@ -339,7 +339,12 @@ class World {
     std::function<void()> onPump; ///< runs where pending messages are let run
     /// Calls of the platform in order, as far as tests look at order: "SetParent 5 3" and the like.
     std::vector<std::string> calls;
-    void note(const std::string& call) { calls.push_back(call); }
+    std::function<void(const std::string& call)> onCall; ///< what happens meanwhile elsewhere
+    void note(const std::string& call) {
+        calls.push_back(call);
+        if (onCall)
+            onCall(call);
+    }
 
     // --- system, printer, clipboard
     // ----------------------------------------------------------------------------------

@@ -77,7 +77,13 @@ class WindowPeer : public forms::Peer {
         if (property == forms::Property::text)
             if (const auto* form = dynamic_cast<forms::Form*>(&control_))
                 window->title = form->caption();
-        if (property == forms::Property::position)
+        const bool anew = property == forms::Property::resolution;
+        if (const auto* form = dynamic_cast<forms::Form*>(&control_); form != nullptr && anew) {
+            // The system draws title bar and frame as large as the screen has them.
+            window->frameWidth = forms::frameExtent(*form).width;
+            window->frameHeight = forms::frameExtent(*form).height;
+        }
+        if (property == forms::Property::position || (anew && control_.kind() == forms::ControlKind::frame))
             move(*window);
     }
 

@@ -27,7 +27,8 @@ void World::addIcons(const std::string& path, int count) {
 
 namespace platform {
 
-std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeIcon, HICON& smallIcon) {
+std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeIcon, HICON& smallIcon,
+                             int smallSide) {
     if (desktop::Call("ExtractIconExA").fails())
         return 0;
     desktop::World& desk = desktop::world();
@@ -40,7 +41,7 @@ std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeI
     largeIcon = HICON{desk.nextIcon};
     desk.icons[desk.nextIcon++] = picture;
     smallIcon = HICON{desk.nextIcon};
-    desk.icons[desk.nextIcon++] = picture;
+    desk.icons[desk.nextIcon++] = picture.fitted(smallSide, smallSide);
     return 1;
 }
 

@@ -249,4 +249,27 @@ TEST_CASE("a box without a size can be drawn on all the same") {
     CHECK(box.image() == plain(1, 1, grey));
 }
 
+TEST_CASE("an image list keeps its pictures as large as the resolution has them") {
+    forms::ImageList list;
+    list.setResolution(forms::Resolution(144));
+    list.add(0, "fits", Picture(24, 24, std::vector<std::uint32_t>(24 * 24, 0xFF112233U)));
+    CHECK(list.imageWidth == 16);
+    CHECK(list.picture(1) == Picture(24, 24, std::vector<std::uint32_t>(24 * 24, 0xFF112233U)));
+    // Half of it shows nothing.
+    std::vector<std::uint32_t> pixels(16 * 16, 0xFF112233U);
+    std::fill(pixels.begin(), pixels.begin() + 16 * 8, forms::opaque | forms::maskGrey);
+    list.add(0, "grows", Picture(16, 16, pixels));
+    std::vector<std::uint32_t> grown(24 * 24, 0xFF112233U);
+    std::fill(grown.begin(), grown.begin() + 24 * 12, forms::opaque | forms::maskGrey);
+    CHECK(list.picture(2) == Picture(24, 24, grown));
+    // An odd row becomes one and a half: the half that shows is enough, and no colour is mixed with the
+    // mask's.
+    pixels.assign(16 * 16, forms::opaque | forms::maskGrey);
+    std::fill(pixels.begin(), pixels.begin() + 16, 0xFF112233U);
+    list.add(0, "odd", Picture(16, 16, pixels));
+    CHECK(list.picture(3).pixel(0, 0) == 0xFF112233U);
+    CHECK(list.picture(3).pixel(0, 1) == 0xFF112233U);
+    CHECK(list.picture(3).pixel(0, 2) == (forms::opaque | forms::maskGrey));
+}
+
 TEST_SUITE_END();

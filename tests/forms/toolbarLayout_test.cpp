@@ -104,6 +104,42 @@ TEST_CASE("a row holds at least one button, however narrow the toolbar is") {
     CHECK(drawn("|b", 28) == "|b");
 }
 
+TEST_CASE("at other resolutions buttons and pictures are as large as their screen has them") {
+    struct Row {
+        int dpi;
+        int picture;
+        int width;
+        int height;
+        int separator;
+    };
+    for (const Row& row : {Row{96, 16, 23, 22, 8}, Row{120, 20, 29, 28, 9}, Row{144, 24, 34, 33, 14},
+                           Row{168, 28, 40, 39, 15}, Row{192, 32, 46, 44, 16}, Row{240, 40, 57, 55, 22}}) {
+        CAPTURE(row.dpi);
+        const forms::ToolbarMetrics sizes{forms::Resolution(row.dpi)};
+        CHECK(sizes.picture == row.picture);
+        CHECK(sizes.buttonWidth == row.width);
+        CHECK(sizes.buttonHeight == row.height);
+        CHECK(sizes.separatorWidth == row.separator);
+    }
+}
+
+TEST_CASE("a toolbar of the design's width has the same rows at every resolution") {
+    for (const char* drawing :
+         {"bbbbb", "bbbbbb", "bbbbbbbbbbbb", "bbbb|b", "bbb|bb", "bb|bbb|b", "b|b|b|b|b|b|b|b",
+          "bbbb|bbbb|bbbb", "bbbbb|bbbbb|bbbbb|", "|bbbb|", "bbb|b|bb|bbbbbbbb"})
+        for (const int dpi : {120, 144, 168, 192, 240}) {
+            CAPTURE(drawing);
+            CAPTURE(dpi);
+            const auto buttons = buttonsOf(drawing);
+            const forms::ToolbarLayout design = forms::layoutToolbar(buttons, 120);
+            const forms::ToolbarLayout here =
+                forms::layoutToolbar(buttons, 120 * dpi / 96, forms::Resolution(dpi));
+            for (std::size_t index = 1; index < buttons.size(); ++index)
+                CHECK((here.places[index].top > here.places[index - 1].top) ==
+                      (design.places[index].top > design.places[index - 1].top));
+        }
+}
+
 TEST_CASE("no buttons are one row") {
     CHECK(drawn("", 120).empty());
     CHECK(forms::layoutToolbar({}, 120).height == 22);

@@ -74,6 +74,26 @@ TEST_CASE("the small icon of a file is drawn with a margin of one pixel at the l
     CHECK(surface.box.hDC() == platform::HDC::none);
 }
 
+TEST_CASE("on a form of any resolution the icon stands in the middle of the box, as large as it is there") {
+    const desktop::Session session;
+    world().addIcons("C:\\kestrel\\brd.ico", 1);
+    const std::uint32_t colour = World::iconPicture("C:\\kestrel\\brd.ico", 0).pixel(0, 0);
+    for (const int dpi : {96, 120, 144, 168, 192, 240}) {
+        CAPTURE(dpi);
+        forms::Form form;
+        form.setResolution(forms::Resolution(dpi));
+        forms::PictureBox box;
+        box.place(form, {0, 0, 270, 270});
+        store::extractIconToPicture("C:\\kestrel\\brd.ico", 0, box);
+        // What a list of 16 design pixels takes of it is the whole icon and nothing else.
+        const int side = form.resolution().scaled(16);
+        const forms::Picture taken = box.image().fitted(side, side);
+        CHECK(taken ==
+              forms::Picture(side, side,
+                             std::vector<std::uint32_t>(static_cast<std::size_t>(side * side), colour)));
+    }
+}
+
 TEST_CASE("the index chooses among the icons of a file, and each drawing clears the one before") {
     const desktop::Session session;
     Surface18 surface;

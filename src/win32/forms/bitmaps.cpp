@@ -60,8 +60,8 @@ class Bits {
 } // namespace
 
 HIMAGELIST nativeImageList(const forms::ImageList& list) {
-    const int width = list.imageWidth;
-    const int height = list.imageHeight;
+    const int width = list.pictureWidth();
+    const int height = list.pictureHeight();
     const int count = list.count();
     // The mask is for a picture that is clear all over: its alpha, 0 everywhere, counts as none, and without
     // a mask it would be a black square.

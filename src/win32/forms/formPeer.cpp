@@ -103,6 +103,8 @@ class FormPeer : public ContainerPeer {
         case forms::Property::mousePointer:
             SetCursor(cursor());
             break;
+        case forms::Property::resolution: // the form gives itself its new size
+            break;
         default:
             ContainerPeer::changed(property);
             break;
@@ -137,6 +139,12 @@ class FormPeer : public ContainerPeer {
                 return isHeld(form_) ? MA_NOACTIVATEANDEAT : MA_NOACTIVATE;
             if (!isHosted(handle()))
                 partFromSilentHosts(); // the click is about to make it the one in front
+            break;
+        case WM_DPICHANGED:
+            // A form that is hosted goes by its host. It hears this when it is out of it for a moment and its
+            // place, which was one in the host, is one on another screen.
+            if (!form_.activates)
+                return 0;
             break;
         case WM_GETMINMAXINFO:
             return limitSize(message, wParam, lParam);

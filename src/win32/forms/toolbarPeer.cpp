@@ -52,6 +52,7 @@ class ToolbarPeer : public WindowPeer {
             return;
         switch (property) {
         case forms::Property::imageList:
+        case forms::Property::resolution:
             imagesDirty_ = true;
             catchUpLater();
             break;
@@ -78,16 +79,21 @@ class ToolbarPeer : public WindowPeer {
         for (auto left = SendMessageA(handle(), TB_BUTTONCOUNT, 0, 0); left > 0; --left)
             SendMessageA(handle(), TB_DELETEBUTTON, static_cast<WPARAM>(left - 1), 0);
         // Buttons that come find the width that they are to be wrapped to.
-        takePlace(forms::toolbarButtonHeight);
+        const forms::ToolbarMetrics sizes(toolbar_.resolution());
+        takePlace(sizes.buttonHeight);
         if (!renewImages()) {
             noteRefusal();
             toolbar_.form()->windowLost();
             return;
         }
-        SendMessageA(handle(), TB_SETBUTTONSIZE, 0,
-                     MAKELPARAM(forms::toolbarButtonWidth, forms::toolbarButtonHeight));
-        const std::vector<TBBUTTON> buttons = nativeButtons();
+        SendMessageA(handle(), TB_SETBUTTONSIZE, 0, MAKELPARAM(sizes.buttonWidth, sizes.buttonHeight));
+        const std::vector<TBBUTTON> buttons = nativeButtons(sizes);
         SendMessageA(handle(), TB_ADDBUTTONSA, buttons.size(), reinterpret_cast<LPARAM>(buttons.data()));
+        // Buttons that come with names have all been given the size that the control reckons from pictures
+        // and names, and rows for that: it is to forget both.
+        for (const TBBUTTON& button : buttons)
+            SendMessageA(handle(), TB_SETSTATE, static_cast<WPARAM>(button.idCommand), TBSTATE_ENABLED);
+        SendMessageA(handle(), TB_SETBUTTONSIZE, 0, MAKELPARAM(sizes.buttonWidth, sizes.buttonHeight));
         SendMessageA(handle(), TB_AUTOSIZE, 0, 0);
         const int height = lowestEdge(buttons.size());
         toolbar_.rowsLaidOut(height);
@@ -168,7 +174,7 @@ class ToolbarPeer : public WindowPeer {
     /// Of so many buttons that the control has, in pixels: that of the last, which stands in the last row.
     /// One row if there are none.
     int lowestEdge(std::size_t buttons) {
-        RECT last{0, 0, 0, forms::toolbarButtonHeight};
+        RECT last{0, 0, 0, forms::ToolbarMetrics(toolbar_.resolution()).buttonHeight};
         if (buttons > 0)
             SendMessageA(handle(), TB_GETITEMRECT, buttons - 1, reinterpret_cast<LPARAM>(&last));
         return static_cast<int>(last.bottom);
@@ -183,8 +189,9 @@ class ToolbarPeer : public WindowPeer {
         const HIMAGELIST made =
             toolbar_.imageList() == nullptr ? nullptr : nativeImageList(*toolbar_.imageList());
         if (toolbar_.imageList() != nullptr)
-            SendMessageA(handle(), TB_SETBITMAPSIZE, 0,
-                         MAKELPARAM(toolbar_.imageList()->imageWidth, toolbar_.imageList()->imageHeight));
+            SendMessageA(
+                handle(), TB_SETBITMAPSIZE, 0,
+                MAKELPARAM(toolbar_.imageList()->pictureWidth(), toolbar_.imageList()->pictureHeight()));
         SendMessageA(handle(), TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(made));
         if (images_ != nullptr)
             ImageList_Destroy(images_);
@@ -193,13 +200,13 @@ class ToolbarPeer : public WindowPeer {
         return hadImages_ || toolbar_.imageList() == nullptr;
     }
 
-    std::vector<TBBUTTON> nativeButtons() const {
+    std::vector<TBBUTTON> nativeButtons(const forms::ToolbarMetrics& sizes) const {
         std::vector<TBBUTTON> buttons;
         buttons.reserve(toolbar_.buttons().size());
         for (const forms::ToolbarButton& button : toolbar_.buttons()) {
             const bool separator = button.style == forms::ButtonStyle::separator;
             TBBUTTON made{};
-            made.iBitmap = separator           ? forms::toolbarSeparatorWidth
+            made.iBitmap = separator           ? sizes.separatorWidth
                            : button.image == 0 ? I_IMAGENONE
                                                : button.image - 1;
             made.idCommand = firstCommand + static_cast<int>(buttons.size());

@@ -278,11 +278,14 @@ void WindowPeer::changed(forms::Property property) {
     if (handle_ == nullptr)
         return;
     switch (property) {
-    case forms::Property::position: {
-        const Seeing seen(viewOf(handle_));
-        moveWindow(handle_, childPlace());
+    case forms::Property::position:
+        takePlace();
         break;
-    }
+    case forms::Property::resolution:
+        applyFont();
+        takePlace();
+        InvalidateRect(handle_, nullptr, TRUE);
+        break;
     case forms::Property::enabled:
         if (!control_.enabled())
             leaveFocus();
@@ -303,6 +306,11 @@ void WindowPeer::changed(forms::Property property) {
     default:
         break;
     }
+}
+
+void WindowPeer::takePlace() {
+    const Seeing seen(viewOf(handle_));
+    moveWindow(handle_, childPlace());
 }
 
 /// A window that hears the user no longer does not keep the focus, or the keyboard would be dead.

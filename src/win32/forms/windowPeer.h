@@ -76,6 +76,7 @@ class WindowPeer : public forms::Peer {
     HWND formLeftBehind() const;
     bool startsGroup() const;
     void takeTabPlace();
+    void takePlace();
     void leaveFocus() const;
 
     forms::Control& control_;

@@ -39,9 +39,6 @@ class ExtractedIcon {
     ::HICON little = nullptr;
 };
 
-constexpr int largeSide = 32;
-constexpr int smallSide = 16;
-
 /// An icon at one size; null if it cannot be had. The size is asked for in pixels: the system's own measures
 /// change when a window of ours goes into a host that knows of another resolution.
 ::HICON iconAt(const std::string& file, std::int32_t index, int side) {
@@ -71,10 +68,12 @@ NOTIFYICONDATAA trayRecord(const platform::NOTIFYICONDATA& record) {
 
 namespace platform {
 
-std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeIcon, HICON& smallIcon) {
+std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeIcon, HICON& smallIcon,
+                             int smallSide) {
+    constexpr int largeSide = 32;
     win32::endLastLargeIcon();
     const auto icon = std::make_shared<ExtractedIcon>();
-    const bool asked = win32::askHost(file, [path = std::string(file), index, icon] {
+    const bool asked = win32::askHost(file, [path = std::string(file), index, smallSide, icon] {
         if (!win32::fileAnswers(path))
             return false;
         icon->large = iconAt(path, index, largeSide);
@@ -136,8 +135,8 @@ std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, cons
 
 HICON programIcon() {
     // Not a shared one: that has the size in which it was first asked for.
-    static const auto icon = LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON, smallSide,
-                                        smallSide, LR_DEFAULTCOLOR);
+    static const auto icon = LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON,
+                                        smallIconSide, smallIconSide, LR_DEFAULTCOLOR);
     return HICON{reinterpret_cast<std::uintptr_t>(icon)};
 }
 

@@ -86,12 +86,13 @@ TEST_CASE("a toolbar's button has its tool tip as name, which is nowhere to be s
     form.show();
     const forms::ToolbarLayout model =
         forms::layoutToolbar(form.bar.buttons(), forms::Resolution().toPixels(form.bar.width()));
+    const forms::ToolbarMetrics sizes(form.resolution());
     for (std::size_t index : {0U, 1U, 2U, 4U}) {
         const RECT place = contract::placeOf(form.bar, index);
         CHECK(place.left == model.places[index].left);
         CHECK(place.top == model.places[index].top);
-        CHECK(place.right - place.left == forms::toolbarButtonWidth);
-        CHECK(place.bottom - place.top == forms::toolbarButtonHeight);
+        CHECK(place.right - place.left == sizes.buttonWidth);
+        CHECK(place.bottom - place.top == sizes.buttonHeight);
     }
     CHECK(buttonText(form.bar, 1) == tips[0]);
     CHECK(buttonText(form.bar, 2) == tips[1]);

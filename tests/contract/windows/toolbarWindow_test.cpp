@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <sstream>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -33,10 +34,11 @@ std::string allPlaces(const BarForm& form, Place place) {
 }
 
 std::string inModel(const BarForm& form, const forms::ToolbarLayout& layout) {
+    const forms::ToolbarMetrics sizes(form.resolution());
     return allPlaces(form, [&](std::size_t index, bool separator) {
         const auto [left, top] = layout.places[index];
-        return RECT{left, top, left + (separator ? forms::toolbarSeparatorWidth : forms::toolbarButtonWidth),
-                    top + forms::toolbarButtonHeight};
+        return RECT{left, top, left + (separator ? sizes.separatorWidth : sizes.buttonWidth),
+                    top + sizes.buttonHeight};
     });
 }
 
@@ -47,9 +49,9 @@ std::string inControl(BarForm& form) {
 
 /// The control's buttons stand where the model says, and the toolbar is as high as that.
 void checkAgree(BarForm& form) {
-    const forms::ToolbarLayout layout =
-        forms::layoutToolbar(form.bar.buttons(), forms::Resolution().toPixels(form.bar.width()));
-    REQUIRE(form.bar.height() == forms::Resolution().toTwips(layout.height));
+    const forms::ToolbarLayout layout = forms::layoutToolbar(
+        form.bar.buttons(), form.resolution().toPixels(form.bar.width()), form.resolution());
+    REQUIRE(form.bar.height() == form.resolution().toTwips(layout.height));
     REQUIRE(ask(form.bar, TB_BUTTONCOUNT) == static_cast<LRESULT>(layout.places.size()));
     REQUIRE(inControl(form) == inModel(form, layout));
     RECT client{};
@@ -154,6 +156,34 @@ TEST_CASE("model and control agree on the third 500 random toolbars") {
 
 TEST_CASE("model and control agree on the last 500 random toolbars") {
     checkRandomToolbars(500, 14);
+}
+
+TEST_CASE("model and control agree at every resolution, with pictures and names or without") {
+    World world;
+    constexpr std::uint32_t seed = 12;
+    fuzz::Random random(seed);
+    for (const int dpi : {96, 120, 144, 168, 192, 240, 480})
+        for (const auto& [withPicture, tip] : {std::pair(false, ""), std::pair(true, ""),
+                                               std::pair(true, "A name that is longer than any button")}) {
+            INFO("dpi ", dpi, ", with a picture ", withPicture, ", name ", std::string(tip));
+            BarForm form;
+            form.setResolution(forms::Resolution(dpi));
+            form.images.setResolution(form.resolution());
+            if (withPicture)
+                form.images.add(0, "one",
+                                forms::Picture(16, 16, std::vector<std::uint32_t>(256, 0xFF0000FFU)));
+            form.bar.setImageList(&form.images);
+            form.tip = tip;
+            form.load();
+            for (int number = 1; number <= 20; ++number) {
+                const std::string pattern = random.text(random.oneOf({"bbbbbbbbb|", "bbbbb|", "bb|"}), 24);
+                const int width = (40 + static_cast<int>(random.below(361))) * dpi / 96;
+                INFO("pattern ", pattern, ", width ", width);
+                form.setClientWidth(width);
+                form.fill(pattern);
+                checkAgree(form);
+            }
+        }
 }
 
 TEST_CASE("a button of the system's toolbar that is clicked raises its click") {
