@@ -2,10 +2,11 @@
 //
 //   tick-bench windows N        opens N top-level windows and waits to be ended
 //   tick-bench behind WINDOW... puts windows behind all others, the last one at the bottom
-//   tick-bench bare             five times a second, until ended: the processes until EAGLE is found, the
-//   titles
-//                               of all windows four times, one look for a file
+//   tick-bench bare             five times a second, until ended: the processes until EAGLE is found,
+//                               the titles of all windows four times, one look for a file
 //   tick-bench bare-found       the same, but with three passes over the titles that end where a search ends
+#include "otherWindows.h"
+
 #include <windows.h>
 
 #include <tlhelp32.h>
@@ -20,23 +21,6 @@
 namespace {
 
 constexpr UINT period = 200; // milliseconds
-
-int serve() {
-    MSG message;
-    while (GetMessageA(&message, nullptr, 0, 0) > 0)
-        DispatchMessageA(&message);
-    return 0;
-}
-
-int openWindows(int count) {
-    for (int window = 0; window < count; ++window)
-        CreateWindowExA(0, "STATIC",
-                        ("A window of another program, number " + std::to_string(window)).c_str(),
-                        WS_OVERLAPPEDWINDOW, 10, 10, 200, 100, nullptr, nullptr, nullptr, nullptr);
-    std::puts("ready");
-    std::fflush(stdout);
-    return serve();
-}
 
 int putBehind(int count, char** windows) {
     for (int window = 0; window < count; ++window) {
@@ -99,11 +83,11 @@ void CALLBACK tickToEditors(HWND /*window*/, UINT /*message*/, UINT_PTR /*id*/, 
 int main(int count, char** arguments) {
     const std::string_view what = count > 1 ? arguments[1] : "";
     if (what == "windows" && count > 2)
-        return openWindows(std::atoi(arguments[2]));
+        return bench::openWindows(std::atoi(arguments[2]));
     if (what == "behind")
         return putBehind(count - 2, arguments + 2);
     if (what != "bare" && what != "bare-found")
         return 1;
     SetTimer(nullptr, 0, period, what == "bare" ? tickToEnds : tickToEditors);
-    return serve();
+    return bench::serve();
 }

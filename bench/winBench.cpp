@@ -4,10 +4,13 @@
 //   win-bench windows N             opens N top-level windows and waits to be ended
 //   win-bench load N [BUTTONS]      N times loadVarBar with buttons that have icons
 //   win-bench load-bare N [BUTTONS] N times the icon extraction and the toolbar calls for them
-//   win-bench setup-open N [ROWS]   opens and cancels the setup dialog N times, with three lists of so many
-//   rows win-bench setup-open-bare N [ROWS]  opens and closes a dialog with the same controls and rows N
-//   times win-bench setup-ok N [ROWS]     the setup with OK win-bench setup-ok-bare N [ROWS]    N times the
-//   settings calls of such an OK
+//   win-bench setup-open N [ROWS]   opens and cancels the setup N times, with three lists of so many rows
+//   win-bench setup-open-bare N [ROWS]
+//                                   opens and closes a dialog with the same controls and rows N times
+//   win-bench setup-ok N [ROWS]     opens the setup and presses OK N times
+//   win-bench setup-ok-bare N [ROWS]
+//                                   makes the settings calls of such an OK N times
+#include "otherWindows.h"
 #include "setupBench.h"
 
 #include "platform/executable.h"
@@ -35,18 +38,6 @@ constexpr int side = 16;
 std::string iconFile(int button) {
     static const std::array<const char*, 3> files = {"brd.ico", "sch.ico", "lbr.ico"};
     return platform::programFolder() + "\\" + files[static_cast<std::size_t>(button) % files.size()];
-}
-
-void openWindows(int count) {
-    for (int window = 0; window < count; ++window)
-        CreateWindowExA(0, "STATIC",
-                        ("A window of another program, number " + std::to_string(window)).c_str(),
-                        WS_OVERLAPPEDWINDOW, 10, 10, 200, 100, nullptr, nullptr, nullptr, nullptr);
-    std::puts("ready");
-    std::fflush(stdout);
-    MSG message;
-    while (GetMessageA(&message, nullptr, 0, 0) > 0)
-        DispatchMessageA(&message);
 }
 
 void fillList(int buttonCount) {
@@ -130,8 +121,8 @@ int main(int count, char** arguments) {
     const int size = count > 3 ? std::atoi(arguments[3]) : 0;
     const int rows = size > 0 ? size : 200;
     if (what == "windows")
-        openWindows(number);
-    else if (what == "load")
+        return bench::openWindows(number);
+    if (what == "load")
         load(number, size > 0 ? size : 100);
     else if (what == "load-bare")
         loadBare(number, size > 0 ? size : 100);
