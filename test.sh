@@ -53,7 +53,7 @@ step 'wine' tools/setup-wine.sh
 # the rest of its scenes are a step of tools/long-run.sh.
 step 'contract and scenes' "$PYTHON" tests/windows/play-all.py \
     win32 contract contract-932 contract-65001 scenes \
-    win64 contract mainJob calculator runRequest tray setupDialog controls dialogs hostLife programStart toolbarWindow \
+    win64 contract mainJob calculator runRequest tray setupDialog controls dialogs hostLife programStart toolbarWindow resolutions \
     sessionEnd installer newUser checkKit
 
 printf '\n'

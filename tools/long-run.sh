@@ -19,6 +19,8 @@ steps=(
     'win32-growth 4 growth i686'
     'win64-growth 4 growth x86_64'
     'failing-calls 1 KESTREL_ALL=1 build/native/bin/kestrel-tests -ts="failures/*"'
+    'win32-screens 2 KESTREL_DPI=96,120,192 "$PYTHON" tests/windows/play-all.py --once win32 resolutions'
+    'win64-screens 1 KESTREL_DPI=96,120,192 "$PYTHON" tests/windows/play-all.py --once win64 resolutions'
     'win64-scenes 1 "$PYTHON" tests/windows/play-all.py --once win64'
     'win64-pages 1 "$PYTHON" tests/windows/play-all.py --once win64 contract-932 contract-65001'
     'win32-contract 50 tools/test-contract.sh i686'

@@ -76,11 +76,12 @@ class Witness(Program):
 
     FOLDER = "C:\\witness"
 
-    def __init__(self, prefix, executable):
+    def __init__(self, prefix, executable, pixels=False):
+        """With `pixels` it tells all places in the screen's own, else as programs see them that know of 96 to the inch."""
         super().__init__(prefix, self.FOLDER, "witness")
         self._dump = prefix.path(self.FOLDER + "\\dump.txt")
         prefix.put([executable], self.FOLDER)
-        self._process = prefix.start(self.FOLDER + "\\witness.exe")
+        self._process = prefix.start(self.FOLDER + "\\witness.exe", *(["pixels"] if pixels else []))
         if not self.wait_for("ready", seconds=60):
             raise RuntimeError("the witness does not start")
 

@@ -42,20 +42,21 @@ class Toolbar:
 
 class Stage:
     """Use it in a with statement. `bits` is win32 or win64, `pictures` the folder for screenshots. Without a display it
-    makes a virtual one of its own. The options are those of Prefix."""
+    makes a virtual one of its own. With `pixels` all places are in the screen's own, else in those of 96 to the inch.
+    The options are those of Prefix."""
 
-    def __init__(self, bits, pictures, display=None, dpi=96, registry=None, **prefix_options):
+    def __init__(self, bits, pictures, display=None, dpi=96, pixels=False, registry=None, **prefix_options):
         self.bits = bits
         self._pictures = pictures
         self._display = display or Display()
         try:
-            self.screen = Screen(self._display, dpi / 96)
+            self.screen = Screen(self._display, 1 if pixels else dpi / 96)
             self.prefix = Prefix(self._display, registry={**(registry or {}), **_resolution(dpi)}, **prefix_options)
         except BaseException:
             self._display.close()
             raise
         try:
-            self.witness = Witness(self.prefix, paths.built("win64", "witness.exe"))
+            self.witness = Witness(self.prefix, paths.built("win64", "witness.exe"), pixels)
             folder = paths.program_folder(bits)
             self.prefix.put(sorted(folder.iterdir()), KESTREL)
         except BaseException:

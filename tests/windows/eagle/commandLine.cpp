@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <string_view>
+
 namespace commandLine {
 
 static std::wstring trimmed(const std::wstring& text, const wchar_t* letters) {
@@ -27,6 +29,12 @@ static std::wstring tailOf(const std::wstring& line, const std::wstring& program
 Start parse(const std::wstring& line, const std::wstring& programPath) {
     std::wstring rest = trimmed(tailOf(line, programPath), L" \t");
     Start start;
+    constexpr std::wstring_view sees = L"-D ";
+    if (rest.starts_with(sees)) {
+        rest = rest.substr(sees.size());
+        start.sees = rest.substr(0, rest.find(L' '));
+        rest = trimmed(rest.substr(start.sees.size()), L" \t");
+    }
     if (rest.starts_with(L"-C")) {
         const size_t open = rest.find(L'"');
         const size_t close = open == std::wstring::npos ? open : rest.find(L'"', open + 1);

@@ -7,6 +7,7 @@ namespace commandLine {
 
 struct Start {
     std::wstring command; // what stood between the quotes behind -C; empty without the option
+    std::wstring sees;    // the word behind -D, which must come first: "system" or "monitor"; empty without
     std::wstring file;    // what is left, without blanks around and quotes; empty if nothing is
 };
 

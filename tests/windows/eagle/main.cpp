@@ -3,6 +3,8 @@
 //
 // Environment: EAGLE_JOURNAL and EAGLE_CONTROL name the journal and the file of orders (by default
 // eagle-journal.txt and eagle-control.txt beside the program), EAGLE_LANGUAGE=de makes it German.
+// The option -D, before all others, says how finely it sees the screen: "system" the main screen's pixels,
+// "monitor" those of each; without it it is shown 96 to the inch.
 #include "common/journal.h"
 #include "common/orders.h"
 #include "eagle/commandLine.h"
@@ -52,6 +54,20 @@ static void passOn(HWND ordersWindow, const orders::Order& order) {
         copy.release(); // the window owns it now
 }
 
+// The system of today knows how to see each screen's pixels; it is asked for at run time, as an older one
+// lacks it.
+static void see(const std::wstring& what) {
+    if (what.empty())
+        return;
+    const HMODULE user = GetModuleHandleW(L"user32.dll");
+    const auto set = reinterpret_cast<BOOL(WINAPI*)(DPI_AWARENESS_CONTEXT)>(
+        reinterpret_cast<void*>(GetProcAddress(user, "SetProcessDpiAwarenessContext")));
+    const bool monitor = what == L"monitor";
+    const bool done =
+        set && set(monitor ? DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2 : DPI_AWARENESS_CONTEXT_SYSTEM_AWARE);
+    journal::write("sees", {done ? what : L"nothing"});
+}
+
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
     journal::open(L"EAGLE_JOURNAL", L"eagle-journal.txt");
     wchar_t language[8] = {};
@@ -64,6 +80,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
     const commandLine::Start start = commandLine::parse(line, program);
     journal::write("started", {line});
     journal::write("option", {start.command, start.file});
+    see(start.sees);
 
     editor::registerClasses();
     controlPanel::open();

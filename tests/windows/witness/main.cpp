@@ -161,7 +161,19 @@ static void orderTerminate(const Order& order) {
         orders::failed(order, L"no such process");
 }
 
-int wmain() {
+// With the word "pixels" it sees the pixels that the screen has, at whatever number to the inch; without
+// it 96.
+static void seePixels() {
+    const HMODULE user = GetModuleHandleW(L"user32.dll");
+    const auto set = reinterpret_cast<BOOL(WINAPI*)(DPI_AWARENESS_CONTEXT)>(
+        reinterpret_cast<void*>(GetProcAddress(user, "SetProcessDpiAwarenessContext")));
+    if (set)
+        set(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
+}
+
+int wmain(int count, wchar_t** words) {
+    if (count > 1 && std::wstring_view(words[1]) == L"pixels")
+        seePixels();
     journal::open(L"WITNESS_JOURNAL", L"witness-journal.txt");
     const HANDLE quit = CreateEventW(nullptr, TRUE, FALSE, nullptr); // lives as long as the program
     static const std::map<std::wstring, void (*)(const Order&)> actions = {

@@ -47,6 +47,33 @@ static std::optional<DWORD_PTR> ask(HWND toolbar, UINT message, WPARAM wParam, L
     return answer;
 }
 
+// The client area's size as the toolbar's own program sees it.
+static SIZE ownSize(HWND toolbar) {
+    const HMODULE user = GetModuleHandleW(L"user32.dll");
+    using View = DPI_AWARENESS_CONTEXT;
+    static const auto viewOf = reinterpret_cast<View(WINAPI*)(HWND)>(
+        reinterpret_cast<void*>(GetProcAddress(user, "GetWindowDpiAwarenessContext")));
+    static const auto enter = reinterpret_cast<View(WINAPI*)(View)>(
+        reinterpret_cast<void*>(GetProcAddress(user, "SetThreadDpiAwarenessContext")));
+    const View former = viewOf && enter ? enter(viewOf(toolbar)) : nullptr;
+    RECT client = {};
+    GetClientRect(toolbar, &client);
+    if (former)
+        enter(former);
+    return {client.right, client.bottom};
+}
+
+// From the toolbar's own pixels to those that we see on the screen.
+static void toScreen(HWND toolbar, RECT& place) {
+    const SIZE own = ownSize(toolbar);
+    RECT client = {};
+    GetClientRect(toolbar, &client);
+    if (own.cx > 0 && own.cy > 0)
+        place = {MulDiv(place.left, client.right, own.cx), MulDiv(place.top, client.bottom, own.cy),
+                 MulDiv(place.right, client.right, own.cx), MulDiv(place.bottom, client.bottom, own.cy)};
+    MapWindowPoints(toolbar, nullptr, reinterpret_cast<POINT*>(&place), 2);
+}
+
 std::vector<Button> buttons(HWND toolbar) {
     // The part of TBBUTTON that is the same in both bitnesses: image, command, state, style.
     struct ButtonHead {
@@ -67,7 +94,7 @@ std::vector<Button> buttons(HWND toolbar) {
         if (!ask(toolbar, TB_GETITEMRECT, index, memory.address()))
             break;
         RECT place = memory.read<RECT>();
-        MapWindowPoints(toolbar, nullptr, reinterpret_cast<POINT*>(&place), 2);
+        toScreen(toolbar, place);
         result.push_back({place, head.state, head.style});
     }
     return result;
