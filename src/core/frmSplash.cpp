@@ -22,10 +22,12 @@ frmSplash::frmSplash() {
     controlBox = false;
     showInTaskbar = false;
     centreOnScreen = true;
+    followsScreen = true;
     setBackColour(lightYellow);
     setClientSize(6030, 2865);
     Image2.place(*this, {240, 180, 1395, 1395});
     Image2.setPicture(forms::loadPicture("splashSquare"));
+    Image2.drawnFor = [](forms::Resolution) { return forms::loadPicture("splashSquare2"); };
     labAuthor.place(*this, {2640, 2160, 3375, 675});
     labAuthor.setFont(italic(9.75F, true));
     labAuthor.setCaption("The Kestrel team");
@@ -37,6 +39,7 @@ frmSplash::frmSplash() {
     labCaption.setCaption("Kestrel Strip for EAGLE");
     Image1.place(*this, {420, 1020, 5415, 1140});
     Image1.setPicture(forms::loadPicture("splashWide"));
+    Image1.drawnFor = [](forms::Resolution) { return forms::loadPicture("splashWide2"); };
 
     const auto close = [this] { Timer1_Timer(); };
     Timer1.onTimer = close;

@@ -23,6 +23,7 @@ ErrPtnr::ErrPtnr() {
     borderStyle = forms::BorderStyle::fixedDialog;
     controlBox = false;
     showInTaskbar = false;
+    followsScreen = true;
     setCaption("ProgInfo - Fehlermeldung");
     designFrames();
     designError();

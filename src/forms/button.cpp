@@ -5,11 +5,6 @@
 
 namespace forms {
 
-void CommandButton::setPicture(const Picture& picture) {
-    picture_ = picture;
-    tellPeer(Property::picture);
-}
-
 void CommandButton::click() {
     if (acceptsInput())
         raise(onClick);

@@ -2,16 +2,14 @@
 #pragma once
 
 #include "forms/captioned.h"
+#include "forms/pictured.h"
 
 namespace forms {
 
-class CommandButton : public Captioned<Control> {
+/// Shows its picture, if it has one, instead of its caption.
+class CommandButton : public Pictured<Captioned<Control>> {
   public:
-    CommandButton() : Captioned(ControlKind::commandButton) {}
-
-    /// A picture instead of the caption.
-    const Picture& picture() const { return picture_; }
-    void setPicture(const Picture& picture);
+    CommandButton() : Pictured(ControlKind::commandButton) {}
 
     bool isDefault = false; ///< Enter on the form presses it
     bool isCancel = false;  ///< Esc on the form presses it
@@ -19,9 +17,6 @@ class CommandButton : public Captioned<Control> {
     std::function<void()> onClick;
     /// Called by the peer. A disabled button ignores it.
     void click();
-
-  private:
-    Picture picture_;
 };
 
 class CheckBox : public Captioned<Control> {

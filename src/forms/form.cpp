@@ -43,20 +43,58 @@ void Form::setClientSize(float width, float height) {
 }
 
 void Form::setResolution(Resolution resolution) {
-    if (resolution == resolution_)
+    adoptResolution(resolution, resolution);
+}
+
+void Form::adoptResolution(Resolution resolution, Resolution frame) {
+    if (resolution == resolution_ && frame == frameResolution_)
         return;
     const float width = scaleWidth_;
     const float height = scaleHeight_;
     resolution_ = resolution;
-    const FrameExtent frame = frameExtent(*this);
+    frameResolution_ = frame;
+    const FrameExtent extent = frameExtent(*this);
     resolutionChanged();
-    assignPixels(toPixels(width) + frame.width, toPixels(height) + frame.height);
+    assignPixels(toPixels(width) + extent.width, toPixels(height) + extent.height);
+}
+
+Resolution Form::fitting(Resolution screen, const platform::RECT& workArea) const {
+    if (screen == Resolution())
+        return screen;
+    const FrameExtent frame = frameExtent(*this, screen);
+    const auto fits = [&](Resolution resolution) {
+        return resolution.toPixels(scaleWidth_) + frame.width <= workArea.right - workArea.left &&
+               resolution.toPixels(scaleHeight_) + frame.height <= workArea.bottom - workArea.top;
+    };
+    Resolution found = screen;
+    for (int dpi = screen.dpi() - 1; !fits(found) && found != Resolution::reduced(dpi); --dpi)
+        found = Resolution::reduced(dpi);
+    return found;
+}
+
+void Form::screenChanged(Resolution screen, Resolution frame, const platform::RECT& place) {
+    if (!followsScreen)
+        return;
+    const Resolution wanted = fitting(screen, platform::workAreaAt(place));
+    // Its old place is not to be taken for one in the new pixels.
+    Position moved = position();
+    moved.left = wanted.toTwips(place.left);
+    moved.top = wanted.toTwips(place.top);
+    storePosition(moved);
+    if (wanted == resolution_ && frame == frameResolution_)
+        tellPeer(Property::position);
+    else
+        adoptResolution(wanted, frame);
 }
 
 void Form::load() {
     if (loaded_)
         return;
     loaded_ = true;
+    if (followsScreen) {
+        const Resolution screen(platform::screenDpi());
+        adoptResolution(fitting(screen, platform::workArea()), screen);
+    }
     if (centreOnScreen) {
         const platform::RECT area = platform::workArea();
         Position place = position();

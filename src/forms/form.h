@@ -31,6 +31,9 @@ class Form : public Captioned<Container> {
     bool showInTaskbar = true;
     /// Stands in the middle of the screen when it is loaded, moved only as far as the work area needs it.
     bool centreOnScreen = false;
+    /// A dialog: as large as the screen that it opens on shows what is of its size, but no larger than the
+    /// work area has room for; and so on each screen that it is moved to.
+    bool followsScreen = false;
     /// The window that the form stays in front of and goes with; without one the program's own choice.
     platform::HWND ownerWindow = platform::HWND::none;
     /// Has the keyboard first if it can; without one the first stop of the Tab key has it.
@@ -40,6 +43,12 @@ class Form : public Captioned<Container> {
     /// Of the screen that the form is to be seen on. Keeps the client size, in twips, and raises Form_Resize
     /// if there is a window; its place stays the same in pixels.
     void setResolution(Resolution resolution);
+    /// Of the screen itself: by this the system draws title bar and frame.
+    Resolution frameResolution() const { return frameResolution_; }
+    /// The resolution that a form which follows its screen has on one of `screen`, with a work area in its
+    /// pixels: the finest up to the screen's at which the form is neither too high nor too wide. At 96 dpi it
+    /// is always the design's.
+    Resolution fitting(Resolution screen, const platform::RECT& workArea) const;
     /// Sets the client size, in twips; the outer size follows from the border style, to be set before.
     void setClientSize(float width, float height);
 
@@ -75,6 +84,10 @@ class Form : public Captioned<Container> {
     /// The window has been moved: pixels, on the screen or in the client area of its host. Raises nothing. A
     /// form that did not hear of it would go back to its old place with the next assignment of a size.
     void windowMoved(int left, int top);
+    /// The window has come to another screen, or the user has changed the screen's resolution: the form takes
+    /// the size that it has there, at the corner of `place`, in screen pixels. `frame` is the resolution by
+    /// which the system draws title bar and frame. Nothing unless the form follows its screen.
+    void screenChanged(Resolution screen, Resolution frame, const platform::RECT& place);
     /// The user, or the system, wants to close the window. With the main form the program ends, at once: what
     /// has been going on meanwhile, a dialog or the start itself, does not go on without it.
     void closeRequested();
@@ -99,6 +112,7 @@ class Form : public Captioned<Container> {
   private:
     void assignSize(float width, float height);
     void assignPixels(int width, int height);
+    void adoptResolution(Resolution resolution, Resolution frame);
     int toPixels(float twips) const { return resolution_.toPixels(twips); }
     float toTwips(int pixels) const { return resolution_.toTwips(pixels); }
     void adoptSize(int width, int height, int clientWidth, int clientHeight);
@@ -108,6 +122,7 @@ class Form : public Captioned<Container> {
     bool unloading_ = false;    ///< QueryUnload or Unload is running
     bool sizeAssigned_ = false; ///< a size has been stored that the window has not confirmed yet
     Resolution resolution_;
+    Resolution frameResolution_;
     float scaleWidth_ = 0;
     float scaleHeight_ = 0;
     MousePointer mousePointer_ = MousePointer::standard;

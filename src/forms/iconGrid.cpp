@@ -18,7 +18,8 @@ void IconGrid::show(int count, Source source) {
 Picture IconGrid::picture(int index) const {
     if (!has(index))
         throw runtime::RuntimeError(runtime::ErrorNumber::invalidCall);
-    return (source_ ? source_(index) : Picture()).fitted(iconSize, iconSize);
+    const int side = iconSide();
+    return (source_ ? source_(index, side) : Picture()).fitted(side, side);
 }
 
 void IconGrid::setSelectedIndex(int index) {

@@ -7,13 +7,16 @@ namespace forms {
 
 class IconGrid : public Control {
   public:
-    /// Gives the picture of the icon with this number, the empty picture if there is none.
-    using Source = std::function<Picture(int index)>;
+    /// Gives the picture of the icon with this number, if it can with edges of so many pixels; the empty
+    /// picture if there is none.
+    using Source = std::function<Picture(int index, int side)>;
 
     IconGrid() : Control(ControlKind::iconGrid) {}
 
-    /// Edge of an icon in pixels; a picture of another size is fitted.
+    /// Edge of an icon in pixels of the design; a picture of another size is fitted.
     static constexpr int iconSize = 32;
+    /// The same in those of the grid's form.
+    int iconSide() const { return resolution().scaled(iconSize); }
 
     /// Shows so many icons instead of those that were there, none of them selected, without an event. The
     /// source is asked for a picture when that is about to be seen, so that a large grid is there at once.

@@ -9,11 +9,6 @@ void Label::click() {
         raise(onClick);
 }
 
-void Image::setPicture(const Picture& picture) {
-    picture_ = picture;
-    tellPeer(Property::picture);
-}
-
 void Image::click() {
     if (acceptsInput())
         raise(onClick);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "forms/captioned.h"
+#include "forms/pictured.h"
 
 namespace forms {
 
@@ -25,19 +26,13 @@ class Line : public Control {
     Line() : Control(ControlKind::line) { tabStop = false; }
 };
 
-class Image : public Control {
+class Image : public Pictured<Control> {
   public:
-    Image() : Control(ControlKind::image) { tabStop = false; }
-
-    const Picture& picture() const { return picture_; }
-    void setPicture(const Picture& picture);
+    Image() : Pictured(ControlKind::image) { tabStop = false; }
 
     std::function<void()> onClick;
     /// Called by the peer. A disabled image ignores it.
     void click();
-
-  private:
-    Picture picture_;
 };
 
 } // namespace forms

@@ -16,6 +16,7 @@
 //   same rule.
 #pragma once
 
+#include "forms/units.h"
 #include "platform/types.h"
 
 #include <memory>
@@ -73,6 +74,8 @@ struct FrameExtent {
     int height = 0;
 };
 FrameExtent frameExtent(const Form& form);
+/// The same on a screen of another resolution.
+FrameExtent frameExtent(const Form& form, Resolution screen);
 
 /// Serves messages until the form is hidden or unloaded, with the program's other forms held.
 void runModal(Form& form);

@@ -101,15 +101,25 @@ Picture Picture::fitted(int width, int height) const {
         return {};
     if (width == width_ && height == height_)
         return *this;
+    if (!upToHalfAsLarge(width_, width) || !upToHalfAsLarge(height_, height))
+        return scaled(width, height);
     std::vector<std::uint32_t> result;
     result.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
-    const bool cut = upToHalfAsLarge(width_, width) && upToHalfAsLarge(height_, height);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            result.push_back(pixel(x + (width_ - width) / 2, y + (height_ - height) / 2));
+    return {width, height, std::move(result)};
+}
+
+Picture Picture::scaled(int width, int height) const {
+    if (width <= 0 || height <= 0)
+        return {};
+    if (width == width_ && height == height_)
+        return *this;
+    std::vector<std::uint32_t> result;
+    result.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x) {
-            if (cut) {
-                result.push_back(pixel(x + (width_ - width) / 2, y + (height_ - height) / 2));
-                continue;
-            }
             const Span columns = covered(x, width_, width);
             const Span rows = covered(y, height_, height);
             Mean mean;

@@ -41,6 +41,8 @@ class Picture {
     /// icon drawn with a margin stays sharp; any other size is scaled, each target pixel being the mean of
     /// what it covers (colours weigh by their opacity). The empty picture becomes a transparent one.
     Picture fitted(int width, int height) const;
+    /// The whole picture at another size, each pixel the mean of what it covers.
+    Picture scaled(int width, int height) const;
 
   private:
     int width_ = 0;

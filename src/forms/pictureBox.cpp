@@ -42,6 +42,16 @@ void PictureBox::setAutoRedraw(bool on) {
         surface_ = std::make_unique<Surface>(pixels(width()), pixels(height()), background());
 }
 
+void PictureBox::resolutionChanged() {
+    const auto grown = [this](int length) { return resolution().toPixels(pictured_.toTwips(length)); };
+    if (!picture_.empty())
+        picture_ = picture_.scaled(grown(picture_.width()), grown(picture_.height()));
+    pictured_ = resolution();
+    surface_.reset();
+    setAutoRedraw(autoRedraw_);
+    Control::resolutionChanged();
+}
+
 void PictureBox::windowLost() {
     Control::windowLost();
     surface_.reset();
@@ -72,6 +82,7 @@ Picture PictureBox::image() const {
 
 void PictureBox::setPicture(const Picture& picture) {
     picture_ = lost() ? Picture() : picture;
+    pictured_ = resolution();
     if (autoRedraw_)
         cls();
     else

@@ -28,6 +28,8 @@ class PictureBox : public Control {
     const Picture& picture() const { return picture_; }
     /// Shows a picture, or none if it is empty, and drops what has been drawn.
     void setPicture(const Picture& picture);
+    /// What it shows grows with it; what has been drawn is dropped.
+    void resolutionChanged() override;
     /// From then on it holds no picture and has no surface.
     void windowLost() override;
 
@@ -38,6 +40,7 @@ class PictureBox : public Control {
 
     bool autoRedraw_ = false;
     Picture picture_;
+    Resolution pictured_; ///< that the form had when the picture came
     std::unique_ptr<Surface> surface_;
 };
 

@@ -18,6 +18,14 @@ class Resolution {
     /// lies beyond counts as the nearest; 0 is what it tells of a window that has died.
     explicit constexpr Resolution(int dpi) : dpi_(std::clamp(dpi, designDpi, finestDpi)) {}
 
+    /// For what its screen has no room for otherwise: the design itself may be made smaller, as far as its
+    /// texts can be read.
+    static constexpr Resolution reduced(int dpi) {
+        Resolution made;
+        made.dpi_ = std::clamp(dpi, coarsestDpi, finestDpi);
+        return made;
+    }
+
     constexpr int dpi() const { return dpi_; }
     /// Rounded to the nearest pixel.
     int toPixels(float twips) const {
@@ -46,6 +54,7 @@ class Resolution {
   private:
     static constexpr int twipsPerInch = 1440;
     static constexpr int finestDpi = 480;
+    static constexpr int coarsestDpi = 72;
 
     int dpi_ = designDpi;
 };

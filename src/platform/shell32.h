@@ -12,6 +12,8 @@ namespace platform {
 
 /// Width and height of a small icon at 96 dpi.
 inline constexpr int smallIconSide = 16;
+/// The same of a large one, at any resolution.
+inline constexpr int largeIconSide = 32;
 
 /// Extracts the icon with number `index` (from 0) of an executable, a library or an .ico file, at 32 and at
 /// `smallSide` pixels. Gives the number of icons extracted, 0 on failure. Both handles are the caller's, to

@@ -5,8 +5,11 @@
 
 namespace setup {
 
-/// An arrow of 20 by 20 pixels with soft edges, on nothing.
-forms::Picture upArrow();
-forms::Picture downArrow();
+/// Width and height of an arrow in pixels of the design.
+inline constexpr int arrowSide = 20;
+
+/// An arrow with soft edges, on nothing, of `side` by `side` pixels.
+forms::Picture upArrow(int side = arrowSide);
+forms::Picture downArrow(int side = arrowSide);
 
 } // namespace setup

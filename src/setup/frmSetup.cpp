@@ -61,6 +61,7 @@ void frmSetup::design() {
     setCaption("Setup");
     showInTaskbar = false;
     centreOnScreen = true;
+    followsScreen = true;
     for (std::size_t tab = 0; tab < tabCaptions.size(); ++tab)
         TabStrip1.setTabCaption(static_cast<int>(tab), tabCaptions[tab]);
     for (forms::Frame& frame : fraSetup)
@@ -87,7 +88,11 @@ void frmSetup::designListPage(std::size_t page) {
     imgIcon[page].setBackColour(forms::white);
     picView[page].setBackColour(forms::white);
     btnH[page].setPicture(upArrow());
+    btnH[page].drawnFor = [](forms::Resolution resolution) { return upArrow(resolution.scaled(arrowSide)); };
     btnL[page].setPicture(downArrow());
+    btnL[page].drawnFor = [](forms::Resolution resolution) {
+        return downArrow(resolution.scaled(arrowSide));
+    };
     for (std::size_t option = 0; option < optionCaptions.size(); ++option)
         chkAdd[3 * page + option].setCaption(optionCaptions[option]);
 }

@@ -45,6 +45,9 @@ class frmSetup : public forms::Form {
     /// Fills the page of global options from the settings.
     void fillEAGLE();
 
+    /// The previews are drawn anew, from the icons' larger pictures.
+    void resolutionChanged() override;
+
     void Form_QueryUnload(bool& cancel) override;
     void Form_Unload() override;
 

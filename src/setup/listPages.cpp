@@ -137,6 +137,14 @@ void frmSetup::lstApps_Click(std::int16_t Index) {
     picView[page].setPicture(imgIcon[page].image());
 }
 
+void frmSetup::resolutionChanged() {
+    Form::resolutionChanged();
+    for (std::size_t page = 0; page < listPages; ++page)
+        if (lstApps[page].listIndex() >= 0 && !picView[page].picture().empty() &&
+            store::drawReference(workList[page][selectedSlot(lstApps[page])].icon, imgIcon[page]))
+            picView[page].setPicture(imgIcon[page].image());
+}
+
 /// A text that the user types goes into the selected record at once.
 void frmSetup::storeText(std::int16_t Index, std::string ToolButton::*field, const forms::TextBox& box) {
     const forms::ListBox& rows = lstApps[at(Index)];

@@ -46,6 +46,7 @@ frmIconChooser::frmIconChooser(platform::HWND owner, const IconReference& start)
     borderStyle = forms::BorderStyle::fixedDialog;
     showInTaskbar = false;
     centreOnScreen = true;
+    followsScreen = true;
     firstFocus = &grdIcons;
     setTexts();
     setClientSize(7350, 6255);
@@ -104,7 +105,7 @@ void frmIconChooser::readFile(std::int32_t index) {
         heading.append(" (").append(texts.onlyTheFirst).append(" " + std::to_string(shown) + ")");
     labIcons.setCaption(heading + ":");
     labMessage.setVisible(false);
-    grdIcons.show(shown, [file](int icon) { return iconPicture(file, icon); });
+    grdIcons.show(shown, [file](int icon, int side) { return iconPicture(file, icon, side); });
     grdIcons.setVisible(true);
     if (index >= 0 && index < shown)
         grdIcons.setSelectedIndex(index);

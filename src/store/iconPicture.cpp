@@ -11,7 +11,6 @@ namespace store {
 
 namespace {
 
-constexpr int side = 32;
 constexpr int fullOpacity = 0xFF;
 
 struct OwnedIcon {
@@ -26,7 +25,7 @@ struct OwnedIcon {
     OwnedIcon& operator=(const OwnedIcon&) = delete;
 };
 
-forms::Picture drawnOn(forms::Colour colour, platform::HICON icon) {
+forms::Picture drawnOn(forms::Colour colour, platform::HICON icon, int side) {
     const forms::Surface surface(side, side, colour);
     platform::DrawIconEx(surface.dc(), 0, 0, icon, 0, 0, 0, platform::drawNormally);
     return surface.copy();
@@ -54,19 +53,20 @@ std::uint32_t pixelSeen(std::uint32_t onBlack, std::uint32_t onWhite) {
     return pixel;
 }
 
-forms::Picture iconPicture(const std::string& file, std::int32_t index) {
+forms::Picture iconPicture(const std::string& file, std::int32_t index, int side) {
     OwnedIcon largeIcon;
     OwnedIcon smallIcon;
-    if (platform::ExtractIconExA(file.c_str(), index, largeIcon.handle, smallIcon.handle) < 1)
+    if (platform::ExtractIconExA(file.c_str(), index, largeIcon.handle, smallIcon.handle, side) < 1)
         return {};
-    const forms::Picture onBlack = drawnOn(forms::black, largeIcon.handle);
-    const forms::Picture onWhite = drawnOn(forms::white, largeIcon.handle);
+    const platform::HICON icon = side == platform::largeIconSide ? largeIcon.handle : smallIcon.handle;
+    const forms::Picture onBlack = drawnOn(forms::black, icon, side);
+    const forms::Picture onWhite = drawnOn(forms::white, icon, side);
     std::vector<std::uint32_t> pixels;
     pixels.reserve(onBlack.pixels().size());
     for (std::size_t place = 0; place < onBlack.pixels().size() && place < onWhite.pixels().size(); ++place)
         pixels.push_back(pixelSeen(onBlack.pixels()[place], onWhite.pixels()[place]));
     // Without memory for a surface there is no picture.
-    if (pixels.size() != std::size_t{side} * side)
+    if (pixels.size() != static_cast<std::size_t>(side) * static_cast<std::size_t>(side))
         return {};
     return {side, side, std::move(pixels)};
 }

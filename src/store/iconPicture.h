@@ -2,6 +2,7 @@
 #pragma once
 
 #include "forms/picture.h"
+#include "platform/shell32.h"
 
 #include <cstdint>
 #include <string>
@@ -13,8 +14,8 @@ namespace store {
 /// turns its background round comes out as it looks on black.
 std::uint32_t pixelSeen(std::uint32_t onBlack, std::uint32_t onWhite);
 
-/// The large icon with number `index` of a file, with its opacity, in a picture of 32 by 32 pixels; the empty
-/// picture if there is none. Leaves no icon open.
-forms::Picture iconPicture(const std::string& file, std::int32_t index);
+/// The icon with number `index` of a file, with its opacity, in a picture with edges of `side` pixels; the
+/// empty picture if there is none. Leaves no icon open.
+forms::Picture iconPicture(const std::string& file, std::int32_t index, int side = platform::largeIconSide);
 
 } // namespace store

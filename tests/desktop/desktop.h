@@ -53,6 +53,7 @@ enum class Awareness { unaware, system, perMonitor };
 
 struct Screen {
     int dpi = 96;
+    RECT workArea{}; ///< of one beside the main one; screen pixels
 };
 
 struct Window {
@@ -80,6 +81,8 @@ struct Window {
     /// Set for a window of the program's own: told of its new place, of its new size and of its death.
     std::function<void(const Window&)> moved;
     std::function<void(const Window&)> resized;
+    /// And that its screen has so many pixels to an inch, with a place that the system suggests.
+    std::function<void(int dpi, const RECT& suggested)> dpiChanged;
     std::function<void(const Window&)> destroyed;
 };
 
@@ -361,6 +364,10 @@ class World {
     /// another view.
     int awarenessResets = 0;
     int dpiSeen(Awareness by, HWND window);
+    /// A top-level window comes to stand on a screen, at a corner that the user has chosen. One that knows of
+    /// screens hears if they differ.
+    void moveToScreen(HWND window, std::size_t screen, int left, int top);
+    RECT workAreaAt(const RECT& place) const;
     int screenWidth = 1280; ///< pixels
     int screenHeight = 1024;
     platform::RECT workArea{0, 0, 1280, 984}; ///< with a task bar at the bottom

@@ -40,6 +40,9 @@ class WindowPeer : public forms::Peer {
                 form->windowMoved(window.rect.left, window.rect.top);
                 position_ = pixelRect(*form);
             };
+            made.dpiChanged = [form](int dpi, const RECT& suggested) {
+                form->screenChanged(forms::Resolution(dpi), forms::Resolution(dpi), suggested);
+            };
             made.resized = [form](const Window& window) {
                 const int width = window.rect.right - window.rect.left;
                 const int height = window.rect.bottom - window.rect.top;
@@ -145,7 +148,10 @@ std::unique_ptr<Peer> makePeer(Control& control) {
 }
 
 FrameExtent frameExtent(const Form& form) {
-    const Resolution resolution = form.resolution();
+    return frameExtent(form, form.frameResolution());
+}
+
+FrameExtent frameExtent(const Form& form, Resolution resolution) {
     switch (form.borderStyle) {
     case BorderStyle::none:
         return {0, 0};

@@ -16,6 +16,10 @@ Picture loadPicture(std::string_view name) {
         return plain(93, 93);
     if (name == "splashWide")
         return plain(361, 76);
+    if (name == "splashSquare2")
+        return plain(2 * 93, 2 * 93);
+    if (name == "splashWide2")
+        return plain(2 * 361, 2 * 76);
     return {};
 }
 

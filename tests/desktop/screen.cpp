@@ -29,6 +29,19 @@ RECT workArea() {
     return world().workArea;
 }
 
+RECT workAreaAt(const RECT& place) {
+    if (desktop::Call("workAreaAt").fails())
+        return workArea();
+    return world().workAreaAt(place);
+}
+
+int screenDpi() {
+    if (desktop::Call("screenDpi").fails())
+        return 0;
+    return world().awareness == desktop::Awareness::unaware ? forms::Resolution::designDpi
+                                                            : world().screens.front().dpi;
+}
+
 void resetMousePointer() {
     world().waitingPointer = false;
 }

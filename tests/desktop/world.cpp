@@ -186,6 +186,30 @@ int World::dpiSeen(Awareness by, HWND handle) {
     return screens.at(window(rootOf(handle)).screen).dpi;
 }
 
+void World::moveToScreen(HWND handle, std::size_t screen, int left, int top) {
+    Window& moved = window(handle);
+    const int before = dpiSeen(moved.awareness, handle);
+    moved.screen = screen;
+    const int dpi = dpiSeen(moved.awareness, handle);
+    const int width = moved.rect.right - moved.rect.left;
+    const int height = moved.rect.bottom - moved.rect.top;
+    moved.rect = {left, top, left + width, top + height};
+    if (moved.moved)
+        moved.moved(moved);
+    if (dpi != before && moved.dpiChanged)
+        moved.dpiChanged(dpi, {left, top, left + width * dpi / before, top + height * dpi / before});
+}
+
+RECT World::workAreaAt(const RECT& place) const {
+    for (std::size_t number = 1; number < screens.size(); ++number) {
+        const RECT& area = screens[number].workArea;
+        if (place.left >= area.left && place.left < area.right && place.top >= area.top &&
+            place.top < area.bottom)
+            return area;
+    }
+    return workArea;
+}
+
 RECT World::screenRect(HWND handle) {
     const Window& seen = window(handle);
     RECT rect = seen.rect;

@@ -83,6 +83,7 @@ inline constexpr Outcome outcomes[] = {
     {"screenWidth", nullptr, 0, "", "the dialog stands at the corner"},
     {"screenHeight", nullptr, 0, "", "the dialog stands at the corner"},
     {"workArea", nullptr, 0, "", "the whole screen"},
+    {"screenDpi", nullptr, 0, "", "the dialog is as large as the design has it"},
 };
 // clang-format on
 

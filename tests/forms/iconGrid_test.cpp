@@ -23,7 +23,7 @@ struct Five : forms::IconGrid {
         fill();
     }
     void fill() {
-        show(5, [this](int index) {
+        show(5, [this](int index, int /*side*/) {
             asked.push_back(index);
             return plain(32, 0xFF000000U | static_cast<std::uint32_t>(index));
         });
@@ -48,7 +48,8 @@ TEST_CASE("a grid asks for the picture of an icon when it is wanted, and not bef
 
 TEST_CASE("a picture of another size is fitted to the grid's icons, none becomes a transparent one") {
     forms::IconGrid grid;
-    grid.show(2, [](int index) { return index == 0 ? plain(16, 0xFF123456U) : forms::Picture(); });
+    grid.show(2,
+              [](int index, int /*side*/) { return index == 0 ? plain(16, 0xFF123456U) : forms::Picture(); });
     CHECK(grid.picture(0) == plain(32, 0xFF123456U));
     CHECK(grid.picture(1) == plain(32, 0));
     grid.show(1, {});

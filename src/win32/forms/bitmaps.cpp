@@ -33,6 +33,20 @@ HBITMAP bitmapOf(const forms::Picture& picture) {
     return bitmap;
 }
 
+HICON iconOf(const forms::Picture& picture) {
+    // One bit a pixel, rows of whole words, all zero: the opacity alone decides.
+    constexpr int wordBits = 16;
+    const auto words = static_cast<std::size_t>((picture.width() + wordBits - 1) / wordBits);
+    const std::vector<std::uint16_t> nothing(words * static_cast<std::size_t>(picture.height()));
+    const HBITMAP mask = CreateBitmap(picture.width(), picture.height(), 1, 1, nothing.data());
+    const HBITMAP colours = bitmapOf(picture);
+    ICONINFO info{TRUE, 0, 0, mask, colours};
+    const HICON icon = CreateIconIndirect(&info);
+    DeleteObject(colours);
+    DeleteObject(mask);
+    return icon;
+}
+
 namespace {
 
 /// Bits of a monochrome bitmap, rows from the top, each a whole number of words; the leftmost pixel is the

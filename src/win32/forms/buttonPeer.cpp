@@ -46,25 +46,10 @@ class ButtonPeer : public WindowPeer {
     Button& button_;
 };
 
-/// An icon carries the picture's opacity to the button, a bitmap would not.
-HICON iconOf(const forms::Picture& picture) {
-    // One bit a pixel, rows of whole words, all zero: the opacity alone decides.
-    constexpr int wordBits = 16;
-    const auto words = static_cast<std::size_t>((picture.width() + wordBits - 1) / wordBits);
-    const std::vector<std::uint16_t> nothing(words * static_cast<std::size_t>(picture.height()));
-    const HBITMAP mask = CreateBitmap(picture.width(), picture.height(), 1, 1, nothing.data());
-    const HBITMAP colours = bitmapOf(picture);
-    ICONINFO info{TRUE, 0, 0, mask, colours};
-    const HICON icon = CreateIconIndirect(&info);
-    DeleteObject(colours);
-    DeleteObject(mask);
-    return icon;
-}
-
 /// A caption that is too wide goes on in a second line if there is room for one; else both would be cut.
 DWORD captionStyle(const forms::CommandButton& button) {
-    constexpr int twoLines = 30; // pixels, with the button's frame
-    return button.resolution().toPixels(button.height()) < twoLines ? 0 : BS_MULTILINE;
+    constexpr int twoLines = 30; // pixels of the design, with the button's frame
+    return forms::Resolution().toPixels(button.height()) < twoLines ? 0 : BS_MULTILINE;
 }
 
 class CommandButtonPeer : public ButtonPeer<forms::CommandButton> {
@@ -81,10 +66,10 @@ class CommandButtonPeer : public ButtonPeer<forms::CommandButton> {
     }
 
     void changed(forms::Property property) override {
-        if (property == forms::Property::picture)
-            showPicture();
-        else
+        if (property != forms::Property::picture)
             ButtonPeer::changed(property);
+        if (property == forms::Property::picture || property == forms::Property::resolution)
+            showPicture();
     }
 
   protected:
@@ -131,7 +116,8 @@ class CommandButtonPeer : public ButtonPeer<forms::CommandButton> {
     void showPicture() {
         if (handle() == nullptr)
             return;
-        const HICON made = button().picture().empty() ? nullptr : iconOf(button().picture());
+        const forms::Picture picture = button().shown();
+        const HICON made = picture.empty() ? nullptr : iconOf(picture);
         const LONG style = GetWindowLongA(handle(), GWL_STYLE) & ~BS_ICON;
         SetWindowLongA(handle(), GWL_STYLE, made == nullptr ? style : style | BS_ICON);
         SendMessageA(handle(), BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(made));

@@ -2,6 +2,7 @@
 
 #include "win32/common/resolution.h"
 
+#include <string>
 #include <vector>
 
 namespace win32 {
@@ -14,13 +15,19 @@ struct Known {
     std::weak_ptr<const OwnedFont> made;
 };
 
+/// The usual font is drawn dot by dot for 96 to the inch, and the system has no more than a few larger sizes
+/// of it, which do not grow evenly. Its twin of outlines has the same letters and widths in every size.
+std::string nameAt(const std::string& name, int dots) {
+    return name == "MS Sans Serif" && dots != forms::Resolution::designDpi ? "Microsoft Sans Serif" : name;
+}
+
 HFONT make(const forms::Font& font, int dots) {
     LOGFONTA description{};
     description.lfHeight = fontHeight(font.points, dots);
     description.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
     description.lfItalic = font.italic ? TRUE : FALSE;
     description.lfCharSet = DEFAULT_CHARSET;
-    font.name.copy(description.lfFaceName, LF_FACESIZE - 1);
+    nameAt(font.name, dots).copy(description.lfFaceName, LF_FACESIZE - 1);
     return CreateFontIndirectA(&description);
 }
 

@@ -15,6 +15,7 @@
 
 #include "forms/form.h"
 #include "forms/mainForm.h"
+#include "platform/screen.h"
 
 #include <windowsx.h>
 
@@ -28,6 +29,9 @@ constexpr const char* formClass = "KestrelForm";
 /// there, and must not flash up on the desktop. Farther out than any row of screens to the left of the main
 /// one or above it, and not as far as -32000, where the system keeps minimised windows.
 constexpr int offScreen = -16000;
+
+/// A window is asked for its size on another screen. Headers for Windows 7 do not have the message.
+constexpr UINT askForSizeMessage = 0x02E4; // WM_GETDPISCALEDSIZE
 
 /// What the shell sends to all top-level windows when it has made its task bar.
 UINT taskbarCreated() {
@@ -143,8 +147,12 @@ class FormPeer : public ContainerPeer {
         case WM_DPICHANGED:
             // A form that is hosted goes by its host. It hears this when it is out of it for a moment and its
             // place, which was one in the host, is one on another screen.
-            if (!form_.activates)
-                return 0;
+            if (form_.activates)
+                goToScreen(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+            return 0;
+        case askForSizeMessage:
+            if (form_.followsScreen)
+                return foretellSize(static_cast<int>(wParam), *reinterpret_cast<SIZE*>(lParam));
             break;
         case WM_GETMINMAXINFO:
             return limitSize(message, wParam, lParam);
@@ -249,6 +257,25 @@ class FormPeer : public ContainerPeer {
             showInPlace(handle());
     }
 
+    /// The system suggests a place and a size. The size is the form's own affair.
+    void goToScreen(int dpi, const RECT& suggested) {
+        form_.screenChanged(forms::Resolution(dpi), forms::Resolution(dpiOf(handle())),
+                            {suggested.left, suggested.top, suggested.right, suggested.bottom});
+    }
+
+    /// The size that the form is going to have on a screen of so many pixels to an inch.
+    BOOL foretellSize(int dpi, SIZE& size) const {
+        const forms::Resolution screen(dpi);
+        RECT now{};
+        GetWindowRect(handle(), &now);
+        const forms::Resolution there =
+            form_.fitting(screen, platform::workAreaAt({now.left, now.top, now.right, now.bottom}));
+        const forms::FrameExtent frame = forms::frameExtent(form_, screen);
+        size = {there.toPixels(form_.scaleWidth()) + frame.width,
+                there.toPixels(form_.scaleHeight()) + frame.height};
+        return TRUE;
+    }
+
     /// The window that was in front before gets the keyboard back while ours still stands: otherwise the
     /// system would choose one. Unless the user has gone elsewhere meanwhile.
     void hide() {
@@ -310,9 +337,13 @@ std::unique_ptr<forms::Peer> makeFormPeer(forms::Form& form) {
 namespace forms {
 
 FrameExtent frameExtent(const Form& form) {
+    return frameExtent(form, form.frameResolution());
+}
+
+FrameExtent frameExtent(const Form& form, Resolution screen) {
     const auto [style, exStyle] = win32::stylesOf(form);
     RECT rect{};
-    win32::addFrame(rect, style, exStyle, form.resolution().dpi());
+    win32::addFrame(rect, style, exStyle, screen.dpi());
     return {static_cast<int>(rect.right - rect.left), static_cast<int>(rect.bottom - rect.top)};
 }
 

@@ -73,8 +73,8 @@ class FramePeer : public ContainerPeer {
 
     /// The caption stands in a gap of the box's upper edge. Gives the place of that edge.
     LONG drawCaption(HDC dc, const RECT& whole) {
-        constexpr LONG indent = 9;
-        constexpr LONG gap = 2;
+        const LONG indent = frame_.resolution().scaled(9);
+        const LONG gap = frame_.resolution().scaled(2);
         RECT text{whole.left + indent, whole.top, whole.right - indent, whole.bottom};
         DrawTextA(dc, frame_.caption().c_str(), -1, &text, DT_LEFT | DT_SINGLELINE | DT_CALCRECT);
         text.right = std::min(text.right, whole.right - indent);

@@ -18,7 +18,7 @@ namespace {
 /// Posted to ourselves: the selection has gone from an icon.
 constexpr UINT selectionGoneMessage = WM_APP + 1;
 
-/// Distance from icon to icon, in pixels: the icon, its number below it, and some air.
+/// Distance from icon to icon, in pixels of the design: the icon, its number below it, and some air.
 constexpr int columnWidth = 56;
 constexpr int rowHeight = 60;
 
@@ -40,7 +40,7 @@ class IconGridPeer : public WindowPeer {
         // The look of the system's own folders: a box around icon and number.
         setTheme(handle(), L"Explorer");
         SendMessageA(handle(), LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_DOUBLEBUFFER, LVS_EX_DOUBLEBUFFER);
-        SendMessageA(handle(), LVM_SETICONSPACING, 0, MAKELPARAM(columnWidth, rowHeight));
+        spread();
         fill();
         showSelection();
     }
@@ -58,6 +58,12 @@ class IconGridPeer : public WindowPeer {
         switch (property) {
         case forms::Property::items:
             fill();
+            break;
+        case forms::Property::resolution:
+            WindowPeer::changed(property);
+            spread();
+            fill();
+            showSelection();
             break;
         case forms::Property::selection:
             showSelection();
@@ -109,6 +115,12 @@ class IconGridPeer : public WindowPeer {
     }
 
   private:
+    void spread() {
+        const forms::Resolution resolution = grid_.resolution();
+        SendMessageA(handle(), LVM_SETICONSPACING, 0,
+                     MAKELPARAM(resolution.scaled(columnWidth), resolution.scaled(rowHeight)));
+    }
+
     void fill() {
         following_ = true;
         SendMessageA(handle(), WM_SETREDRAW, FALSE, 0);
@@ -131,8 +143,7 @@ class IconGridPeer : public WindowPeer {
     }
 
     void renewImages() {
-        const HIMAGELIST made =
-            ImageList_Create(forms::IconGrid::iconSize, forms::IconGrid::iconSize, ILC_COLOR32, 0, 1);
+        const HIMAGELIST made = ImageList_Create(grid_.iconSide(), grid_.iconSide(), ILC_COLOR32, 0, 1);
         ImageList_SetImageCount(made, static_cast<UINT>(grid_.count()));
         SendMessageA(handle(), LVM_SETIMAGELIST, LVSIL_NORMAL, reinterpret_cast<LPARAM>(made));
         if (images_ != nullptr)

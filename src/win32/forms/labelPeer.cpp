@@ -103,8 +103,8 @@ class LabelPeer : public WindowPeer {
     forms::Label& label_;
 };
 
-/// The thickness that a line is drawn with, in pixels.
-constexpr LONG plainLine = 1;
+/// The thickness that a line is drawn with, in pixels: the system draws an edge with two at any resolution.
+constexpr int plainLine = 1; // of the design
 constexpr LONG etchedLine = 2;
 
 /// Etched, or plain if it has a colour.
@@ -115,7 +115,7 @@ class LinePeer : public PaintedPeer {
   protected:
     RECT childPlace() const override {
         RECT place = WindowPeer::childPlace();
-        const LONG thickness = control().foreColour() ? plainLine : etchedLine;
+        const LONG thickness = control().foreColour() ? control().resolution().scaled(plainLine) : etchedLine;
         place.right = std::max(place.right, place.left + thickness);
         place.bottom = std::max(place.bottom, place.top + thickness);
         return place;
@@ -141,9 +141,7 @@ class ImagePeer : public PaintedPeer {
     }
 
   protected:
-    void paint(HDC dc, const RECT& area) override {
-        paintPicture(dc, area, image_.picture(), colourBehind());
-    }
+    void paint(HDC dc, const RECT& area) override { paintPicture(dc, area, image_.shown(), colourBehind()); }
 
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
         const LRESULT result = PaintedPeer::message(message, wParam, lParam);

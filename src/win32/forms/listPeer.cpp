@@ -235,9 +235,9 @@ class ComboBoxPeer : public ListPeer {
 
     /// The window's height is that of the field and the open list together; a short list takes less.
     RECT childPlace() const override {
-        constexpr LONG listHeight = 160;
+        constexpr int listHeight = 160; // pixels of the design
         RECT place = WindowPeer::childPlace();
-        place.bottom += listHeight;
+        place.bottom += list().resolution().scaled(listHeight);
         return place;
     }
 

@@ -22,6 +22,7 @@ class InputForm : public forms::Form {
         borderStyle = forms::BorderStyle::fixedDialog;
         showInTaskbar = false;
         centreOnScreen = true;
+        followsScreen = true;
         setClientSize(5400, 1875);
         labPrompt.wordWrap = true;
         labPrompt.setCaption(escaped(prompt));

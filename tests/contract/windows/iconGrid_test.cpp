@@ -36,7 +36,7 @@ struct GridForm : forms::Form {
         grid.onDblClick = [this] { told.push_back("twice " + std::to_string(grid.selectedIndex())); };
     }
     void fill(int count) {
-        grid.show(count, [this](int index) {
+        grid.show(count, [this](int index, int /*side*/) {
             asked.push_back(index);
             return plain(index == 0 ? red : index == 1 ? halfRed : clear);
         });

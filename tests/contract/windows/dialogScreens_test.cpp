@@ -1,0 +1,246 @@
+// The dialogs at the resolutions of finer screens: no text is cut, in neither language, and a form goes along
+// with the message that its screen is another one.
+#include "contract/world.h"
+#include "core/frmSplash.h"
+#include "errors/ErrPtnr.h"
+#include "setup/frmSetup.h"
+#include "store/frmIconChooser.h"
+#include "store/state.h"
+#include "win32/common/native.h"
+
+#include <doctest/doctest.h>
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <string>
+
+namespace {
+
+using contract::World;
+using forms::ControlKind;
+using forms::Resolution;
+
+constexpr UINT askForSizeMessage = 0x02E4; // WM_GETDPISCALEDSIZE
+
+constexpr std::int32_t german = 0;
+constexpr std::int32_t english = 10000;
+
+HWND windowOf(forms::Control& control) {
+    return win32::native(control.hWnd());
+}
+
+SIZE sizeOf(HWND window) {
+    RECT client{};
+    GetClientRect(window, &client);
+    return {client.right, client.bottom};
+}
+
+/// What the text of a window takes, in its font: in one line, or as many as it needs within a width.
+SIZE textSize(HWND window, const std::string& text, LONG width) {
+    const HDC dc = GetDC(window);
+    const HGDIOBJ former =
+        SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageA(window, WM_GETFONT, 0, 0)));
+    RECT area{0, 0, width, 0};
+    DrawTextA(dc, text.c_str(), -1, &area, DT_CALCRECT | (width > 0 ? DT_WORDBREAK : DT_SINGLELINE));
+    SelectObject(dc, former);
+    ReleaseDC(window, dc);
+    return {area.right, area.bottom};
+}
+
+/// Tells of each text that has no room.
+class Measuring {
+  public:
+    std::string found;
+
+    void look(const forms::Container& container) {
+        for (forms::Control* control : container.controls()) {
+            lookAt(*control);
+            if (const auto* inner = dynamic_cast<const forms::Container*>(control))
+                look(*inner);
+        }
+    }
+
+  private:
+    void tell(const std::string& text, LONG needs, LONG has) {
+        found += "'" + text + "' needs " + std::to_string(needs) + " of " + std::to_string(has) + "; ";
+    }
+    void needs(const std::string& text, LONG wanted, LONG has) {
+        if (wanted > has)
+            tell(text, wanted, has);
+    }
+
+    /// However many rows they need, they leave the pages their place.
+    void lookAtTabs(HWND window, const forms::TabStrip& tabs) {
+        for (int tab = 0; tab < tabs.tabs(); ++tab) {
+            RECT place{};
+            SendMessageA(window, TCM_GETITEMRECT, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&place));
+            needs(tabs.tabCaption(tab), textSize(window, tabs.tabCaption(tab), 0).cx,
+                  place.right - place.left);
+            const forms::Control& page = *tabs.controls().front();
+            needs(tabs.tabCaption(tab) + " (rows)", place.bottom, page.resolution().toPixels(page.top()));
+        }
+    }
+
+    void lookAt(forms::Control& control) {
+        const HWND window = windowOf(control);
+        const Resolution resolution = control.resolution();
+        const LONG width = resolution.toPixels(control.width());
+        const LONG height = resolution.toPixels(control.height());
+        switch (control.kind()) {
+        case ControlKind::label: {
+            const auto& label = static_cast<forms::Label&>(control);
+            if (label.autoSize) {
+                const LONG room = resolution.toPixels(control.container()->width() - control.left());
+                needs(label.caption(), sizeOf(window).cx, room);
+                break;
+            }
+            const SIZE text = textSize(window, label.caption(), width);
+            needs(label.caption(), text.cx, width);
+            needs(label.caption() + " (height)", text.cy, height);
+            break;
+        }
+        case ControlKind::checkBox:
+        case ControlKind::optionButton: {
+            SIZE ideal{};
+            SendMessageA(window, BCM_GETIDEALSIZE, 0, reinterpret_cast<LPARAM>(&ideal));
+            const std::string& text = control.kind() == ControlKind::checkBox
+                                          ? static_cast<forms::CheckBox&>(control).caption()
+                                          : static_cast<forms::OptionButton&>(control).caption();
+            needs(text, ideal.cx, width);
+            break;
+        }
+        case ControlKind::commandButton: {
+            const auto& button = static_cast<forms::CommandButton&>(control);
+            if (!button.picture().empty())
+                break;
+            const LONG edge = resolution.scaled(3); // of the button's frame
+            const bool wraps = (GetWindowLongA(window, GWL_STYLE) & BS_MULTILINE) != 0;
+            const SIZE text = textSize(window, button.caption(), wraps ? width - 2 * edge : 0);
+            needs(button.caption(), text.cx, width - 2 * edge);
+            needs(button.caption() + " (height)", text.cy, height - 2 * edge);
+            break;
+        }
+        case ControlKind::frame: {
+            const auto& frame = static_cast<forms::Frame&>(control);
+            if (frame.border)
+                needs(frame.caption(), textSize(window, frame.caption(), 0).cx,
+                      width - 2 * resolution.scaled(9));
+            break;
+        }
+        case ControlKind::tabStrip:
+            lookAtTabs(window, static_cast<forms::TabStrip&>(control));
+            break;
+        default:
+            break;
+        }
+    }
+};
+
+std::string cut(forms::Form& form) {
+    Measuring measuring;
+    measuring.look(form);
+    return measuring.found;
+}
+
+constexpr int resolutions[] = {96, 104, 120, 144, 168, 192, 240};
+
+} // namespace
+
+TEST_SUITE_BEGIN("contract/windows/dialogScreens");
+
+TEST_CASE("no text of the setup is cut at any resolution, in neither language") {
+    const World world;
+    for (const std::int32_t language : {german, english}) {
+        store::languageOffset = language;
+        setup::frmSetup form;
+        form.loadResources();
+        for (const int dpi : resolutions) {
+            CAPTURE(language);
+            CAPTURE(dpi);
+            form.setResolution(Resolution(dpi));
+            CHECK(cut(form) == "");
+        }
+    }
+}
+
+TEST_CASE("no text of the icon chooser is cut at any resolution, in neither language") {
+    const World world;
+    for (const std::int32_t language : {german, english}) {
+        store::languageOffset = language;
+        store::frmIconChooser form(platform::HWND::none, {});
+        form.load();
+        for (const int dpi : resolutions) {
+            CAPTURE(language);
+            CAPTURE(dpi);
+            form.setResolution(Resolution(dpi));
+            CHECK(cut(form) == "");
+        }
+    }
+}
+
+TEST_CASE("no text of the splash and of the error dialog is cut at any resolution") {
+    const World world;
+    core::frmSplash splash;
+    splash.load();
+    errors::ErrPtnr error;
+    error.load();
+    for (const int dpi : resolutions) {
+        CAPTURE(dpi);
+        splash.setResolution(Resolution(dpi));
+        CHECK(cut(splash) == "");
+        error.setResolution(Resolution(dpi));
+        CHECK(cut(error) == "");
+    }
+    splash.unload();
+}
+
+TEST_CASE("a form goes along with the message that its screen is another one, once") {
+    const World world;
+    setup::frmSetup form;
+    form.loadResources();
+    form.setVisible(true);
+    const HWND window = windowOf(form);
+    const HWND field = windowOf(form.txtTitle[0]);
+    const SIZE before = sizeOf(window);
+    const SIZE fieldBefore = sizeOf(field);
+    const auto change = [&](int dpi, LONG left, LONG top) {
+        SIZE size{};
+        CHECK(SendMessageA(window, askForSizeMessage, static_cast<WPARAM>(dpi),
+                           reinterpret_cast<LPARAM>(&size)) != 0);
+        RECT suggested{left, top, left + size.cx, top + size.cy};
+        SendMessageA(window, WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(dpi, dpi)),
+                     reinterpret_cast<LPARAM>(&suggested));
+        RECT now{};
+        GetWindowRect(window, &now);
+        CHECK(now.left == left);
+        CHECK(now.top == top);
+        CHECK(sizeOf(window).cx == form.resolution().toPixels(6780));
+        CHECK(sizeOf(window).cy == form.resolution().toPixels(9375));
+        CHECK(size.cx >= sizeOf(window).cx);
+        CHECK(size.cy >= sizeOf(window).cy);
+    };
+    change(120, 20, 10);
+    // As large as there is room for.
+    const int dpi = form.resolution().dpi();
+    CHECK(dpi > 96);
+    CHECK(sizeOf(window).cx == form.resolution().toPixels(6780));
+    CHECK(sizeOf(field).cx > fieldBefore.cx);
+    LOGFONTA font{};
+    GetObjectA(reinterpret_cast<HGDIOBJ>(SendMessageA(field, WM_GETFONT, 0, 0)), sizeof font, &font);
+    CHECK(font.lfHeight == -MulDiv(825, dpi, 7200));
+    change(120, 30, 20);
+    CHECK(form.resolution().dpi() == dpi);
+    change(96, 40, 0);
+    CHECK(sizeOf(window).cx == before.cx);
+    CHECK(sizeOf(window).cy == before.cy);
+    CHECK(sizeOf(field).cx == fieldBefore.cx);
+    for (const int bad : {0, 1, 95})
+        change(bad, 40, 0);
+    CHECK(sizeOf(window).cx == before.cx);
+    form.setVisible(false);
+    form.unload();
+}
+
+TEST_SUITE_END();
