@@ -4,6 +4,7 @@
 #include "win32/common/native.h"
 #include "win32/platform/hosts.h"
 #include "win32/platform/iconChooser.h"
+#include "win32/platform/iconSizes.h"
 #include "win32/platform/leftOpen.h"
 #include "win32/platform/opening.h"
 #include "win32/platform/paths.h"
@@ -50,6 +51,19 @@ class ExtractedIcon {
     return extracted == 0 || extracted == UINT_MAX ? nullptr : icon;
 }
 
+/// A small icon for a screen of more than 96 dpi. Where the file has none of the size, it is made of the next
+/// larger one: the system would stretch the nearest, which may be a smaller one.
+::HICON sharpIconAt(const std::string& file, std::int32_t index, int side) {
+    const int best =
+        side == platform::smallIconSide ? side : win32::bestIconSide(win32::widePath(file), index, side);
+    const ::HICON icon = iconAt(file, index, best);
+    if (icon == nullptr || best == side)
+        return icon;
+    const ::HICON made = win32::scaledIcon(icon, side);
+    DestroyIcon(icon);
+    return made;
+}
+
 /// Older than the system's present record: the shell takes it with the version that its size tells.
 NOTIFYICONDATAA trayRecord(const platform::NOTIFYICONDATA& record) {
     NOTIFYICONDATAA made{};
@@ -70,14 +84,13 @@ namespace platform {
 
 std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeIcon, HICON& smallIcon,
                              int smallSide) {
-    constexpr int largeSide = 32;
     win32::endLastLargeIcon();
     const auto icon = std::make_shared<ExtractedIcon>();
     const bool asked = win32::askHost(file, [path = std::string(file), index, smallSide, icon] {
         if (!win32::fileAnswers(path))
             return false;
-        icon->large = iconAt(path, index, largeSide);
-        icon->little = iconAt(path, index, smallSide);
+        icon->large = iconAt(path, index, largeIconSide);
+        icon->little = sharpIconAt(path, index, smallSide);
         return true;
     });
     if (!asked || icon->large == nullptr || icon->little == nullptr)

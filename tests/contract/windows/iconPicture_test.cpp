@@ -12,7 +12,9 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -88,6 +90,30 @@ TEST_CASE(
     CHECK(widthOf(little) == 16);
     CHECK(widthOf(platform::programIcon()) == 16);
     platform::DestroyIcon(little);
+}
+
+TEST_CASE("a picture that the file does not have is made of its next larger one") {
+    const contract::World world;
+    const std::string file = contract::World::dataFile("brd.ico");
+    // The file has 16, 20, 24, 32 and 48 pixels.
+    for (const int side : {20, 24, 48}) {
+        CAPTURE(side);
+        const forms::Picture expected = contract::pictureIn(file, side);
+        const forms::Picture seen = store::iconPicture(file, 0, side);
+        REQUIRE(seen.pixels().size() == expected.pixels().size());
+        CHECK(std::ranges::equal(seen.pixels(), expected.pixels(), alike));
+    }
+    const int graphics = contract::openGraphics();
+    for (const auto& [side, larger] : {std::pair{28, 32}, std::pair{40, 48}, std::pair{18, 20}}) {
+        CAPTURE(side);
+        const forms::Picture expected = contract::pictureIn(file, larger).scaled(side, side);
+        const forms::Picture seen = store::iconPicture(file, 0, side);
+        REQUIRE(seen.pixels().size() == expected.pixels().size());
+        CHECK(std::ranges::equal(seen.pixels(), expected.pixels(), alike));
+    }
+    // There is none larger: the largest grows.
+    CHECK(store::iconPicture(file, 0, 64).width() == 64);
+    CHECK(contract::openGraphics() == graphics);
 }
 
 TEST_SUITE_END();

@@ -1,0 +1,132 @@
+#include "win32/platform/iconSizes.h"
+
+#include "win32/forms/bitmaps.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+namespace win32 {
+
+namespace {
+
+/// The header of an icon, in a file of its own or in a library, and the size of an entry behind it, which
+/// begins with the width: 0 for 256.
+constexpr std::size_t headerSize = 6;
+constexpr std::size_t countAt = 4;
+constexpr std::size_t fileEntrySize = 16;
+constexpr std::size_t libraryEntrySize = 14;
+constexpr int widest = 256;
+
+using Bytes = std::vector<unsigned char>;
+
+std::vector<int> widthsIn(const Bytes& directory, std::size_t entrySize) {
+    std::vector<int> widths;
+    if (directory.size() < headerSize)
+        return widths;
+    const std::size_t count = directory[countAt] | std::size_t{directory[countAt + 1]} << 8U;
+    for (std::size_t entry = 0; entry < count; ++entry) {
+        const std::size_t at = headerSize + entry * entrySize;
+        if (at >= directory.size())
+            break;
+        widths.push_back(directory[at] == 0 ? widest : directory[at]);
+    }
+    return widths;
+}
+
+/// The entries of an .ico file; nothing of any other.
+std::vector<int> widthsOfFile(const std::wstring& path) {
+    constexpr std::size_t most = headerSize + 64 * fileEntrySize;
+    constexpr unsigned char iconKind = 1;
+    const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return {};
+    Bytes bytes(most);
+    DWORD got = 0;
+    ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &got, nullptr);
+    CloseHandle(file);
+    bytes.resize(got);
+    if (bytes.size() < headerSize || bytes[0] != 0 || bytes[1] != 0 || bytes[2] != iconKind || bytes[3] != 0)
+        return {};
+    return widthsIn(bytes, fileEntrySize);
+}
+
+struct Search {
+    std::int32_t left; ///< icons to be passed over
+    HRSRC found = nullptr;
+};
+
+BOOL CALLBACK lookAtIcon(HMODULE library, LPCWSTR type, LPWSTR name, LONG_PTR search) {
+    auto& asked = *reinterpret_cast<Search*>(search);
+    if (asked.left-- > 0)
+        return TRUE;
+    asked.found = FindResourceW(library, name, type);
+    return FALSE;
+}
+
+std::vector<int> widthsInLibrary(const std::wstring& path, std::int32_t index) {
+    const HMODULE library = LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    if (library == nullptr)
+        return {};
+    Search search{index};
+    EnumResourceNamesW(library, reinterpret_cast<LPCWSTR>(RT_GROUP_ICON), lookAtIcon,
+                       reinterpret_cast<LONG_PTR>(&search));
+    std::vector<int> widths;
+    const HGLOBAL loaded = search.found == nullptr ? nullptr : LoadResource(library, search.found);
+    if (const void* memory = loaded == nullptr ? nullptr : LockResource(loaded)) {
+        const auto* first = static_cast<const unsigned char*>(memory);
+        widths = widthsIn({first, first + SizeofResource(library, search.found)}, libraryEntrySize);
+    }
+    FreeLibrary(library);
+    return widths;
+}
+
+/// An icon's pixels with their opacity, whether it has that itself or by a mask.
+forms::Picture pictureOf(HICON icon) {
+    ICONINFO info{};
+    if (GetIconInfo(icon, &info) == FALSE)
+        return {};
+    BITMAP shape{};
+    std::vector<std::uint32_t> colours;
+    std::vector<std::uint32_t> mask;
+    if (info.hbmColor != nullptr && GetObjectW(info.hbmColor, sizeof shape, &shape) != 0) {
+        BITMAPINFO layout = bitmapLayout(shape.bmWidth, shape.bmHeight);
+        const auto count = static_cast<std::size_t>(shape.bmWidth) * static_cast<std::size_t>(shape.bmHeight);
+        colours.resize(count);
+        mask.resize(count);
+        const HDC screen = GetDC(nullptr);
+        const auto rows = static_cast<UINT>(shape.bmHeight);
+        GetDIBits(screen, info.hbmColor, 0, rows, colours.data(), &layout, DIB_RGB_COLORS);
+        layout = bitmapLayout(shape.bmWidth, shape.bmHeight);
+        GetDIBits(screen, info.hbmMask, 0, rows, mask.data(), &layout, DIB_RGB_COLORS);
+        ReleaseDC(nullptr, screen);
+    }
+    DeleteObject(info.hbmColor);
+    DeleteObject(info.hbmMask);
+    constexpr std::uint32_t colourBits = 0x00FFFFFF;
+    const bool bare = std::ranges::none_of(colours, [](std::uint32_t pixel) { return pixel >> 24U != 0; });
+    for (std::size_t place = 0; bare && place < colours.size(); ++place)
+        colours[place] = (mask[place] & colourBits) != 0 ? 0 : forms::opaque | colours[place];
+    return colours.empty() ? forms::Picture() : forms::Picture(shape.bmWidth, shape.bmHeight, colours);
+}
+
+} // namespace
+
+int bestIconSide(const std::wstring& path, std::int32_t index, int side) {
+    std::vector<int> widths = widthsOfFile(path);
+    if (widths.empty() && index >= 0)
+        widths = widthsInLibrary(path, index);
+    if (widths.empty())
+        return side;
+    std::ranges::sort(widths);
+    const auto found = std::ranges::lower_bound(widths, side);
+    return found == widths.end() ? widths.back() : *found;
+}
+
+HICON scaledIcon(HICON icon, int side) {
+    const forms::Picture picture = pictureOf(icon);
+    return picture.empty() ? nullptr : iconOf(picture.scaled(side, side));
+}
+
+} // namespace win32
