@@ -20,7 +20,8 @@ DayAndSeconds split(double date) {
     constexpr double first = -657434; // in the year 100
     constexpr double last = 2958465;  // in the year 9999
     const double day = std::trunc(date);
-    if (day < first || day > last)
+    // Also what is no number.
+    if (!(day >= first && day <= last))
         throw runtime::RuntimeError(runtime::ErrorNumber::invalidCall);
     const auto seconds = static_cast<int>(std::lround(std::abs(date - day) * secondsPerDay));
     return {static_cast<int>(day) + seconds / secondsPerDay, seconds % secondsPerDay};

@@ -256,7 +256,8 @@ std::u16string changed(std::u16string_view wide, std::string_view before, std::s
     while (first < most && beforeLines[first] == afterLines[first])
         ++first;
     std::size_t last = 0;
-    while (last < most - first && beforeLines.rbegin()[last] == afterLines.rbegin()[last])
+    while (last < most - first &&
+           beforeLines[beforeLines.size() - 1 - last] == afterLines[afterLines.size() - 1 - last])
         ++last;
     std::u16string result;
     for (std::size_t line = 0; line < first; ++line)
