@@ -41,6 +41,7 @@ tools/setup-wine.sh >/dev/null 2>&1 &
 step 'native build' tools/build.sh native
 step 'native tests' tools/test-native.sh
 step 'coverage' tools/check-coverage.py
+step 'fuzz' tests/fuzz/run.sh --trial 30
 step 'style' tools/check-style.sh
 step 'second tries' "$PYTHON" tests/windows/check-turns.py
 step 'art' "$PYTHON" resources/check-art.py

@@ -14,6 +14,11 @@ endif()
 
 option(KESTREL_COVERAGE "Count which lines and branches of the logic run" OFF)
 
+option(KESTREL_FUZZ "Build for clang's fuzzer: its program alone" OFF)
+if(KESTREL_FUZZ)
+    target_compile_options(kestrel-options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 if(WIN32)
     # One file that needs nothing but the system's own DLLs, and no more of it than is used.
     target_compile_options(kestrel-options INTERFACE -ffunction-sections -fdata-sections)

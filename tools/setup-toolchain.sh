@@ -4,7 +4,7 @@ set -euo pipefail
 . "$(dirname "$0")/lib.sh"
 
 build=(g++ cmake ninja-build g++-mingw-w64-i686 g++-mingw-w64-x86-64 doctest-dev librsvg2-bin icoutils fp-utils)
-check=(clang-format clang-tidy gcovr libchm-bin)
+check=(clang libclang-rt-dev clang-format clang-tidy gcovr libchm-bin)
 package=(nsis)
 sandbox=(debootstrap debian-archive-keyring util-linux)
 stage=(python3 xvfb xauth openbox trayer xdotool imagemagick x11-utils x11-apps)
