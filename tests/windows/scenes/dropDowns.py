@@ -113,6 +113,34 @@ def units(stage, checks, setup, editor):
             ok(stage, checks, setup, shown)
 
 
+def wheel(stage, checks, setup, editor):
+    """Over an open list, which is left by Enter and by Esc, and over a closed one that has the keyboard."""
+    setup.open(editor)
+    setup.turn_to(0)
+    shown = {}
+    for number, (name, way, takes) in enumerate((CLOSINGS[0], CLOSINGS[6])):
+        dropped = List(stage, setup, number)
+        dropped.focus()
+        stage.screen.key("Home")
+        before = dropped.window().text
+        checks.that(dropped.open("alt+Down"), f"wheel, {name}: the list opens")
+        stage.screen.wheel_down(*dropped.row(1), 2)
+        way(stage, dropped)
+        checks.that(poll(lambda dropped=dropped: dropped.opened() is None), f"wheel, {name}: it closes")
+        if not takes:
+            checks.that(poll(lambda dropped=dropped, before=before: dropped.window().text == before),
+                        f"wheel, {name}: it shows the row from before", dropped.window().text)
+        shown[number] = dropped.window().text
+    closed = List(stage, setup, len(shown))
+    closed.focus()
+    stage.screen.key("Home")
+    before = closed.window().text
+    stage.screen.wheel_down(*closed.window().place.middle, 1)
+    checks.that(poll(lambda: closed.window().text != before), "the wheel moves on in a closed list with the keyboard")
+    shown[len(shown)] = closed.window().text
+    ok(stage, checks, setup, shown)
+
+
 def mark(stage, checks, setup, editor):
     """A picture of the mark that has left OK for the button that has the keyboard."""
     setup.open(editor)
@@ -150,6 +178,7 @@ def story(stage, checks):
     checks.that(stage.toolbar(editor), "Kestrel is there")
     mark(stage, checks, setup, editor)
     units(stage, checks, setup, editor)
+    wheel(stage, checks, setup, editor)
     language(stage, checks, setup, editor)
 
 
