@@ -33,7 +33,10 @@ struct Clicked : Mending {
         clicked.tag = toolbars::buttonTag(button);
         return desk().event([&] { toolbar(EditorKind::board, 1).Toolbar_ButtonClick(clicked); });
     }
-    const std::vector<KeyStroke>& strokes() { return desk().typed.back().strokes; }
+    const std::vector<KeyStroke>& strokes() {
+        REQUIRE_FALSE(desk().typed.empty());
+        return desk().typed.back().strokes;
+    }
     /// What was typed if all strokes are plain characters but the Enter key at the end; else empty.
     std::string plain() {
         std::u32string text;
