@@ -7,10 +7,18 @@ from driver import settings
 from driver.settings import button
 from driver.setup import Setup
 from driver.tray import Tray
-from driver.waiting import poll
+from driver.waiting import LIMIT, poll
 
 BOARD = [button("Rip up", "ripup", dialog=settings.INPUT_BOX, param="Which signals?")]
-TEXT = "[global]\nlanguage=10000\n" + settings.made({"autoToolbar": 0, "EAGLEpath": "C:\\nowhere\\eagle.exe"}, board=BOARD)
+FILE = "C:\\work\\demo.brd"
+
+
+def text(**toolbar):
+    return "[global]\nlanguage=10000\n" + settings.made({"autoToolbar": 0, **toolbar}, board=BOARD)
+
+
+TEXT = text(EAGLEpath="C:\\nowhere\\eagle.exe")
+FILE_TO_FRONT = text(EAGLEpath="C:\\eagle\\eagle.exe", oneEAGLE=1, winEAGLE=1, EAGLEfile=f"Board - {FILE}")
 SPLASH_SIZE = (6030 // 15 + 2, 2865 // 15 + 2)  # pixels, with a thin border
 
 
@@ -79,6 +87,32 @@ def message(stage, checks, tray, field):
         field.gets_keys(f"message, {key}")
 
 
+def help_window(stage):
+    found = stage.look().top(class_name="HH Parent")
+    return found[0] if found else None
+
+
+def help_entry(stage, checks, tray, field):
+    tray.choose("help")
+    window = poll(lambda: help_window(stage))
+    checks.that(window and stage.wait_for_focus(window.handle), "the help has the keyboard")
+    stage.screen.key("alt+F4")
+    checks.that(poll(lambda: help_window(stage) is None), "Alt+F4 closes it")
+    field.gets_keys("Help")
+
+
+def open_eagle(stage, checks, tray, field, editor):
+    """EAGLE runs and the file is open in it: control panel and editor are brought to the front, the editor last."""
+    stage.write_settings(FILE_TO_FRONT)
+    owner = [window for window in stage.look().windows.values() if window.text == "Kestrel Strip for EAGLE"][0]
+    tray.choose("eagle")
+    checks.that(stage.witness.answers(owner.handle, LIMIT), "Open EAGLE is done")
+    checks.that(poll(lambda: stage.look().foreground == editor.handle), "the editor of the file is in front")
+    checks.that(not stage.look().top("Information", "#32770"), "there is no message")
+    field.gets_keys("Open EAGLE")
+    stage.write_settings(TEXT)
+
+
 def configuration(stage, checks, tray, field):
     setup = Setup(stage)
     for key in ("Escape", "Return"):
@@ -110,7 +144,7 @@ def leave(stage, checks, tray, field, kestrel):
 
 
 def story(stage, checks):
-    editor = stage.start_eagle().open("board", "C:\\work\\demo.brd")
+    editor = stage.start_eagle().open("board", FILE)
     editor.place(0, 0, 640, 440)
     kestrel = stage.start_kestrel(TEXT)
     tray = Tray(stage)
@@ -119,6 +153,8 @@ def story(stage, checks):
     checks.that(field.take(), "the user is in EAGLE's command field")
     menu_left(stage, checks, tray, field)
     info(stage, checks, tray, field)
+    help_entry(stage, checks, tray, field)
+    open_eagle(stage, checks, tray, field, editor)
     message(stage, checks, tray, field)
     configuration(stage, checks, tray, field)
     busy(stage, checks, editor)
