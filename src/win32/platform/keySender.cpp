@@ -128,10 +128,13 @@ void addStroke(Inputs& inputs, const KeyStroke& stroke, std::u16string& text) {
             addKey(inputs, modifier.key, true);
 }
 
-/// Milliseconds that a host is waited for: longer than EAGLE redraws a board after a command, so that what is
-/// typed next finds it ready, and well below the 5 s after which the system tells a program that hangs from
-/// one that is busy.
+/// Milliseconds that a host is waited for after typing: longer than EAGLE redraws a board after a command, so
+/// that what is typed next finds it ready, and well below the 5 s after which the system tells a program that
+/// hangs from one that is busy.
 constexpr DWORD longest = 2000;
+
+/// Before typing the wait is longer: one that takes 2 s is to have had the keyboard when it is typed to.
+constexpr DWORD longestForKeyboard = 2500;
 
 /// Between two looks at our own messages: shorter than the 200 from tick to tick.
 constexpr UINT slice = 50;
@@ -144,7 +147,7 @@ void takeKeyboardBack() {
         return;
     const DWORD begin = GetTickCount();
     while (!owed.give()) {
-        if (GetTickCount() - begin >= longest) {
+        if (GetTickCount() - begin >= longestForKeyboard) {
             // What is typed waits for it there, where otherwise it would go to a window that it is not for.
             owed.bring();
             return;

@@ -369,7 +369,7 @@ TEST_CASE("a host that was busy when a dialog of ours went gets the keyboard bac
     const Guest guest(editor);
     std::optional<win32::FocusKeeper> keeper(std::in_place);
     world.typeInto(dialog.second, "");
-    world.hangOtherProgram(1'200);
+    world.hangOtherProgram(1'900);
     keeper.reset();
     REQUIRE(World::foreground() == dialog.hWnd());
     std::vector<platform::KeyStroke> strokes;
@@ -389,7 +389,7 @@ TEST_CASE("what is typed to a host that is busy for longer goes to no other wind
     const Guest guest(editor);
     std::optional<win32::FocusKeeper> keeper(std::in_place);
     world.typeInto(dialog.second, "");
-    world.hangOtherProgram(3'000);
+    world.hangOtherProgram(3'500);
     keeper.reset();
     REQUIRE(World::foreground() == dialog.hWnd());
     const platform::KeyStroke typed{.character = 'x'};
@@ -406,7 +406,7 @@ TEST_CASE("a host that is too busy to come to the front does so before it is typ
     const platform::HWND editor = world.openEditor();
     const Guest guest(editor);
     world.typeInto(dialog.second, "");
-    world.hangOtherProgram(1'200);
+    world.hangOtherProgram(1'900);
     // What a click on a button does, in one go.
     platform::BringWindowToTop(editor);
     REQUIRE(World::foreground() == dialog.hWnd());
