@@ -20,17 +20,24 @@ class HungEagle:
         """Whether its input is joined with Kestrel's: it is by its latest toolbar."""
         return int(self._stage.witness.order("active", self._toolbar.form.handle)) == self.board.handle
 
-    def hang(self):
-        """Opens a window and waits until that has a toolbar and the keyboard, and hangs then. False if it has not come to
-        that."""
+    def ready(self):
+        """Opens a window and waits until that has a toolbar and the keyboard. False if it has not come to that."""
         self._opened += 1
         self.board = self._eagle.open("board", f"C:\\work\\hung{self._opened}.brd")
         self.board.place(800, 20, 700, 500)
         self.board.to_front()
         self._toolbar = self._stage.toolbar(self.board)
-        if not (self._toolbar and poll(lambda: self._stage.command_field_focused(self.board)) and poll(self.joined)):
-            return False
+        return bool(self._toolbar and poll(lambda: self._stage.command_field_focused(self.board)) and poll(self.joined))
+
+    def sleep(self):
+        """Hangs from now on."""
         self._order = self._eagle.hang(HANG)
+
+    def hang(self):
+        """Is ready and hangs then. False if it has not come to that."""
+        if not self.ready():
+            return False
+        self.sleep()
         # What a user does in the first moment goes the way of what EAGLE does not take, and may be lost under Wine.
         poll(lambda: not self.joined(), FIRST_MOMENT)
         return True

@@ -1,6 +1,8 @@
-"""An EAGLE that has the keyboard hangs: Kestrel ends before it wakes, by Exit, by an error, with the session."""
+"""An EAGLE that has the keyboard hangs: Kestrel ends before it wakes, by Exit, by an error, with the session, also while a
+file dialog holds that EAGLE's window, which works again once it has woken."""
 
-from hungHost import IN_TIME, SETTINGS, Trial, comes_and_goes
+from endUnderDialog import main_form
+from hungHost import FILE, FILE_DIALOG, IN_TIME, SETTINGS, Trial, comes_and_goes, top
 from play import play
 
 from driver import settings
@@ -9,7 +11,7 @@ from driver.settings import button
 from driver.tray import Tray
 from driver.waiting import poll
 
-WM_QUERYENDSESSION, WM_ENDSESSION = 0x11, 0x16
+WM_CLOSE, WM_QUERYENDSESSION, WM_ENDSESSION = 0x10, 0x11, 0x16
 BROKEN = settings.made(library=[button("A", "a", dialog="ask")])
 
 
@@ -41,11 +43,37 @@ def session_end(stage):
     return windows
 
 
+def under_dialog(stage, checks, eagle, words, end):
+    """A toolbar's file dialog is up, and the toolbar's own EAGLE hangs."""
+    def enabled():
+        return stage.look().windows[eagle.board.handle].enabled
+
+    eagle.beside.to_front()
+    kestrel = stage.start_kestrel(SETTINGS)
+    checks.that(eagle.ready() and poll(Tray(stage).icon), f"{words} under a dialog: Kestrel is there")
+    stage.click_button(eagle.board, FILE)
+    checks.that(poll(lambda: top(stage, FILE_DIALOG) and not enabled()), f"{words} under a dialog: it holds EAGLE's window")
+    eagle.sleep()
+    checks.that(end(stage) and stage.witness.exit_code(kestrel, IN_TIME) == 0 and eagle.hangs(),
+                f"{words} under a dialog: Kestrel ends while EAGLE hangs")
+    eagle.wake()
+    checks.that(poll(enabled), f"{words} under a dialog: EAGLE's window works again")
+    checks.that(Tray(stage).gone(), f"{words} under a dialog: the icon has gone")
+
+
+def installers_close(stage):
+    form = main_form(stage)
+    return form and stage.witness.send("post", form.handle, WM_CLOSE, 0, 0)
+
+
 def story(stage, checks):
     eagle = HungEagle(stage)
     ends(stage, checks, eagle, "Exit", lambda: Tray(stage).choose("exit"))
     ends(stage, checks, eagle, "an error", lambda: error(stage, eagle.other))
     ends(stage, checks, eagle, "the end of the session", lambda: session_end(stage))
+    for words, end in (("Exit", lambda stage: Tray(stage).choose("exit")), ("the installer's close", installers_close),
+                       ("the end of the session", session_end)):
+        under_dialog(stage, checks, eagle, words, end)
 
 
 if __name__ == "__main__":
