@@ -175,6 +175,19 @@ TEST_CASE(
     CHECK(program.desk().awarenessResets == 0);
 }
 
+TEST_CASE("a toolbar without a calculator follows its host alone") {
+    OnScreens program;
+    store::unitCalcActive = 0;
+    program.desk().screens = {{96}, {144}};
+    const HWND host = program.open(Awareness::perMonitor, 1024);
+    program.ticks(1);
+    REQUIRE(program.toolbar(EditorKind::board, 1).milIndex == 0);
+    program.desk().window(host).screen = 1;
+    program.ticks(1);
+    CHECK(program.toolbar(EditorKind::board, 1).ImageList1.pictureWidth() == 24);
+    CHECK(program.form().calculators.size() == 1);
+}
+
 TEST_CASE("a host that knows no other screens is not followed") {
     for (const Awareness awareness : {Awareness::unaware, Awareness::system}) {
         OnScreens program;

@@ -283,4 +283,17 @@ TEST_CASE("a grid asks for its icons as large as it shows them") {
     CHECK(sides == std::vector<int>{32, 40, 48, 64});
 }
 
+TEST_CASE("a form whose frame alone is of another resolution keeps what is in it") {
+    const desktop::Session session;
+    forms::Form form;
+    form.borderStyle = forms::BorderStyle::fixedDialog;
+    form.followsScreen = true;
+    form.setClientSize(1500, 750);
+    form.load();
+    const platform::RECT place{10, 10, 200, 100};
+    form.screenChanged(Resolution(96), Resolution(144), place);
+    CHECK(form.resolution() == Resolution(96));
+    CHECK(form.scaleWidth() == 1500);
+}
+
 TEST_SUITE_END();

@@ -111,6 +111,21 @@ TEST_CASE("the empty picture fitted to a size shows nothing, and a picture fitte
     CHECK(plain(2, 2, grey).fitted(5, 0).empty());
 }
 
+TEST_CASE("a picture scaled to its own size is itself, and one scaled to none is empty") {
+    CHECK(speckled(2, 3).scaled(2, 3) == speckled(2, 3));
+    CHECK(plain(2, 3, grey).scaled(2, 5) == plain(2, 5, grey));
+    CHECK(plain(2, 3, grey).scaled(0, 5).empty());
+    CHECK(plain(2, 3, grey).scaled(5, 0).empty());
+}
+
+TEST_CASE("a picture that is too small one way alone is fitted to an image list as anywhere") {
+    forms::ImageList list;
+    list.add(0, "narrow", speckled(8, 16));
+    list.add(0, "low", speckled(16, 8));
+    CHECK(list.picture(1) == speckled(8, 16).fitted(16, 16));
+    CHECK(list.picture(2) == speckled(16, 8).fitted(16, 16));
+}
+
 TEST_CASE("images count from 1, those with a key are found by it") {
     forms::ImageList list;
     list.add(1, "", plain(16, 16, 1));
