@@ -1,6 +1,7 @@
 #include "forms/control.h"
 
 #include "forms/form.h"
+#include "forms/shared.h"
 
 #include <algorithm>
 
@@ -87,8 +88,13 @@ void Control::setVisible(bool visible) {
     tellPeer(Property::visible);
 }
 
+const std::string& Control::toolTipText() const {
+    static const std::string none;
+    return toolTipText_ == nullptr ? none : *toolTipText_;
+}
+
 void Control::setToolTipText(std::string_view text) {
-    toolTipText_ = std::string(text);
+    toolTipText_ = text.empty() ? nullptr : shared(std::string(text));
     tellPeer(Property::toolTip);
 }
 
@@ -98,7 +104,7 @@ const Font& Control::font() const {
 }
 
 void Control::setFont(const Font& font) {
-    font_ = std::make_shared<const Font>(font);
+    font_ = shared(font);
     tellPeer(Property::colours);
 }
 

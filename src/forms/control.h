@@ -101,7 +101,7 @@ class Control {
     bool visible() const { return visible_; }
     void setVisible(bool visible);
 
-    const std::string& toolTipText() const { return toolTipText_; }
+    const std::string& toolTipText() const;
     void setToolTipText(std::string_view text);
 
     const Font& font() const;
@@ -161,8 +161,8 @@ class Control {
     bool enabled_ = true;
     bool visible_ = true;
     bool lost_ = false;
-    std::string toolTipText_;
-    std::shared_ptr<const Font> font_; ///< none for the usual one
+    std::shared_ptr<const std::string> toolTipText_; ///< none for no text
+    std::shared_ptr<const Font> font_;               ///< none for the usual one
     std::optional<Colour> foreColour_;
     std::optional<Colour> backColour_;
     std::shared_ptr<Peer> peer_;

@@ -33,7 +33,8 @@ class ImageList {
     /// Pixels of exactly this colour show nothing.
     Colour maskColour = maskGrey;
 
-    void clear() { images_ = {}; }
+    /// Gives the memory back as well: braces alone would keep it.
+    void clear() { images_ = std::vector<ListImage>(); }
     /// Inserts a picture as number `index`, 0 for the end, shifting those behind it. Error 9 for a number
     /// below 0 or one that would leave a gap, error 35602 for a key that is there already.
     void add(int index, std::string_view key, const Picture& picture);

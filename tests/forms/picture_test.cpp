@@ -287,4 +287,11 @@ TEST_CASE("an image list keeps its pictures as large as the resolution has them"
     CHECK(list.picture(3).pixel(0, 2) == (forms::opaque | forms::maskGrey));
 }
 
+TEST_CASE("a list that is cleared gives its memory back") {
+    forms::ImageList list;
+    list.add(0, "", plain(16, 16, 1));
+    list.clear();
+    CHECK(list.images().capacity() == 0);
+}
+
 TEST_SUITE_END();

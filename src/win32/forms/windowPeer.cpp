@@ -192,6 +192,10 @@ LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam,
     // An event may unload the form: the peer lives until its event has returned.
     const std::shared_ptr<Peer> kept = self->weak_from_this().lock();
     LRESULT result = 0;
+    // While the window still hears messages: the tips watch it by a procedure of their own, whose record
+    // would stay for ever if it were taken off in the window's last message.
+    if (message == WM_DESTROY)
+        setToolTip(window, {});
     // When the host's process has been killed this is the only message that tells.
     if (message == WM_NCDESTROY) {
         found->second.peer = nullptr;

@@ -15,6 +15,10 @@ int openWindows();
 /// Bytes that are taken from the heaps of this process.
 std::size_t heapBytes();
 
+/// Bytes in the C++ objects of this process: what the program itself holds, whatever the system's heap makes
+/// of it.
+std::size_t ownBytes();
+
 /// Memory of this process that no other shares, in bytes; 0 where the system does not tell.
 std::size_t privateBytes();
 
