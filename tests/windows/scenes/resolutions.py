@@ -39,6 +39,13 @@ def text():
 def stands(checks, stage, editor, name, dpi):
     def here(pixels):
         return pixels * dpi / DESIGN
+
+    def calculators():
+        inside = stage.look(editor).windows[editor.handle].children
+        return [child for child in inside if child.class_name == "KestrelFrame" and child.visible]
+
+    # It comes behind the toolbar.
+    frames = poll(calculators)
     host = stage.look().windows[editor.handle]
     form, buttons = stage.toolbar(editor).form, stage.toolbar(editor).buttons
     right = host.client.left + host.place.width
@@ -48,8 +55,7 @@ def stands(checks, stage, editor, name, dpi):
     checks.that(all(near(width, here(BUTTON)) and near(height, here(HIGH)) for width, height in sizes), f"{name}: size of buttons", sizes)
     tops = sorted({button.place.top for button in buttons})
     checks.equal([sum(button.place.top == top for button in buttons) for top in tops], [4, 4], f"{name}: the rows are those at 96 dpi")
-    frames = [child for child in host.children if child.class_name == "KestrelFrame"]
-    if not checks.equal(len(frames), 1, f"{name}: a calculator"):
+    if not checks.equal(len(frames or []), 1, f"{name}: a calculator"):
         return
     place = frames[0].place
     checks.that(near(place.height, here(CALCULATOR)), f"{name}: the calculator's height", place.height)
