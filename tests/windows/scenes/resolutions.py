@@ -99,7 +99,7 @@ def sharp(checks, stage, editor, kind, name, dpi):
 
 def clicks(checks, stage, editor, name):
     editor.to_front()
-    stage.wait_for_focus(editor.handle)
+    stage.wait_for_focus(editor.handle, 2)  # it need not come: the click is what brings it
     for number, command in enumerate(COMMANDS):
         before = len(editor.executed())
         stage.click_button(editor, number)
