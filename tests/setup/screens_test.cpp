@@ -185,7 +185,8 @@ TEST_CASE("the error dialog opens in its screen's resolution, in the middle") {
     const desktop::Session session;
     desktop::world().awareness = Awareness::perMonitor;
     desktop::world().screens = {{144, {}}};
-    report::ask(errors::errPtnr(), 8, [](errors::ErrPtnr& form) {
+    errors::ErrPtnr dialog;
+    report::ask(dialog, 8, [](errors::ErrPtnr& form) {
         CHECK(form.resolution().dpi() == 144);
         const RECT rect = desktop::world().window(form.hWnd()).rect;
         CHECK(rect.left == (1280 - (rect.right - rect.left) + 1) / 2);
