@@ -81,6 +81,29 @@ TEST_CASE("positions are equal in all four") {
     CHECK_FALSE(place == forms::Position{1, 2, 3, 0});
 }
 
+TEST_CASE("fonts are equal in all four") {
+    const forms::Font font{"Arial", 9, true, true};
+    CHECK(font == forms::Font{"Arial", 9, true, true});
+    CHECK_FALSE(font == forms::Font{"Ariel", 9, true, true});
+    CHECK_FALSE(font == forms::Font{"Arial", 8, true, true});
+    CHECK_FALSE(font == forms::Font{"Arial", 9, false, true});
+    CHECK_FALSE(font == forms::Font{"Arial", 9, true, false});
+}
+
+TEST_CASE("a control has the tool tip that it was given last, and none before") {
+    CommandButton button;
+    CommandButton other;
+    CHECK(button.toolTipText().empty());
+    button.setToolTipText("a tip");
+    other.setToolTipText("a tip");
+    CHECK(button.toolTipText() == "a tip");
+    other.setToolTipText("another");
+    CHECK(button.toolTipText() == "a tip");
+    CHECK(other.toolTipText() == "another");
+    button.setToolTipText("");
+    CHECK(button.toolTipText().empty());
+}
+
 TEST_CASE("a control without a font of its own has the usual one") {
     CommandButton button;
     CHECK(button.font().name == "MS Sans Serif");

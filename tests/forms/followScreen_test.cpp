@@ -283,6 +283,18 @@ TEST_CASE("a grid asks for its icons as large as it shows them") {
     CHECK(sides == std::vector<int>{32, 40, 48, 64});
 }
 
+TEST_CASE("a picture box that changes its resolution twice has its picture as large as the last one has it") {
+    const desktop::Session session;
+    forms::Form form;
+    forms::PictureBox box;
+    box.place(form, {0, 0, 300, 300});
+    box.setPicture(forms::Picture(10, 10, std::vector<std::uint32_t>(100, 0xFF112233U)));
+    form.setResolution(Resolution(144));
+    CHECK(box.picture().width() == 15);
+    form.setResolution(Resolution(192));
+    CHECK(box.picture().width() == 20);
+}
+
 TEST_CASE("a form whose frame alone is of another resolution keeps what is in it") {
     const desktop::Session session;
     forms::Form form;
