@@ -144,13 +144,21 @@ std::string cut(forms::Form& form) {
     return measuring.found;
 }
 
+/// Whether texts can be measured: under Wine only the fonts for western languages have the widths of Windows'
+/// own. For others it takes fonts that are wider.
+bool hasWesternFonts() {
+    constexpr UINT western = 1252;
+    return GetACP() == western;
+}
+
 constexpr int resolutions[] = {96, 104, 120, 144, 168, 192, 240};
 
 } // namespace
 
 TEST_SUITE_BEGIN("contract/windows/dialogScreens");
 
-TEST_CASE("no text of the setup is cut at any resolution, in neither language") {
+TEST_CASE("no text of the setup is cut at any resolution, in neither language" *
+          doctest::skip(!hasWesternFonts())) {
     const World world;
     for (const std::int32_t language : {german, english}) {
         store::languageOffset = language;
@@ -165,7 +173,8 @@ TEST_CASE("no text of the setup is cut at any resolution, in neither language") 
     }
 }
 
-TEST_CASE("no text of the icon chooser is cut at any resolution, in neither language") {
+TEST_CASE("no text of the icon chooser is cut at any resolution, in neither language" *
+          doctest::skip(!hasWesternFonts())) {
     const World world;
     for (const std::int32_t language : {german, english}) {
         store::languageOffset = language;
@@ -180,7 +189,8 @@ TEST_CASE("no text of the icon chooser is cut at any resolution, in neither lang
     }
 }
 
-TEST_CASE("no text of the splash and of the error dialog is cut at any resolution") {
+TEST_CASE("no text of the splash and of the error dialog is cut at any resolution" *
+          doctest::skip(!hasWesternFonts())) {
     const World world;
     core::frmSplash splash;
     splash.load();
