@@ -1,7 +1,6 @@
 #include "contract/windows/beside.h"
 
 #include <array>
-#include <string_view>
 #include <thread>
 
 namespace contract {
@@ -15,9 +14,7 @@ struct Search {
 
 BOOL CALLBACK compare(HWND window, LPARAM parameter) {
     auto& search = *reinterpret_cast<Search*>(parameter);
-    char name[32] = {};
-    GetClassNameA(window, name, sizeof name);
-    if (std::string_view(name) != search.className || IsWindowVisible(window) == FALSE)
+    if (!isOfClass(window, search.className) || IsWindowVisible(window) == FALSE)
         return TRUE;
     search.found = window;
     return FALSE;
@@ -36,6 +33,12 @@ void pressKey(platform::Key key) {
 }
 
 } // namespace
+
+bool isOfClass(HWND window, std::string_view className) {
+    char name[32] = {};
+    GetClassNameA(window, name, sizeof name);
+    return name == className;
+}
 
 void withUser(const char* className, const std::function<void()>& call,
               const std::function<void(HWND window)>& user) {

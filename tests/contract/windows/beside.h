@@ -6,11 +6,14 @@
 #include <windows.h>
 
 #include <functional>
+#include <string_view>
 
 namespace contract {
 
 inline constexpr const char* dialogClass = "#32770"; ///< message boxes and file dialogs
 inline constexpr const char* menuClass = "#32768";
+
+bool isOfClass(HWND window, std::string_view className);
 
 /// Does `call`, which shows a window of that class and returns when it has gone, and `user` beside it as soon
 /// as that window is seen. One that is still there afterwards is closed.

@@ -216,37 +216,6 @@ TEST_CASE("a dialog of the system finds its owner enabled, and disables it by it
     }
 }
 
-TEST_CASE("a message box is the innermost modal form's, and not one's that does not hear the user") {
-    const World world;
-    MainForm main;
-    Dialog dialog;
-    dialog.show();
-    const win32::Hold modal(dialog);
-    const HWND window = win32::native(dialog.hWnd());
-    const auto ownerOfBox = [] {
-        HWND owner = nullptr;
-        contract::withUser(
-            contract::dialogClass, [] { platform::msgBox("Text", 0, "Title"); },
-            [&](HWND box) {
-                owner = GetWindow(box, GW_OWNER);
-                contract::closeBy(box, Key::enter);
-            });
-        return owner;
-    };
-    CHECK(ownerOfBox() == window);
-    CHECK(IsWindowEnabled(window));
-    {
-        // A dialog of the system is up over it.
-        const win32::SystemDialog other(window);
-        EnableWindow(window, FALSE);
-        CHECK(ownerOfBox() != window);
-        CHECK_FALSE(IsWindowEnabled(window));
-        EnableWindow(window, TRUE);
-    }
-    dialog.hide();
-    CHECK(ownerOfBox() != window);
-}
-
 TEST_CASE("the keyboard is given back while a dialog of the system still stands") {
     World world;
     MainForm main;
