@@ -215,6 +215,12 @@ TEST_CASE(
     CHECK(World::until([&] { return World::foreground() == prefix; }));
     platform::appActivate("kestrel's");
     CHECK(World::until([&] { return World::foreground() == other; }));
+    // Of letters beyond ASCII the case does not count either.
+    const HWND umlaut = world.openWindow(western("\xC4nderung"));
+    platform::appActivate("control panel");
+    REQUIRE(World::until([&] { return World::foreground() == exact; }));
+    platform::appActivate(western("\xE4NDER"));
+    CHECK(World::until([&] { return World::foreground() == umlaut; }));
 }
 
 TEST_CASE("of several windows that begin with the text the one that lies highest is activated") {
