@@ -39,7 +39,7 @@ def configured(language):
     begin = settings.start_set(language)
     lists = {kind: settings.rows(begin, kind) for kind in settings.SECTIONS}
     options = {"EAGLEpath": "C:\\eagle\\eagle.exe", "winEAGLE": 3, "oneEAGLE": 1}
-    return (f"[global]\nlanguage={OFFSETS[language]}\n[Unit]\nVisible=1\nLeftAccuracy=0.##\nRightAccuracy=0.####\n"
+    return (f"[global]\nlanguage={OFFSETS[language]}\nmend=1\n[Unit]\nVisible=1\nLeftAccuracy=0.##\nRightAccuracy=0.####\n"
             + settings.made(options, **lists))
 
 
