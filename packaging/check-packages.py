@@ -97,6 +97,8 @@ def zips(checks):
                 checks.equal(missing, set(), f"{bits}: Start {folder}.cmd names files that are there")
                 checks.that(f"samples\\{folder}\\kestrel.ini" in start and "@" not in start.removeprefix("@"),
                             f"{bits}: it begins with the buttons of {folder}")
+                checks.that("[ZoneTransfer]\r\necho ZoneId=0\r\n" in start and ".chm:Zone.Identifier\"" in start,
+                            f"{bits}: it takes the internet mark off the help")
                 checks.equal(start.count("\n"), start.count("\r\n"), f"{bits}: it has the line ends of Windows")
             for file in ("README.txt", "LICENSE.txt"):
                 text = packed.read(top + file)
