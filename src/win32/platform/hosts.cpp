@@ -1,5 +1,6 @@
 #include "win32/platform/hosts.h"
 
+#include "runtime/characters.h"
 #include "runtime/text.h"
 #include "win32/common/wide.h"
 #include "win32/platform/paths.h"
@@ -61,7 +62,7 @@ bool mayBeAsked(Host& host, ULONGLONG now) {
 }
 
 std::string upToSeparator(std::string_view text) {
-    return std::string(text.substr(0, text.find('\\')));
+    return std::string(text.substr(0, runtime::findText(text, "\\")));
 }
 
 /// What the system has a drive letter for, "\Device\HarddiskVolume2" for instance; empty if it has none.

@@ -71,6 +71,8 @@ class Letter {
     std::string name_;
 };
 
+constexpr UINT japanese = 932;
+
 } // namespace
 
 TEST_SUITE_BEGIN("contract/windows/hosts");
@@ -83,6 +85,12 @@ TEST_CASE("the host of a path on the network is its server, however it is writte
     CHECK(hostOf("\"\\\\Server\\share\\x y.exe\" /a") == "server");
     CHECK(hostOf("\\\\?\\UNC\\Server\\share\\x.exe") == "server");
     CHECK(hostOf("\\\\Server") == "server");
+}
+
+TEST_CASE("a server's name goes on behind a character that ends in a backslash's byte" *
+          doctest::skip(GetACP() != japanese)) {
+    const std::string server = "\x95\x5Csrv"; // its first character is U+8868
+    CHECK(hostOf("\\\\" + server + "\\share\\x.exe") == server);
 }
 
 TEST_CASE("a fixed drive and one that is not there have none") {
