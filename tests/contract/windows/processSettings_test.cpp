@@ -1,6 +1,7 @@
 // What the system does otherwise for the program than by default.
 #include "contract/windows/faultingTimer.h"
 #include "contract/windows/files.h"
+#include "contract/windows/importHook.h"
 #include "contract/world.h"
 #include "forms/timer.h"
 #include "win32/common/processSettings.h"
@@ -41,7 +42,37 @@ int faultingTimerMain() {
 
 } // namespace contract
 
+namespace {
+
+struct Asked {
+    HANDLE object = nullptr;
+    int what = 0;
+    BOOL value = TRUE;
+};
+
+Asked asked;
+
+BOOL WINAPI noteSetting(HANDLE object, int what, void* value, DWORD size) {
+    asked = {object, what, size == sizeof(BOOL) ? *static_cast<const BOOL*>(value) : TRUE};
+    return TRUE;
+}
+
+} // namespace
+
 TEST_SUITE_BEGIN("contract/windows/processSettings");
+
+TEST_CASE("the system is asked not to swallow faults in timers' routines") {
+    // The only one that shows it under Wine, which swallows them all the same.
+    asked = {};
+    {
+        const contract::ImportHook hook("SetUserObjectInformationA", reinterpret_cast<void*>(&noteSetting));
+        REQUIRE(hook.original() != nullptr);
+        win32::settleProcess();
+    }
+    CHECK(asked.object == GetCurrentProcess());
+    CHECK(asked.what == UOI_TIMERPROC_EXCEPTION_SUPPRESSION);
+    CHECK(asked.value == FALSE);
+}
 
 TEST_CASE("a fault in a timer's routine is not swallowed") {
     std::string line = "\"" + contract::ownPath() + "\" " + contract::faultingTimerArgument;
