@@ -156,8 +156,8 @@ static int check(const Order& order) {
             "kestrel-check.txt cannot be written here. Please unpack the zip into a folder of yours.");
     std::printf(
         "Kestrel %ls: a check of the program on this Windows.\n"
-        "It uses mouse and keyboard for some two minutes. Please leave both alone; any key stops it.\n"
-        "Es braucht etwa zwei Minuten lang Maus und Tastatur. Bitte beide ruhen lassen; jede Taste "
+        "It uses mouse and keyboard for some four minutes. Please leave both alone; any key stops it.\n"
+        "Es braucht etwa vier Minuten lang Maus und Tastatur. Bitte beide ruhen lassen; jede Taste "
         "bricht ab.\n",
         KESTREL_VERSION);
     report.line(L"Kestrel " KESTREL_VERSION L", checked on " + today());
