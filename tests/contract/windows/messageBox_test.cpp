@@ -1,8 +1,8 @@
 // Whose a message box of ours is.
 #include "contract/windows/beside.h"
+#include "contract/windows/hiddenMainForm.h"
 #include "contract/world.h"
 #include "forms/form.h"
-#include "forms/mainForm.h"
 #include "platform/dialogs.h"
 #include "platform/keyStroke.h"
 #include "win32/common/holding.h"
@@ -15,21 +15,9 @@
 
 namespace {
 
+using contract::MainForm;
 using contract::World;
 using platform::Key;
-
-/// The program's hidden window.
-class MainForm : public forms::Form {
-  public:
-    MainForm() {
-        forms::mainForm = this;
-        showInTaskbar = false;
-        load();
-    }
-    ~MainForm() override { forms::mainForm = nullptr; }
-    MainForm(const MainForm&) = delete;
-    MainForm& operator=(const MainForm&) = delete;
-};
 
 /// The window that a message box stands on; where that is one made for the box alone, what that stands on.
 HWND ownerOfBox() {

@@ -2,9 +2,9 @@
 // and when they have gone the keyboard is where it was.
 #include "contract/toolForm.h"
 #include "contract/windows/beside.h"
+#include "contract/windows/hiddenMainForm.h"
 #include "contract/world.h"
 #include "forms/form.h"
-#include "forms/mainForm.h"
 #include "forms/menu.h"
 #include "forms/peer.h"
 #include "forms/textBox.h"
@@ -35,22 +35,9 @@
 
 namespace {
 
+using contract::MainForm;
 using contract::World;
 using platform::Key;
-
-/// The program's hidden window, which owns its message boxes.
-class MainForm : public forms::Form {
-  public:
-    MainForm() {
-        forms::mainForm = this;
-        borderStyle = forms::BorderStyle::none;
-        showInTaskbar = false;
-        load();
-    }
-    ~MainForm() override { forms::mainForm = nullptr; }
-    MainForm(const MainForm&) = delete;
-    MainForm& operator=(const MainForm&) = delete;
-};
 
 /// A modal form of ours in which the user is in the second field.
 class Dialog : public forms::Form {
