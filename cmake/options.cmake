@@ -15,7 +15,7 @@ endif()
 option(KESTREL_COVERAGE "Count which lines and branches of the logic run" OFF)
 
 option(KESTREL_FUZZ "Build for clang's fuzzer: its program alone" OFF)
-if(KESTREL_FUZZ)
+if(KESTREL_FUZZ AND KESTREL_SANITIZE)
     target_compile_options(kestrel-options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 

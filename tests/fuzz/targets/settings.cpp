@@ -2,6 +2,7 @@
 // button, the setup opened, its rows selected and OK.
 #include "fuzz/targets/program.h"
 
+#include "runtime/text.h"
 #include "store/buttonLists.h"
 #include "store/state.h"
 
@@ -20,6 +21,17 @@ std::string written(const store::ButtonList& list) {
             button.name + '|' + button.path + '|' + button.icon + '|' + std::to_string(button.type) + '\n';
     }
     return text;
+}
+
+/// Whether what is read is what is written again: a NUL ends a value when it is written, and of a section
+/// that is there twice the first alone is written, which may uncover the second.
+bool readAsWritten(std::string_view file) {
+    const std::string folded = runtime::lowerCase(file);
+    const auto twice = [&](std::string_view section) {
+        const std::size_t first = folded.find(section);
+        return first != std::string::npos && folded.find(section, first + 1) != std::string::npos;
+    };
+    return file.find('\0') == std::string_view::npos && !twice("board") && !twice("libr");
 }
 
 } // namespace
@@ -67,7 +79,7 @@ void settings(std::string_view input) {
     checkProgram(program);
     program.ticks(2);
     goesOn(program, mayEnd, true);
-    expect(written(store::boardButtons) + written(store::librButtons) == before,
+    expect(!readAsWritten(input) || written(store::boardButtons) + written(store::librButtons) == before,
            "OK without an edit leaves the lists", before);
 }
 
