@@ -119,17 +119,32 @@ def samples():
         icon(HERE / f"samples/{name}.ico", SIZES)
 
 
+def unpacked(name, data):
+    """The pixels of a picture of the table, red, green and blue of each; the first colour is the mask."""
+    count = data[0]
+    colours = [data[at : at + 3] for at in range(1, 1 + 3 * count, 3)]
+    expect(0 < count <= 16 and colours[0] == bytes.fromhex("C0C0C0"), f"{name}: {count} colours, the first {colours[0].hex()}")
+    expect(len(set(colours)) == count, f"{name}: a colour twice")
+    pixels = []
+    for run in data[1 + 3 * count :]:
+        expect(run & 15 < count, f"{name}: colour {run & 15} of {count}")
+        pixels += [colours[min(run & 15, count - 1)]] * ((run >> 4) + 1)
+    return pixels
+
+
 def table():
     path = HERE.parent / "src/toolbars/pictures.inc"
-    lists = re.findall(r'\{ /\*key\*/ "(\w+)", \{([^}]*)\} \},', path.read_text("ascii"))
-    keys = [key for key, _ in lists]
-    expect(keys == ["Separator", "BRD", "SCH", "LBR", "Config", "Over"], f"{path.name}: keys {keys}")
-    for key, body in lists:
-        values = [int(text, 16) for text in re.findall(r"0x[0-9A-F]{8}", body)]
-        expect(len(values) == 256, f"{path.name}, {key}: {len(values)} pixels")
-        expect(all(value >> 24 == 255 for value in values), f"{path.name}, {key}: a pixel is not opaque")
-        drawn = sum(value & 0xFFFFFF != MASK for value in values)
-        expect(64 < drawn < 256, f"{path.name}, {key}: {drawn} pixels drawn")
+    rows = re.findall(r'\{"(\w+)", (\d+),((?:\s+"[^"]*")+)sv\}', path.read_text("ascii"))
+    wanted = [(key, size) for key in ("Separator", "BRD", "SCH", "LBR", "Config", "Over")
+              for size in (SIZES[:1] if key in ("Separator", "Over") else SIZES)]
+    expect([(key, int(side)) for key, side, _ in rows] == wanted, f"{path.name}: pictures {[row[:2] for row in rows]}")
+    for key, text, body in rows:
+        side = int(text)
+        name = f"{path.name}, {key}, {side} pixels"
+        pixels = unpacked(name, bytes(int(value, 8) for value in re.findall(r"\\(\d{3})", body)))
+        expect(len(pixels) == side * side, f"{name}: {len(pixels)} pixels")
+        drawn = sum(pixel != MASK.to_bytes(3, "big") for pixel in pixels)
+        expect(side * side // 4 < drawn < side * side, f"{name}: {drawn} pixels drawn")
 
 
 for name in ("kestrel", "brd", "sch", "lbr"):

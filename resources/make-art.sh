@@ -78,11 +78,13 @@ convert "$work/side.png" "$work/bird.png" -geometry +18+108 -composite +dither -
     -type Palette -compress None BMP3:installer.bmp
 echo "installer.bmp"
 
+# No button shows the separator or the arrow: they are drawn in the design's size alone.
 pictures=()
 for pair in Separator=separator BRD=brd SCH=sch LBR=lbr Config=config Over=over; do
-    png=$(render "${pair#*=}" 16)
-    convert "$png" -depth 8 "RGBA:$png.rgba"
-    pictures+=("${pair%=*}=$png.rgba")
+    case $pair in Separator=* | Over=*) sizes=16 ;; *) sizes="16 20 24 32 48" ;; esac
+    for size in $sizes; do
+        pictures+=("${pair%=*}=$(render "${pair#*=}" "$size")")
+    done
 done
 python3 pictures.py "${pictures[@]}" > ../src/toolbars/pictures.inc
 echo "../src/toolbars/pictures.inc"

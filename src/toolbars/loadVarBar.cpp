@@ -53,7 +53,7 @@ void frmToolbar::loadRowPictures(const store::ButtonList& buttons) {
             continue;
         ++number;
         if (!drawRowIcon(button.icon)) {
-            ImageList1.add(number, "", fixedPictures().picture(differences_.pictureKey));
+            ImageList1.add(number, "", fixedPictures(resolution()).picture(differences_.pictureKey));
             continue;
         }
         Picture2.setPicture(Picture1.image());
@@ -76,8 +76,9 @@ bool frmToolbar::drawRowIcon(const std::string& reference) {
 }
 
 void frmToolbar::addFixedPictures(int rows) {
-    ImageList1.add(rows + 1, configKey, fixedPictures().picture(configKey));
-    ImageList1.add(rows + 2, overKey, fixedPictures().picture(overKey));
+    const forms::ImageList& fixed = fixedPictures(resolution());
+    ImageList1.add(rows + 1, configKey, fixed.picture(configKey));
+    ImageList1.add(rows + 2, overKey, fixed.picture(overKey));
     toolbar.setImageList(&ImageList1);
 }
 
