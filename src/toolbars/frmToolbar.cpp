@@ -69,6 +69,8 @@ void frmToolbar::followResolution(forms::Resolution resolution) {
     const std::int32_t y = resolution.toPixels(top());
     ImageList1.setResolution(resolution);
     setResolution(resolution);
+    // Icons of files and our own are drawn in several sizes: what was taken for the former one is not grown.
+    loadVarBar();
     platform::MoveWindow(window(), x, y, resolution.toPixels(width()), resolution.toPixels(height()), true);
 }
 

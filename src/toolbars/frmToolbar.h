@@ -42,7 +42,8 @@ class frmToolbar : public forms::Form {
     void Form_Load() override;
     /// Makes the form just high enough for its rows of buttons.
     void Form_Resize() override;
-    /// The host has come to a screen of another resolution: size, buttons and place in the host follow.
+    /// The host has come to a screen of another resolution: size, place in the host and buttons follow, these
+    /// as the list has them now. Errors as by loadVarBar.
     void followResolution(forms::Resolution resolution);
     void Form_MouseMove(int button, int shift, float x, float y) override;
     void Toolbar_MouseMove();

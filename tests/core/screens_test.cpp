@@ -175,6 +175,29 @@ TEST_CASE(
     CHECK(program.desk().awarenessResets == 0);
 }
 
+TEST_CASE("on its new screen a toolbar shows the pictures of one that was made there") {
+    OnScreens program;
+    program.desk().writeSettings("[Unit]\nVisible=1\n[board]\n1name=a\n1path=a\n1dialog=0\n1type=1\n"
+                                 "2name=b\n2path=b\n2dialog=0\n2type=1\n2icon=C:\\x.exe,0\n");
+    program.desk().addIcons("C:\\x.exe", 1);
+    program.desk().screens = {{96}, {144}};
+    const HWND host = program.open(Awareness::perMonitor, 1024);
+    program.ticks(1);
+    program.desk().window(host).screen = 1;
+    program.ticks(1);
+    program.open(Awareness::perMonitor, 1536, 1);
+    program.ticks(1);
+    const toolbars::frmToolbar& moved = program.toolbar(EditorKind::board, 1);
+    const toolbars::frmToolbar& made = program.toolbar(EditorKind::board, 2);
+    REQUIRE(moved.ImageList1.count() == 4);
+    REQUIRE(made.ImageList1.count() == 4);
+    for (int number = 1; number <= 4; ++number) {
+        CHECK(moved.ImageList1.picture(number).width() == 24);
+        CHECK(moved.ImageList1.picture(number) == made.ImageList1.picture(number));
+    }
+    CHECK(moved.toolbar.buttons().size() == 3);
+}
+
 TEST_CASE("a toolbar without a calculator follows its host alone") {
     OnScreens program;
     store::unitCalcActive = 0;
