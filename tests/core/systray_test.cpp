@@ -18,7 +18,6 @@ using desktop::Program;
 
 namespace {
 
-constexpr float twipsPerPixel = 15;
 constexpr int mouseMove = 0x200;
 constexpr int leftPressed = 0x201;
 constexpr int leftReleased = 0x202;
@@ -29,7 +28,8 @@ constexpr int rightDoubleClick = 0x206;
 
 /// A program with its icon in the tray.
 struct Tray {
-    explicit Tray(const std::string& settings = "") {
+    explicit Tray(const std::string& settings = "", int dpi = forms::Resolution::designDpi) {
+        desk().screens = {{dpi}};
         desk().writeSettings(settings);
         REQUIRE(program.start());
     }
@@ -37,7 +37,8 @@ struct Tray {
     /// The shell reports what the mouse does on the icon.
     bool mouse(int message) {
         return desk().event([&] {
-            program.form().txtTooltip.onMouseMove(0, 0, static_cast<float>(message) * twipsPerPixel, 0);
+            forms::TextBox& hidden = program.form().txtTooltip;
+            hidden.onMouseMove(0, 0, hidden.resolution().toTwips(message), 0);
         });
     }
     /// The user opens the menu and chooses an entry.
@@ -87,6 +88,17 @@ TEST_CASE("the menu opens on the release of either button") {
     CHECK(tray.desk().menusOpened == 1);
     tray.mouse(rightReleased);
     CHECK(tray.desk().menusOpened == 2);
+}
+
+TEST_CASE("the menu opens on the release at every resolution of the screen") {
+    for (const int dpi : {120, 144, 168, 192}) {
+        CAPTURE(dpi);
+        Tray tray("", dpi);
+        CHECK(tray.program.form().txtTooltip.resolution() == forms::Resolution());
+        tray.mouse(leftReleased);
+        tray.mouse(rightReleased);
+        CHECK(tray.desk().menusOpened == 2);
+    }
 }
 
 TEST_CASE("moves, presses and double clicks do not open the menu") {
