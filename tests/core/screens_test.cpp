@@ -49,7 +49,7 @@ TEST_CASE("a host that knows its screen of 144 dpi has everything half as large 
     CHECK(program.calculator().parent == host);
     CHECK(program.calculator().rect == RECT{1236, 0, 1236 + 293, 27});
     CHECK(program.desk().awarenessResets == 0);
-    CHECK(program.desk().awareness == Awareness::unaware);
+    CHECK(program.desk().awareness == Awareness::perMonitor);
 }
 
 TEST_CASE("in a host that knows of no such screens all is as at 96 dpi") {
@@ -118,7 +118,7 @@ TEST_CASE("hosts of every view stand side by side, and the program keeps its own
     CHECK(other.parent == aware);
     CHECK(other.rect.right - other.rect.left == 192);
     CHECK(program.desk().awarenessResets == 0);
-    CHECK(program.desk().awareness == Awareness::unaware);
+    CHECK(program.desk().awareness == Awareness::perMonitor);
 }
 
 TEST_CASE("the calculator follows the host in its pixels on each tick") {
@@ -254,7 +254,7 @@ TEST_CASE("a host that dies while its toolbar is built leaves the program in its
                 program.desk().closeWindow(host);
         };
         program.ticks(3);
-        CHECK(program.desk().awareness == Awareness::unaware);
+        CHECK(program.desk().awareness == Awareness::perMonitor);
         CHECK(program.desk().awarenessResets == 0);
         CHECK(program.desk().messageBoxes.empty());
         CHECK_FALSE(program.desk().ended);

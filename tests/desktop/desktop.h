@@ -358,8 +358,8 @@ class World {
     double startDate = 38845.5; ///< date and time of day at which `now` is 0: 8 May 2006, noon
     /// The first is the main one.
     std::vector<Screen> screens = {Screen{}};
-    /// How the program's thread sees them, and the program as a whole.
-    Awareness awareness = Awareness::unaware;
+    /// How the program's thread sees them; at first as its manifest says.
+    Awareness awareness = Awareness::perMonitor;
     /// How often the system has changed the view of the program, since a window of it went into one of
     /// another view.
     int awarenessResets = 0;

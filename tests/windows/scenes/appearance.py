@@ -1,6 +1,5 @@
-"""Screens of other kinds: 120 and 144 dpi, for which Windows enlarges the program, and a theme of high contrast. The
-pictures are for looking at. A window inside another program's is not enlarged by Wine, only by Windows; so the dialogs are
-played at the higher resolutions, and toolbar and calculator in the theme."""
+"""Screens of other kinds: 120 and 144 dpi, where the program draws its dialogs larger, and a theme of high contrast. The
+pictures are for looking at. Toolbar and calculator at these resolutions are the scene resolutions."""
 
 from functools import partial
 
@@ -13,7 +12,7 @@ from driver.tray import Tray
 from driver.waiting import poll
 
 PAGES = ("general", "board", "schematic", "library")
-WIDTH, HEIGHT = 452, 625  # of the setup without its frame; Wine leaves more height at higher resolutions
+WIDTH, HEIGHT = 452, 625  # of the setup without its frame, in pixels of 96 dpi, as all places here
 BLACK, WHITE, GREEN, VIOLET = "0 0 0", "255 255 255", "0 255 0", "128 0 128"
 BLACK_THEME = {
     "Control Panel\\Colors": {
