@@ -13,13 +13,15 @@ struct ToolbarButton;
 /// Sizes in pixels: at 96 dpi a button of 23 by 22 with a picture of 16, and a separator of 8.
 ///
 /// At other resolutions a button is a fraction of a pixel wider or narrower than these would be, and on a
-/// long row the fractions add up. So a separator makes good what four buttons have lost or won, a toolbar of
-/// the design's width being five wide: its rows are then those at 96 dpi but for rare mixtures of separators.
+/// long row the fractions add up. So a separator makes good what three buttons have lost or won. A toolbar of
+/// the design's width, five buttons wide, has the rows that it has at 96 dpi then, but for some of many
+/// separators: nearly all of them at 120 dpi, where a button is a quarter of a pixel too wide. One that the
+/// user has made wider can have others.
 struct ToolbarMetrics {
     explicit constexpr ToolbarMetrics(Resolution resolution)
         : picture(resolution.scaled(16)), buttonWidth(resolution.scaledDown(23)),
           buttonHeight(resolution.scaled(22)),
-          separatorWidth(resolution.scaled(4 * 23 + 8) - 4 * buttonWidth) {}
+          separatorWidth(resolution.scaledDown(3 * 23 + 8) - 3 * buttonWidth) {}
 
     int picture; ///< width and height
     int buttonWidth;

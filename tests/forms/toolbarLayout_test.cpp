@@ -5,6 +5,7 @@
 #include <doctest/doctest.h>
 
 #include <string>
+#include <utility>
 
 using forms::ButtonStyle;
 
@@ -40,6 +41,28 @@ std::string drawn(const std::string& drawing, int width) {
     }
     CHECK(layout.height == top + 22);
     return result;
+}
+
+/// The rows at a resolution of a toolbar of the design's width, drawn.
+std::string rowsAt(const std::string& drawing, int dpi) {
+    const forms::Resolution resolution(dpi);
+    const forms::ToolbarLayout layout =
+        forms::layoutToolbar(buttonsOf(drawing), resolution.scaled(120), resolution);
+    std::string result;
+    for (std::size_t index = 0; index < drawing.size(); ++index) {
+        if (index > 0 && layout.places[index].top > layout.places[index - 1].top)
+            result += '/';
+        result += drawing[index];
+    }
+    return result;
+}
+
+/// A list with a separator for each bit that is set.
+std::string listOf(unsigned bits, int count) {
+    std::string drawing;
+    for (int place = 0; place < count; ++place)
+        drawing += (bits >> static_cast<unsigned>(place) & 1U) != 0 ? '|' : 'b';
+    return drawing;
 }
 
 } // namespace
@@ -112,8 +135,8 @@ TEST_CASE("at other resolutions buttons and pictures are as large as their scree
         int height;
         int separator;
     };
-    for (const Row& row : {Row{96, 16, 23, 22, 8}, Row{120, 20, 29, 28, 9}, Row{144, 24, 34, 33, 14},
-                           Row{168, 28, 40, 39, 15}, Row{192, 32, 46, 44, 16}, Row{240, 40, 57, 55, 22}}) {
+    for (const Row& row : {Row{96, 16, 23, 22, 8}, Row{120, 20, 29, 28, 9}, Row{144, 24, 34, 33, 13},
+                           Row{168, 28, 40, 39, 15}, Row{192, 32, 46, 44, 16}, Row{240, 40, 57, 55, 21}}) {
         CAPTURE(row.dpi);
         const forms::ToolbarMetrics sizes{forms::Resolution(row.dpi)};
         CHECK(sizes.picture == row.picture);
@@ -123,21 +146,36 @@ TEST_CASE("at other resolutions buttons and pictures are as large as their scree
     }
 }
 
-TEST_CASE("a toolbar of the design's width has the same rows at every resolution") {
+TEST_CASE("a toolbar of the design's width has the rows that it has at 96 dpi") {
     for (const char* drawing :
          {"bbbbb", "bbbbbb", "bbbbbbbbbbbb", "bbbb|b", "bbb|bb", "bb|bbb|b", "b|b|b|b|b|b|b|b",
           "bbbb|bbbb|bbbb", "bbbbb|bbbbb|bbbbb|", "|bbbb|", "bbb|b|bb|bbbbbbbb"})
         for (const int dpi : {120, 144, 168, 192, 240}) {
             CAPTURE(drawing);
             CAPTURE(dpi);
-            const auto buttons = buttonsOf(drawing);
-            const forms::ToolbarLayout design = forms::layoutToolbar(buttons, 120);
-            const forms::ToolbarLayout here =
-                forms::layoutToolbar(buttons, 120 * dpi / 96, forms::Resolution(dpi));
-            for (std::size_t index = 1; index < buttons.size(); ++index)
-                CHECK((here.places[index].top > here.places[index - 1].top) ==
-                      (design.places[index].top > design.places[index - 1].top));
+            CHECK(rowsAt(drawing, dpi) == rowsAt(drawing, 96));
         }
+}
+
+TEST_CASE("all lists of up to ten have them, but for some of many separators at 120 dpi") {
+    int differing = 0;
+    for (int count = 1; count <= 10; ++count)
+        for (unsigned bits = 0; bits < 1U << static_cast<unsigned>(count); ++bits) {
+            const std::string drawing = listOf(bits, count);
+            CAPTURE(drawing);
+            const std::string design = rowsAt(drawing, 96);
+            for (const int dpi : {144, 168, 192, 240, 288}) {
+                CAPTURE(dpi);
+                REQUIRE(rowsAt(drawing, dpi) == design);
+            }
+            if (rowsAt(drawing, 120) == design)
+                continue;
+            ++differing;
+            const bool manySeparators =
+                drawing.find("||") != std::string::npos || drawing.starts_with("|b|b|b|b");
+            REQUIRE(manySeparators);
+        }
+    CHECK(differing == 176); // of 2046
 }
 
 TEST_CASE("no buttons are one row") {
