@@ -57,7 +57,8 @@ bool Shell_NotifyIconA(std::uint32_t message, const NOTIFYICONDATA& record);
 inline constexpr int showNormally = 1;
 
 /// Opens or starts `file` with the verb given, shown as `command` says. A value above 32 on success;
-/// failure shows nothing. Waits three seconds at most; then it counts as failed, and may still come. A
+/// failure shows nothing. Waits three seconds at most, and not at all for a server on which another file is
+/// still being opened; then it counts as failed, and may still come. A
 /// file beyond 1500 characters fails, and so does one without a name.
 std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, const char* parameters,
                             const char* folder, int command);

@@ -5,6 +5,7 @@
 #include "win32/common/wide.h"
 #include "win32/platform/paths.h"
 #include "win32/platform/patience.h"
+#include "win32/platform/workQueue.h"
 
 #include <algorithm>
 #include <array>
@@ -22,23 +23,29 @@ constexpr ULONGLONG pause = 60'000;
 /// How many letters can stand for folders that another letter leads to.
 constexpr int letterChain = 4;
 
-/// Used by our thread but for the two that its thread sets.
+/// Used by our thread but for the two that its threads set, and for the queue.
 struct Host {
-    std::atomic<bool> busy = false;     ///< its thread is at work
+    std::atomic<int> busy = 0;          ///< so many threads are at work; two if one of them asks the user
     std::atomic<bool> answered = false; ///< since it was last asked
     ULONGLONG waited = 0;               ///< since its last answer
     ULONGLONG awayUntil = 0;            ///< 0: it is not known to be away
+    WorkQueue inTurn;                   ///< what is asked in turn
 };
 
 /// A host's thread from its making to its end, and where none can be made.
 class Turn {
   public:
-    explicit Turn(std::shared_ptr<Host> host) : host_(std::move(host)) { host_->busy = true; }
-    ~Turn() { host_->busy = false; }
+    explicit Turn(std::shared_ptr<Host> host) : host_(std::move(host)) { ++host_->busy; }
+    ~Turn() { --host_->busy; }
     Turn(const Turn&) = delete;
     Turn& operator=(const Turn&) = delete;
 
     void answered() { host_->answered = true; }
+    void workOffQueue() {
+        while (const WorkQueue::Work work = host_->inTurn.next())
+            if (work())
+                answered();
+    }
 
   private:
     std::shared_ptr<Host> host_;
@@ -52,13 +59,28 @@ std::shared_ptr<Host> knownHost(const std::string& name) {
     return host;
 }
 
-/// A host that has answered, if late, is there, and one whose minute has passed may be.
+/// Whether it is the user that the host's thread waits for.
+bool asksUser(const Host& host) {
+    return showsWindow(host.inTurn.thread());
+}
+
+/// A host that has answered, if late, is there, and one whose minute has passed may be; not while what was
+/// asked of it hangs.
 bool mayBeAsked(Host& host, ULONGLONG now) {
-    if (host.answered.exchange(false) || (host.awayUntil != 0 && now >= host.awayUntil)) {
+    const bool hangs = host.busy > (asksUser(host) ? 1 : 0);
+    if (host.answered.exchange(false) || (host.awayUntil != 0 && now >= host.awayUntil && !hangs)) {
         host.waited = 0;
         host.awayUntil = 0;
     }
-    return host.awayUntil == 0 && !host.busy;
+    return host.awayUntil == 0 && !hangs;
+}
+
+/// Books what was waited for a host since then, and whether it is away.
+void book(Host& host, ULONGLONG begin, bool done) {
+    const ULONGLONG end = GetTickCount64();
+    host.waited += end - begin;
+    if (!done || (!host.answered && host.waited >= patience))
+        host.awayUntil = end + pause;
 }
 
 std::string upToSeparator(std::string_view text) {
@@ -167,10 +189,28 @@ bool askHost(std::string_view path, const std::function<bool()>& work) {
                 turn->answered();
         },
         patience - host->waited);
-    const ULONGLONG end = GetTickCount64();
-    host->waited += end - begin;
-    if (!done || (!host->answered && host->waited >= patience))
-        host->awayUntil = end + pause;
+    book(*host, begin, done);
+    return done;
+}
+
+bool askHostInTurn(std::string_view path, const std::function<bool()>& work) {
+    const std::string name = hostOf(path);
+    if (name.empty())
+        return doPatiently(work);
+    const std::shared_ptr<Host> host = knownHost(name);
+    // Behind one that is not known to hang.
+    if (host->awayUntil == 0 && host->inTurn.join(work))
+        return false;
+    const ULONGLONG begin = GetTickCount64();
+    if (!mayBeAsked(*host, begin) || host->inTurn.join(work))
+        return false;
+    host->inTurn.begin(work);
+    const bool done =
+        doPatiently([turn = std::make_shared<Turn>(host)] { turn->workOffQueue(); }, patience - host->waited);
+    if (host->busy == 0)
+        host->inTurn.clear(); // no thread could be made
+    if (done || !asksUser(*host))
+        book(*host, begin, done);
     return done;
 }
 
@@ -191,6 +231,7 @@ bool isAnswer(DWORD error) {
     case ERROR_ACCESS_DENIED:
     case ERROR_NO_MORE_FILES:
     case ERROR_SHARING_VIOLATION:
+    case ERROR_INVALID_NAME: // an address, for instance
     case ERROR_BAD_EXE_FORMAT:
     case elevationRequired:
         return true;

@@ -1,6 +1,7 @@
 #include "win32/platform/opening.h"
 
 #include "win32/common/native.h"
+#include "win32/platform/hosts.h"
 #include "win32/platform/paths.h"
 
 #include <windows.h>
@@ -10,7 +11,7 @@
 
 namespace win32 {
 
-void open(Opening& opening) {
+bool open(Opening& opening) {
     const HRESULT prepared = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
     SHELLEXECUTEINFOW call{};
     const std::wstring verb = widePath(opening.verb);
@@ -26,10 +27,12 @@ void open(Opening& opening) {
     call.lpParameters = parameters.c_str();
     call.lpDirectory = folder.c_str();
     call.nShow = opening.command;
-    ShellExecuteExW(&call);
+    const bool opened = ShellExecuteExW(&call) != FALSE;
+    const DWORD error = GetLastError();
     opening.result = reinterpret_cast<std::intptr_t>(call.hInstApp);
     if (SUCCEEDED(prepared))
         CoUninitialize();
+    return opened || isAnswer(error);
 }
 
 } // namespace win32

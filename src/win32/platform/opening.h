@@ -19,8 +19,9 @@ struct Opening {
     std::intptr_t result = 0; ///< above 32: it is open
 };
 
-/// Asks the shell and gives the opening its result. Shows nothing of our own on failure. Takes as long as the
-/// shell does, and as the user does where the system has a question: for a thread of its own.
-void open(Opening& opening);
+/// Asks the shell and gives the opening its result; tells whether the file's host has answered. Shows nothing
+/// of our own on failure. Takes as long as the shell does, and as the user does where the system has a
+/// question: for a thread that is not waited for long.
+bool open(Opening& opening);
 
 } // namespace win32

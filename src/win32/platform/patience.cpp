@@ -1,5 +1,6 @@
 #include "win32/platform/patience.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -9,23 +10,33 @@ namespace {
 
 using Work = std::function<void()>;
 
+/// Milliseconds after which it is looked anew whether the user is asked.
+constexpr ULONGLONG betweenLooks = 50;
+
+BOOL CALLBACK isSeen(HWND window, LPARAM found) {
+    if (IsWindowVisible(window) == FALSE)
+        return TRUE;
+    *reinterpret_cast<bool*>(found) = true;
+    return FALSE;
+}
+
 DWORD WINAPI run(void* parameter) {
     const std::unique_ptr<Work> work(static_cast<Work*>(parameter));
     (*work)();
     return 0;
 }
 
-/// Waits for the end of the thread. Other programs may send messages to our windows meanwhile, the work's own
-/// calls among them: those are answered.
-bool await(HANDLE thread, ULONGLONG longest) {
+/// Waits for the end of the thread, or until it asks the user. Other programs may send messages to our
+/// windows meanwhile, the work's own calls among them: those are answered.
+bool await(HANDLE thread, DWORD number, ULONGLONG longest) {
     const ULONGLONG begin = GetTickCount64();
     for (;;) {
         const ULONGLONG passed = GetTickCount64() - begin;
         // It may have ended while a message was answered.
-        if (passed >= longest)
+        if (passed >= longest || showsWindow(number))
             return WaitForSingleObject(thread, 0) == WAIT_OBJECT_0;
-        const DWORD woken = MsgWaitForMultipleObjects(1, &thread, FALSE, static_cast<DWORD>(longest - passed),
-                                                      QS_SENDMESSAGE);
+        const auto left = static_cast<DWORD>(std::min(longest - passed, betweenLooks));
+        const DWORD woken = MsgWaitForMultipleObjects(1, &thread, FALSE, left, QS_SENDMESSAGE);
         if (woken == WAIT_OBJECT_0)
             return true;
         if (woken == WAIT_FAILED)
@@ -39,13 +50,21 @@ bool await(HANDLE thread, ULONGLONG longest) {
 
 bool doPatiently(std::function<void()> work, ULONGLONG longest) {
     auto handed = std::make_unique<Work>(std::move(work));
-    const HANDLE thread = CreateThread(nullptr, 0, run, handed.get(), 0, nullptr);
+    DWORD number = 0;
+    const HANDLE thread = CreateThread(nullptr, 0, run, handed.get(), 0, &number);
     if (thread == nullptr)
         return false;
     (void)handed.release(); // the thread's
-    const bool done = await(thread, longest);
+    const bool done = await(thread, number, longest);
     CloseHandle(thread);
     return done;
+}
+
+bool showsWindow(DWORD thread) {
+    bool found = false;
+    if (thread != 0)
+        EnumThreadWindows(thread, isSeen, reinterpret_cast<LPARAM>(&found));
+    return found;
 }
 
 } // namespace win32

@@ -8,7 +8,6 @@
 #include "win32/platform/leftOpen.h"
 #include "win32/platform/opening.h"
 #include "win32/platform/paths.h"
-#include "win32/platform/patience.h"
 #include "win32/platform/tray.h"
 
 #include <windows.h>
@@ -138,12 +137,17 @@ std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, cons
     if (std::strlen(file) > longestFile || std::strlen(parameters) > longestParameters)
         return SE_ERR_FNF;
     // Without a file the shell would open the current folder.
-    if (runtime::trim(file).empty() || !win32::hostAnswers(file))
+    if (runtime::trim(file).empty())
         return SE_ERR_FNF;
-    const auto opening =
-        std::make_shared<win32::Opening>(win32::Opening{owner, verb, file, parameters, folder, command});
-    // What is not open by then is still being opened.
-    return win32::doPatiently([opening] { win32::open(*opening); }) ? opening->result : SE_ERR_DDEBUSY;
+    const auto opening = std::make_shared<win32::Opening>(
+        win32::Opening{owner, verb, file, parameters, folder, command, SE_ERR_FNF});
+    // What cannot be reached is not left to the shell, which has a longer breath.
+    const bool look = !win32::hostOf(file).empty();
+    const bool asked = win32::askHostInTurn(file, [opening, look] {
+        return (!look || win32::fileAnswers(opening->file)) && win32::open(*opening);
+    });
+    // What is not open by then may still come.
+    return asked ? opening->result : SE_ERR_DDEBUSY;
 }
 
 HICON programIcon() {

@@ -1,0 +1,58 @@
+#include "win32/platform/workQueue.h"
+
+#include <utility>
+
+namespace win32 {
+
+namespace {
+
+class Locked {
+  public:
+    explicit Locked(SRWLOCK& lock) : lock_(lock) { AcquireSRWLockExclusive(&lock_); }
+    ~Locked() { ReleaseSRWLockExclusive(&lock_); }
+    Locked(const Locked&) = delete;
+    Locked& operator=(const Locked&) = delete;
+
+  private:
+    SRWLOCK& lock_;
+};
+
+} // namespace
+
+bool WorkQueue::join(const Work& work) {
+    const Locked locked(lock_);
+    if (working_)
+        append(work);
+    return working_;
+}
+
+void WorkQueue::begin(const Work& work) {
+    const Locked locked(lock_);
+    append(work);
+    working_ = true;
+}
+
+WorkQueue::Work WorkQueue::next() {
+    const Locked locked(lock_);
+    working_ = first_ != nullptr;
+    thread_ = working_ ? GetCurrentThreadId() : 0;
+    if (!working_)
+        return {};
+    const std::unique_ptr<Entry> taken = std::move(first_);
+    first_ = std::move(taken->next);
+    return std::move(taken->work);
+}
+
+void WorkQueue::clear() {
+    while (next()) {
+    }
+}
+
+void WorkQueue::append(const Work& work) {
+    std::unique_ptr<Entry>* last = &first_;
+    while (*last)
+        last = &(*last)->next;
+    *last = std::make_unique<Entry>(Entry{work, nullptr});
+}
+
+} // namespace win32

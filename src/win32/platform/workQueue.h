@@ -1,0 +1,42 @@
+// Works that are done one after the other, on one thread.
+#pragma once
+
+#include <windows.h>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+
+namespace win32 {
+
+/// One thread puts works in, another does them. They must not throw.
+class WorkQueue {
+  public:
+    /// Tells whether it has been answered.
+    using Work = std::function<bool()>;
+
+    /// Puts a work behind those that a thread is at work on; false if there is none.
+    bool join(const Work& work);
+    /// Puts the first work in: from here on a thread is at work, which calls `next`.
+    void begin(const Work& work);
+    /// For that thread: the next one; empty if there is none, and the thread is at work no longer.
+    Work next();
+    /// No thread is at work.
+    void clear();
+    /// The thread that is at work on them; 0 if none is, or it has not begun.
+    DWORD thread() const { return thread_; }
+
+  private:
+    struct Entry {
+        Work work;
+        std::unique_ptr<Entry> next;
+    };
+    void append(const Work& work);
+
+    SRWLOCK lock_ = SRWLOCK_INIT;
+    std::unique_ptr<Entry> first_;
+    bool working_ = false;
+    std::atomic<DWORD> thread_ = 0;
+};
+
+} // namespace win32

@@ -1,0 +1,165 @@
+// What the shell opens on a server: in its order, on one thread, and not waited for while it hangs.
+#include "contract/windows/deadServer.h"
+#include "contract/windows/importHook.h"
+#include "contract/world.h"
+#include "platform/files.h"
+#include "platform/shell32.h"
+
+#include <doctest/doctest.h>
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <atomic>
+#include <cstdint>
+#include <mutex>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+using contract::DeadServer;
+using contract::World;
+
+constexpr DWORD halfAMinute = 30'000;
+constexpr std::int64_t patience = 3'000; // milliseconds
+constexpr std::int64_t slack = 1'500;    // on a machine with much else to do
+
+/// The shell from its making to its end: it opens everything, but not before it is let go, for which the
+/// clock runs ahead unless it asks.
+class SlowShell {
+  public:
+    /// It asks the user meanwhile.
+    explicit SlowShell(bool asks) {
+        asks_ = asks;
+        go_ = CreateEventA(nullptr, TRUE, FALSE, nullptr);
+        begun_ = 0;
+        standing_ = 0;
+        most_ = 0;
+        opened_.clear();
+        threads_.clear();
+    }
+    ~SlowShell() {
+        letGo();
+        while (standing_ > 0)
+            Sleep(1);
+        CloseHandle(go_);
+    }
+    SlowShell(const SlowShell&) = delete;
+    SlowShell& operator=(const SlowShell&) = delete;
+
+    static void letGo() { SetEvent(go_); }
+    static int begun() { return begun_; }
+    static int mostAtOnce() { return most_; }
+    static std::vector<std::wstring> opened() {
+        const std::lock_guard<std::mutex> locked(lock_);
+        return opened_;
+    }
+    static std::size_t threads() {
+        const std::lock_guard<std::mutex> locked(lock_);
+        return threads_.size();
+    }
+
+  private:
+    static BOOL WINAPI open(SHELLEXECUTEINFOW* call) {
+        ++begun_;
+        const int now = ++standing_;
+        for (int before = most_; before < now && !most_.compare_exchange_weak(before, now);) {
+        }
+        HWND question = nullptr;
+        if (asks_)
+            question =
+                CreateWindowExA(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, "Static", "question",
+                                WS_POPUP | WS_VISIBLE, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+        else
+            contract::passTime(static_cast<int>(patience)); // those who wait need not
+        WaitForSingleObject(go_, halfAMinute);
+        if (question != nullptr)
+            DestroyWindow(question);
+        {
+            const std::lock_guard<std::mutex> locked(lock_);
+            opened_.emplace_back(call->lpFile);
+            threads_.insert(GetCurrentThreadId());
+        }
+        constexpr std::intptr_t done = 42;
+        call->hInstApp = reinterpret_cast<HINSTANCE>(done);
+        --standing_;
+        return TRUE;
+    }
+
+    static inline std::atomic<bool> asks_;
+    static inline HANDLE go_ = nullptr;
+    static inline std::atomic<int> begun_;
+    static inline std::atomic<int> standing_;
+    static inline std::atomic<int> most_;
+    static inline std::mutex lock_;
+    static inline std::vector<std::wstring> opened_;
+    static inline std::set<DWORD> threads_;
+    contract::ImportHook hook_{"ShellExecuteExW", reinterpret_cast<void*>(open)};
+};
+
+std::intptr_t open(const std::string& file) {
+    return platform::ShellExecuteA(platform::HWND::none, "Open", file.c_str(), "", "",
+                                   platform::showNormally);
+}
+
+} // namespace
+
+TEST_SUITE_BEGIN("contract/windows/openings");
+
+TEST_CASE("an opening that hangs costs three seconds once, and its server counts as missing") {
+    World world;
+    world.cutOff("opening1.invalid");
+    world.reconnect(); // it tells of each file that it is not there, at once
+    const std::string file = "\\\\opening1.invalid\\tools\\tool.exe";
+    const SlowShell shell(false);
+    const std::int64_t begin = World::clock();
+    for (int minute = 0; minute < 2; ++minute) {
+        for (int row = 0; row < 10; ++row) {
+            CHECK(open(file) <= 32);
+            CHECK(platform::dir(file).empty());
+            CHECK(platform::iconCount(file.c_str()) == 0);
+        }
+        CHECK(world.asked() == 1);
+        CHECK(SlowShell::begun() == 1);
+        CHECK(World::clock() - begin - minute * 61'000 < patience + slack);
+        world.passTime(61'000);
+    }
+    SlowShell::letGo();
+    // Late, but it has answered. What was refused meanwhile does not come.
+    std::size_t tries = 0;
+    CHECK(World::until([&] {
+        ++tries;
+        return open(file) > 32;
+    }));
+    CHECK(SlowShell::opened().size() <= 1 + tries);
+    CHECK(SlowShell::mostAtOnce() == 1);
+}
+
+TEST_CASE("an opening that asks the user is not waited for, and its server is there meanwhile") {
+    World world;
+    world.cutOff("opening2.invalid");
+    world.reconnect();
+    const std::string folder = "\\\\opening2.invalid\\tools\\";
+    const SlowShell shell(true);
+    const std::int64_t begin = World::clock();
+    CHECK(open(folder + "a.exe") <= 32);
+    CHECK(open(folder + "b.exe") <= 32);
+    CHECK(open(folder + "c.exe") <= 32);
+    CHECK(World::clock() - begin < patience);
+    CHECK(SlowShell::begun() == 1);
+    const int before = world.asked();
+    CHECK(platform::dir(folder + "*.exe").empty());
+    CHECK(world.asked() == before + 1);
+    SlowShell::letGo();
+    CHECK(World::until([] { return SlowShell::opened().size() == 3; }));
+    CHECK(SlowShell::opened() == std::vector<std::wstring>{L"\\\\opening2.invalid\\tools\\a.exe",
+                                                           L"\\\\opening2.invalid\\tools\\b.exe",
+                                                           L"\\\\opening2.invalid\\tools\\c.exe"});
+    CHECK(SlowShell::threads() == 1);
+    CHECK(SlowShell::mostAtOnce() == 1);
+}
+
+TEST_SUITE_END();
