@@ -103,6 +103,18 @@ TEST_CASE("toolbar and calculator stand to each other as at 96 dpi on every scre
             CHECK(program.calculator().rect.bottom <= row.top);
             CHECK(program.desk().awarenessResets == 0);
         }
+    for (const int dpi : {96, 120, 144, 168, 192, 240, 480}) {
+        CAPTURE(dpi);
+        OnScreens program;
+        program.desk().screens = {{dpi}};
+        program.open(Awareness::unaware, 1024);
+        program.ticks(1);
+        CHECK(program.bar().rect.left == 1024 - 128 - 25);
+        CHECK(program.bar().rect.top == 21);
+        CHECK(program.barWidth() == 128);
+        CHECK(program.calculator().rect == RECT{824, 0, 824 + 195, 18});
+        CHECK(program.desk().awarenessResets == 0);
+    }
 }
 
 TEST_CASE("hosts of every view stand side by side, and the program keeps its own") {

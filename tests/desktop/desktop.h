@@ -367,6 +367,8 @@ class World {
     /// A top-level window comes to stand on a screen, at a corner that the user has chosen. One that knows of
     /// screens hears if they differ.
     void moveToScreen(HWND window, std::size_t screen, int left, int top);
+    /// Number of the screen that a place is on; the main one's if on none.
+    std::size_t screenAt(const RECT& place) const;
     RECT workAreaAt(const RECT& place) const;
     int screenWidth = 1280; ///< pixels
     int screenHeight = 1024;
@@ -406,6 +408,9 @@ class World {
     };
     /// Programs whose time has come wake.
     void wake();
+    /// A top-level window stands on a screen; it hears so if it saw another number of pixels to an inch
+    /// before.
+    void comeTo(HWND window, std::size_t screen, int before);
     std::map<std::uint32_t, Hang> hangs_;
     std::map<HWND, Window> windows_;
     std::uintptr_t nextWindow_ = 0x100;

@@ -160,6 +160,7 @@ bool World::put(HWND child, HWND parent) {
     for (HWND above = parent; above != HWND::none; above = window(above).parent)
         if (find(above) == nullptr || window(above).elevated || above == child)
             return false;
+    const int before = dpiSeen(moved.awareness, child);
     auto& from = moved.parent == HWND::none ? order : window(moved.parent).children;
     std::erase(from, child);
     auto& to = parent == HWND::none ? order : window(parent).children;
@@ -170,6 +171,9 @@ bool World::put(HWND child, HWND parent) {
         awareness = host->awareness;
         ++awarenessResets;
     }
+    // Its place, which was one in its parent, is one on a screen from now on.
+    if (parent == HWND::none)
+        comeTo(child, screenAt(moved.rect), before);
     return true;
 }
 
@@ -189,25 +193,38 @@ int World::dpiSeen(Awareness by, HWND handle) {
 void World::moveToScreen(HWND handle, std::size_t screen, int left, int top) {
     Window& moved = window(handle);
     const int before = dpiSeen(moved.awareness, handle);
-    moved.screen = screen;
-    const int dpi = dpiSeen(moved.awareness, handle);
     const int width = moved.rect.right - moved.rect.left;
     const int height = moved.rect.bottom - moved.rect.top;
     moved.rect = {left, top, left + width, top + height};
     if (moved.moved)
         moved.moved(moved);
-    if (dpi != before && moved.dpiChanged)
-        moved.dpiChanged(dpi, {left, top, left + width * dpi / before, top + height * dpi / before});
+    comeTo(handle, screen, before);
 }
 
-RECT World::workAreaAt(const RECT& place) const {
+void World::comeTo(HWND handle, std::size_t screen, int before) {
+    Window& moved = window(handle);
+    moved.screen = screen;
+    const int dpi = dpiSeen(moved.awareness, handle);
+    if (dpi == before || before <= 0 || !moved.dpiChanged)
+        return;
+    const auto [left, top, right, bottom] = moved.rect;
+    const auto dpiChanged = moved.dpiChanged;
+    dpiChanged(dpi, {left, top, left + (right - left) * dpi / before, top + (bottom - top) * dpi / before});
+}
+
+std::size_t World::screenAt(const RECT& place) const {
     for (std::size_t number = 1; number < screens.size(); ++number) {
         const RECT& area = screens[number].workArea;
         if (place.left >= area.left && place.left < area.right && place.top >= area.top &&
             place.top < area.bottom)
-            return area;
+            return number;
     }
-    return workArea;
+    return 0;
+}
+
+RECT World::workAreaAt(const RECT& place) const {
+    const std::size_t screen = screenAt(place);
+    return screen == 0 ? workArea : screens[screen].workArea;
 }
 
 RECT World::screenRect(HWND handle) {
