@@ -10,47 +10,9 @@ namespace win32 {
 
 namespace {
 
-/// The header of an icon, in a file of its own or in a library, and the size of an entry behind it, which
-/// begins with the width: 0 for 256.
-constexpr std::size_t headerSize = 6;
-constexpr std::size_t countAt = 4;
-constexpr std::size_t fileEntrySize = 16;
-constexpr std::size_t libraryEntrySize = 14;
+/// An entry in a library begins with the width: 0 for 256.
+constexpr std::size_t entrySize = 14;
 constexpr int widest = 256;
-
-using Bytes = std::vector<unsigned char>;
-
-std::vector<int> widthsIn(const Bytes& directory, std::size_t entrySize) {
-    std::vector<int> widths;
-    if (directory.size() < headerSize)
-        return widths;
-    const std::size_t count = directory[countAt] | std::size_t{directory[countAt + 1]} << 8U;
-    for (std::size_t entry = 0; entry < count; ++entry) {
-        const std::size_t at = headerSize + entry * entrySize;
-        if (at >= directory.size())
-            break;
-        widths.push_back(directory[at] == 0 ? widest : directory[at]);
-    }
-    return widths;
-}
-
-/// The entries of an .ico file; nothing of any other.
-std::vector<int> widthsOfFile(const std::wstring& path) {
-    constexpr std::size_t most = headerSize + 64 * fileEntrySize;
-    constexpr unsigned char iconKind = 1;
-    const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                    OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
-        return {};
-    Bytes bytes(most);
-    DWORD got = 0;
-    ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &got, nullptr);
-    CloseHandle(file);
-    bytes.resize(got);
-    if (bytes.size() < headerSize || bytes[0] != 0 || bytes[1] != 0 || bytes[2] != iconKind || bytes[3] != 0)
-        return {};
-    return widthsIn(bytes, fileEntrySize);
-}
 
 struct Search {
     std::int32_t left; ///< icons to be passed over
@@ -63,23 +25,6 @@ BOOL CALLBACK lookAtIcon(HMODULE library, LPCWSTR type, LPWSTR name, LONG_PTR se
         return TRUE;
     asked.found = FindResourceW(library, name, type);
     return FALSE;
-}
-
-std::vector<int> widthsInLibrary(const std::wstring& path, std::int32_t index) {
-    const HMODULE library = LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
-    if (library == nullptr)
-        return {};
-    Search search{index};
-    EnumResourceNamesW(library, reinterpret_cast<LPCWSTR>(RT_GROUP_ICON), lookAtIcon,
-                       reinterpret_cast<LONG_PTR>(&search));
-    std::vector<int> widths;
-    const HGLOBAL loaded = search.found == nullptr ? nullptr : LoadResource(library, search.found);
-    if (const void* memory = loaded == nullptr ? nullptr : LockResource(loaded)) {
-        const auto* first = static_cast<const unsigned char*>(memory);
-        widths = widthsIn({first, first + SizeofResource(library, search.found)}, libraryEntrySize);
-    }
-    FreeLibrary(library);
-    return widths;
 }
 
 /// An icon's pixels with their opacity, whether it has that itself or by a mask.
@@ -113,10 +58,34 @@ forms::Picture pictureOf(HICON icon) {
 
 } // namespace
 
-int bestIconSide(const std::wstring& path, std::int32_t index, int side) {
-    std::vector<int> widths = widthsOfFile(path);
-    if (widths.empty() && index >= 0)
-        widths = widthsInLibrary(path, index);
+IconDirectory directoryInLibrary(const std::wstring& path, std::int32_t index) {
+    const HMODULE library = LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    if (library == nullptr)
+        return {};
+    Search search{index};
+    EnumResourceNamesW(library, reinterpret_cast<LPCWSTR>(RT_GROUP_ICON), lookAtIcon,
+                       reinterpret_cast<LONG_PTR>(&search));
+    IconDirectory directory;
+    const HGLOBAL loaded = search.found == nullptr ? nullptr : LoadResource(library, search.found);
+    if (const void* memory = loaded == nullptr ? nullptr : LockResource(loaded)) {
+        const auto* first = static_cast<const unsigned char*>(memory);
+        directory.assign(first, first + SizeofResource(library, search.found));
+    }
+    FreeLibrary(library);
+    return directory;
+}
+
+int bestIconSide(const IconDirectory& directory, int side) {
+    if (directory.size() < iconDirectorySize)
+        return side;
+    std::vector<int> widths;
+    const std::size_t count = directory[iconCountAt] | std::size_t{directory[iconCountAt + 1]} << 8U;
+    for (std::size_t entry = 0; entry < count; ++entry) {
+        const std::size_t at = iconDirectorySize + entry * entrySize;
+        if (at >= directory.size())
+            break;
+        widths.push_back(directory[at] == 0 ? widest : directory[at]);
+    }
     if (widths.empty())
         return side;
     std::ranges::sort(widths);

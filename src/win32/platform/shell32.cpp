@@ -4,6 +4,7 @@
 #include "win32/common/native.h"
 #include "win32/platform/hosts.h"
 #include "win32/platform/iconChooser.h"
+#include "win32/platform/iconFile.h"
 #include "win32/platform/iconSizes.h"
 #include "win32/platform/leftOpen.h"
 #include "win32/platform/opening.h"
@@ -18,6 +19,7 @@
 #include <climits>
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -39,29 +41,56 @@ class ExtractedIcon {
     ::HICON little = nullptr;
 };
 
-/// An icon at one size; null if it cannot be had. The size is asked for in pixels: the system's own measures
-/// change when a window of ours goes into a host that knows of another resolution.
-::HICON iconAt(const std::string& file, std::int32_t index, int side) {
-    ::HICON icon = nullptr;
-    UINT number = 0;
-    const UINT extracted =
-        PrivateExtractIconsW(win32::widePath(file).c_str(), index, side, side, &icon, &number, 1, 0);
-    // A file that cannot be read gives the largest number. Wine leaves anything in the handle when it fails.
-    return extracted == 0 || extracted == UINT_MAX ? nullptr : icon;
-}
+/// The icon with a number in a file, at the sizes that are asked for. These are told in pixels: the system's
+/// own measures change when a window of ours goes into a host that knows of another resolution.
+class IconSource {
+  public:
+    /// `smallSide`: the size of its small icon.
+    IconSource(const std::string& file, std::int32_t index, int smallSide)
+        : path_(win32::widePath(file)), index_(index), smallSide_(smallSide) {
+        if (index == 0 && (!atDesign() || win32::namesIconFile(path_)))
+            file_ = win32::IconFile::read(path_);
+    }
 
-/// A small icon for a screen of more than 96 dpi. Where the file has none of the size, it is made of the next
-/// larger one: the system would stretch the nearest, which may be a smaller one.
-::HICON sharpIconAt(const std::string& file, std::int32_t index, int side) {
-    const int best =
-        side == platform::smallIconSide ? side : win32::bestIconSide(win32::widePath(file), index, side);
-    const ::HICON icon = iconAt(file, index, best);
-    if (icon == nullptr || best == side)
-        return icon;
-    const ::HICON made = win32::scaledIcon(icon, side);
-    DestroyIcon(icon);
-    return made;
-}
+    /// Null if it cannot be had.
+    ::HICON at(int side) const {
+        if (file_)
+            return file_->icon(side);
+        ::HICON icon = nullptr;
+        UINT number = 0;
+        const UINT extracted = PrivateExtractIconsW(path_.c_str(), index_, side, side, &icon, &number, 1, 0);
+        // A file that cannot be read gives the largest number. Wine leaves anything in the handle when it
+        // fails.
+        return extracted == 0 || extracted == UINT_MAX ? nullptr : icon;
+    }
+
+    /// On a screen of more than 96 dpi, where the file has none of the size, made of the next larger one: the
+    /// system would stretch the nearest, which may be a smaller one.
+    ::HICON little() const {
+        if (atDesign())
+            return at(smallSide_);
+        win32::IconDirectory directory;
+        if (file_)
+            directory = file_->directory();
+        else if (index_ >= 0)
+            directory = win32::directoryInLibrary(path_, index_);
+        const int best = win32::bestIconSide(directory, smallSide_);
+        const ::HICON icon = at(best);
+        if (icon == nullptr || best == smallSide_)
+            return icon;
+        const ::HICON made = win32::scaledIcon(icon, smallSide_);
+        DestroyIcon(icon);
+        return made;
+    }
+
+  private:
+    bool atDesign() const { return smallSide_ == platform::smallIconSide; }
+
+    std::wstring path_;
+    std::int32_t index_;
+    int smallSide_;
+    std::optional<win32::IconFile> file_;
+};
 
 /// Older than the system's present record: the shell takes it with the version that its size tells.
 NOTIFYICONDATAA trayRecord(const platform::NOTIFYICONDATA& record) {
@@ -88,8 +117,9 @@ std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeI
     const bool asked = win32::askHost(file, [path = std::string(file), index, smallSide, icon] {
         if (!win32::fileAnswers(path))
             return false;
-        icon->large = iconAt(path, index, largeIconSide);
-        icon->little = sharpIconAt(path, index, smallSide);
+        const IconSource source(path, index, smallSide);
+        icon->large = source.at(largeIconSide);
+        icon->little = source.little();
         return true;
     });
     if (!asked || icon->large == nullptr || icon->little == nullptr)

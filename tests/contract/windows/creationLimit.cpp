@@ -68,6 +68,7 @@ CreationLimit::CreationLimit(std::string_view function, int left) {
     LIMIT(CreateWindowExW);
     LIMIT(CreateFontIndirectA);
     LIMIT(PrivateExtractIconsW);
+    LIMIT(CreateIconFromResourceEx);
     LIMIT(CreateIconIndirect);
     LIMIT(ImageList_Create);
     LIMIT(ImageList_Add);
