@@ -3,16 +3,26 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace win32 {
 
 namespace {
 
-/// Milliseconds for which an answer holds. The system gives a handle anew only after some ten thousand other
-/// windows.
-constexpr ULONGLONG holds = 60'000;
+struct Known {
+    HWND window;
+    bool ghost;
+    unsigned met; ///< in this walk, the last time
+};
+
+/// In the order of the handles and in one piece: windows come and go, and a piece for each would stay
+/// scattered over the heap.
+std::vector<Known>& known() {
+    static std::vector<Known> all;
+    return all;
+}
+
+unsigned walks = 0;
 
 bool hasGhostClass(HWND window) {
     constexpr std::string_view ghost = "Ghost";
@@ -23,21 +33,19 @@ bool hasGhostClass(HWND window) {
 
 } // namespace
 
-bool isGhost(HWND window) {
-    // The class of a window never changes. Asking each window its class at each walk made a tick 40 % longer
-    // while a tick had five walks (100 windows, under Wine); since it has one that was not measured again.
-    // In order and in one piece: windows come and go, and a piece for each would stay scattered over the
-    // heap.
-    static std::vector<std::pair<HWND, bool>> known;
-    static ULONGLONG since = 0;
-    if (const ULONGLONG now = GetTickCount64(); now - since > holds) {
-        known.clear();
-        since = now;
-    }
-    auto answer = std::ranges::lower_bound(known, window, {}, &std::pair<HWND, bool>::first);
-    if (answer == known.end() || answer->first != window)
-        answer = known.insert(answer, {window, hasGhostClass(window)});
-    return answer->second;
+GhostWalk::GhostWalk() : number_(++walks) {}
+
+bool GhostWalk::isGhost(HWND window) {
+    auto entry = std::ranges::lower_bound(known(), window, {}, &Known::window);
+    if (entry == known().end() || entry->window != window)
+        entry = known().insert(entry, {window, hasGhostClass(window), 0});
+    entry->met = number_;
+    return entry->ghost;
+}
+
+void GhostWalk::complete() const {
+    // Walks inside this one have higher numbers.
+    std::erase_if(known(), [this](const Known& window) { return window.met < number_; });
 }
 
 } // namespace win32

@@ -22,13 +22,14 @@ namespace {
 struct Enumeration {
     platform::EnumWindowsCallback callback;
     std::intptr_t extra;
+    win32::GhostWalk walk;
 };
 
 BOOL CALLBACK passOn(HWND window, LPARAM parameter) {
+    auto& enumeration = *reinterpret_cast<Enumeration*>(parameter);
     // The window that it shows is in the walk too, hidden.
-    if (win32::isGhost(window))
+    if (enumeration.walk.isGhost(window))
         return TRUE;
-    const auto& enumeration = *reinterpret_cast<const Enumeration*>(parameter);
     return enumeration.callback(neutral(window), enumeration.extra);
 }
 
@@ -46,8 +47,11 @@ void lowerCharacter(std::span<char> character) {
 namespace platform {
 
 bool EnumWindows(EnumWindowsCallback callback, std::intptr_t extra) {
-    const Enumeration enumeration{callback, extra};
-    return ::EnumWindows(passOn, reinterpret_cast<LPARAM>(&enumeration)) != FALSE;
+    Enumeration enumeration{callback, extra, {}};
+    if (::EnumWindows(passOn, reinterpret_cast<LPARAM>(&enumeration)) == FALSE)
+        return false;
+    enumeration.walk.complete();
+    return true;
 }
 
 int GetWindowTextA(HWND window, char* text, int size) {
