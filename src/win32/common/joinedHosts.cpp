@@ -14,6 +14,7 @@ namespace {
 struct Host {
     std::vector<HWND> windows; ///< that ours have gone into; any of them will do to ask
     bool asked = false;        ///< without an answer yet
+    bool missed = false;       ///< it was waited for in vain meanwhile
     UINT unheard = 0;          ///< for so many looks
     HWND clicked = nullptr;    ///< field of ours in it that the user has clicked on while we were parted
     bool silent = false;       ///< it did not answer in time, and we are parted from it
@@ -32,8 +33,10 @@ Host* find(DWORD thread) {
 }
 
 void CALLBACK heard(HWND /*window*/, UINT /*message*/, ULONG_PTR thread, LRESULT /*result*/) {
-    if (Host* host = find(static_cast<DWORD>(thread)))
+    if (Host* host = find(static_cast<DWORD>(thread))) {
         host->asked = false;
+        host->missed = false;
+    }
 }
 
 void ask(DWORD thread, Host& host) {
@@ -131,7 +134,7 @@ void partFromSilentHosts() {
     for (const DWORD thread : threads) {
         // While another one was waited for it may have come or gone.
         Host* host = find(thread);
-        if (host == nullptr || host->silent || !lives(*host) || answers(host->windows.front()))
+        if (host == nullptr || host->silent || !lives(*host) || windowAnswers(host->windows.front()))
             continue;
         host = find(thread);
         if (host != nullptr && lives(*host))
@@ -140,18 +143,29 @@ void partFromSilentHosts() {
 }
 
 bool knownSilent(HWND window) {
-    const Host* host = find(GetWindowThreadProcessId(window, nullptr));
-    if (host == nullptr || !host->silent || !host->asked)
+    const auto silent = [window] {
+        const Host* host = find(GetWindowThreadProcessId(window, nullptr));
+        return host != nullptr && host->asked && (host->silent || host->missed);
+    };
+    if (!silent())
         return false;
     // It may have answered meanwhile, and we have not heard of it: that comes with what others send us.
     MSG none;
     PeekMessageA(&none, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
-    host = find(GetWindowThreadProcessId(window, nullptr));
-    return host != nullptr && host->silent && host->asked;
+    return silent();
 }
 
 bool windowAnswers(HWND window) {
-    return !knownSilent(window) && answers(window);
+    if (knownSilent(window))
+        return false;
+    if (answers(window))
+        return true;
+    const DWORD thread = GetWindowThreadProcessId(window, nullptr);
+    if (Host* host = find(thread); host != nullptr && lives(*host)) {
+        host->missed = true;
+        ask(thread, *host);
+    }
+    return false;
 }
 
 bool readyForClick(HWND window) {

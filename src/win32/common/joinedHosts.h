@@ -25,12 +25,12 @@ void hostJoined(HWND host);
 /// it does not wait for a host that hangs. Takes `hostPatience` at most, once for a hang.
 void partFromSilentHosts();
 
-/// Whether a window's program is a host that we are parted from and that has not answered since: then nobody
-/// has to wait for it once more.
+/// Whether a window's program is a host that was waited for in vain and has not answered since: one hang is
+/// waited for once, whoever asks first.
 bool knownSilent(HWND window);
 
 /// Whether the program of a window serves its messages. It is waited for as `answers` waits, and not at all
-/// if it is known to be silent.
+/// if it is known to be silent. We are not parted from it: nothing need happen that would wait for it.
 bool windowAnswers(HWND window);
 
 /// A click is about to give the keyboard to this window of ours, or one inside it, that stands in a host. A

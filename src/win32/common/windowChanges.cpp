@@ -62,6 +62,17 @@ bool raiseWindow(HWND window) {
     return SetWindowPos(window, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_ASYNCWINDOWPOS) != FALSE;
 }
 
+bool orderWindow(HWND window, HWND after, const RECT& place, UINT flags) {
+    if (isForeign(window))
+        flags |= SWP_ASYNCWINDOWPOS;
+    else if (IsWindowVisible(window) == FALSE)
+        flags |= SWP_NOACTIVATE;
+    else
+        prepare(window);
+    return SetWindowPos(window, after, place.left, place.top, place.right - place.left,
+                        place.bottom - place.top, flags) != FALSE;
+}
+
 bool showWindow(HWND window, int command) {
     if (keptFromSight(window, command != SW_HIDE))
         return false;

@@ -3,6 +3,9 @@
 // A form that stands in a host's window shares its input with the host's thread from then on, and the system
 // does none of this before that thread has heard of it. So all of these calls stand here, the rest of the
 // Windows side makes none by itself, and each parts us from hosts that do not answer first (joinedHosts.h).
+// There alone stands one more: it gives the focus to the field that the user has clicked on, when the field's
+// host has just answered. A place or a size that changes without a change of order needs none of this; the
+// peers set it by themselves.
 // What the system does on its own at the start and the end of its dialogs and menus cannot be had here: who
 // opens one holds our forms (Hold), which sees to that, and gives the keyboard back (FocusKeeper).
 #pragma once
@@ -13,6 +16,11 @@ namespace win32 {
 
 /// Makes a top-level window the one that the user works in. The system may refuse; nothing tells.
 void activateWindow(HWND window);
+
+/// Gives a window its place in the order of windows after this one (or HWND_TOP, HWND_TOPMOST), and the rest
+/// that the flags SWP_* leave to be changed. One of another program does it when it comes to it, and one of
+/// ours that nobody sees takes the keyboard from nobody. False if there is no such window.
+bool orderWindow(HWND window, HWND after, const RECT& place, UINT flags);
 
 /// Gives the keyboard to a window of ours, or to one whose thread shares its input with ours. Null takes it
 /// from all.

@@ -106,12 +106,8 @@ bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint) 
 
 bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int width, int height,
                   std::uint32_t flags) {
-    // A window of another program is never waited for, and one of ours that nobody sees takes the keyboard
-    // from nobody.
-    const bool seen = ::IsWindowVisible(native(window)) != FALSE;
-    const UINT more = isForeign(native(window)) ? SWP_ASYNCWINDOWPOS : seen ? 0U : SWP_NOACTIVATE;
-    return ::SetWindowPos(native(window), reinterpret_cast<::HWND>(insertAfter), x, y, width, height,
-                          flags | more) != FALSE;
+    return win32::orderWindow(native(window), reinterpret_cast<::HWND>(insertAfter),
+                              {x, y, x + width, y + height}, flags);
 }
 
 bool BringWindowToTop(HWND window) {

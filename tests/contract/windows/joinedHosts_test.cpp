@@ -189,7 +189,6 @@ TEST_CASE("nothing that comes up or goes waits for a host that has the keyboard 
         shown.show();
         REQUIRE(World::until([&] { return GetForegroundWindow() == win32::native(shown.hWnd()); }));
         hang();
-        most = 2; // before it is given the keyboard, and before the form is hidden
         takesShort([&] { shown.unload(); });
     }
     SUBCASE("a menu") {
@@ -223,6 +222,13 @@ TEST_CASE("nothing that comes up or goes waits for a host that has the keyboard 
         hang();
         takesShort([&] { platform::SetWindowPos(owner.hWnd(), 0, 0, 0, 0, 0, 3); });
         CHECK(GetForegroundWindow() != hidden);
+    }
+    SUBCASE("a form that is to stay in front of all others") {
+        shown.show();
+        takeFront(editor);
+        hang();
+        takesShort([&] { platform::SetWindowPos(shown.hWnd(), -1, 0, 0, 0, 0, 3); });
+        CHECK(GetForegroundWindow() == win32::native(shown.hWnd()));
     }
     SUBCASE("the focus") {
         hang();
