@@ -94,9 +94,12 @@ HWND fieldUnderMouse(HWND window) {
     return field != nullptr && (GetWindowLongA(field, GWL_STYLE) & WS_TABSTOP) != 0 ? field : nullptr;
 }
 
-/// Forgets the windows that have gone. Whether any is left.
+/// Forgets windows that have gone, up to the first that has not: one is enough to ask, and each look at one
+/// is a call of the system's. Whether any is left.
 bool lives(Host& host) {
-    std::erase_if(host.windows, [](HWND window) { return IsWindow(window) == FALSE; });
+    const auto first =
+        std::ranges::find_if(host.windows, [](HWND window) { return IsWindow(window) != FALSE; });
+    host.windows.erase(host.windows.begin(), first);
     return !host.windows.empty();
 }
 

@@ -31,7 +31,7 @@ const Routines& routines() {
 } // namespace
 
 View viewOf(HWND window) {
-    return routines().complete() && IsWindow(window) != FALSE ? routines().viewOfWindow(window) : nullptr;
+    return routines().complete() ? routines().viewOfWindow(window) : nullptr;
 }
 
 View ownView() {
@@ -45,10 +45,10 @@ View enter(View view) {
 }
 
 int dpiOf(HWND window) {
+    if (routines().complete())
+        return static_cast<int>(routines().dpiOfWindow(window)); // 0 for a dead one
     if (IsWindow(window) == FALSE)
         return 0;
-    if (routines().complete())
-        return static_cast<int>(routines().dpiOfWindow(window));
     // All windows see the same, and so does this one of ours.
     const HDC screen = GetDC(nullptr);
     const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
