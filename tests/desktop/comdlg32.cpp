@@ -80,13 +80,15 @@ int fileDialog(platform::OPENFILENAMEA& record, bool save) {
 namespace platform {
 
 int GetOpenFileNameA(OPENFILENAMEA& record) {
-    if (desktop::Call("GetOpenFileNameA").fails())
+    const desktop::Call call("GetOpenFileNameA");
+    if (call.fails())
         return 0;
     return fileDialog(record, false);
 }
 
 int GetSaveFileNameA(OPENFILENAMEA& record) {
-    if (desktop::Call("GetSaveFileNameA").fails())
+    const desktop::Call call("GetSaveFileNameA");
+    if (call.fails())
         return 0;
     return fileDialog(record, true);
 }

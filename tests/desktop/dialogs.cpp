@@ -13,7 +13,8 @@ using desktop::world;
 namespace platform {
 
 int msgBox(std::string_view text, int style, std::string_view title) {
-    if (desktop::Call("msgBox").fails())
+    const desktop::Call call("msgBox");
+    if (call.fails())
         return 0;
     desktop::World& desk = world();
     desk.messageBoxes.push_back({std::string(text), style, std::string(title)});
@@ -30,7 +31,8 @@ int msgBox(std::string_view text, int style, std::string_view title) {
 }
 
 std::string inputBox(std::string_view prompt, std::string_view title) {
-    if (desktop::Call("inputBox").fails())
+    const desktop::Call call("inputBox");
+    if (call.fails())
         return {};
     desktop::World& desk = world();
     desk.inputBoxes.push_back({std::string(prompt), std::string(title)});

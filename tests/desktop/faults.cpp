@@ -1,6 +1,24 @@
 #include "desktop/faults.h"
 
+#include <utility>
+
 namespace desktop {
+
+namespace {
+
+bool programsTurn = false;
+
+} // namespace
+
+bool programRuns() {
+    return programsTurn;
+}
+
+Turn::Turn(bool program) : before_(std::exchange(programsTurn, program)) {}
+
+Turn::~Turn() {
+    programsTurn = before_;
+}
 
 Faults& faults() {
     static Faults all;

@@ -34,13 +34,32 @@ class Faults {
 
 Faults& faults();
 
-/// Stands at the beginning of each operation of the platform that can fail.
-class Call {
+/// Whether the program's own code runs now, rather than the desktop's or the test's.
+bool programRuns();
+
+/// Whose turn it is, for the length of a block.
+class Turn {
   public:
-    explicit Call(const char* name);
-    bool fails() const { return fails_; }
+    explicit Turn(bool program);
+    ~Turn();
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
 
   private:
+    bool before_;
+};
+
+/// Stands at the beginning of each operation of the platform that can fail.
+///
+/// The operation is the desktop's turn: it lasts as long as this object, which so needs a name.
+class [[nodiscard]] Call {
+  public:
+    explicit Call(const char* name);
+    bool fails() const& { return fails_; }
+    bool fails() && = delete;
+
+  private:
+    Turn desktops_{false};
     bool fails_ = false;
 };
 

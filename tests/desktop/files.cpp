@@ -124,7 +124,8 @@ bool World::reach(const std::string& path) {
 namespace platform {
 
 std::string dir(std::string_view path) {
-    if (desktop::Call("dir").fails())
+    const desktop::Call call("dir");
+    if (call.fails())
         return {};
     const std::string key = desktop::pathKey(std::string(path));
     const std::size_t slash = runtime::findLastText(key, "\\");
@@ -144,7 +145,8 @@ std::string dir(std::string_view path) {
 }
 
 void kill(std::string_view path) {
-    if (desktop::Call("kill").fails())
+    const desktop::Call call("kill");
+    if (call.fails())
         throw runtime::RuntimeError(runtime::ErrorNumber::permissionDenied);
     const desktop::File* file = desktop::world().file(std::string(path));
     if (file == nullptr)
@@ -157,7 +159,8 @@ void kill(std::string_view path) {
 }
 
 bool copyFile(std::string_view from, std::string_view to) {
-    if (desktop::Call("copyFile").fails())
+    const desktop::Call call("copyFile");
+    if (call.fails())
         return false;
     const desktop::File* file = desktop::world().file(std::string(from));
     if (file == nullptr || file->directory || file->locked || !desktop::mayReplace(std::string(to)))
@@ -167,7 +170,8 @@ bool copyFile(std::string_view from, std::string_view to) {
 }
 
 bool renameFile(std::string_view from, std::string_view to) {
-    if (desktop::Call("renameFile").fails())
+    const desktop::Call call("renameFile");
+    if (call.fails())
         return false;
     const desktop::File* file = desktop::world().file(std::string(from));
     if (file == nullptr || file->directory || file->locked || !desktop::mayReplace(std::string(to)))
@@ -178,7 +182,8 @@ bool renameFile(std::string_view from, std::string_view to) {
 }
 
 std::string currentDirectory() {
-    if (desktop::Call("currentDirectory").fails())
+    const desktop::Call call("currentDirectory");
+    if (call.fails())
         throw runtime::RuntimeError(runtime::ErrorNumber::permissionDenied);
     auto& failures = desktop::world().directoryFailures;
     if (!failures.empty()) {

@@ -1,6 +1,7 @@
 // Windows of forms and frames on the simulated desktop, and drawing surfaces. Other controls need no window
 // here: a test does to them what a user would do by calling what their window would call.
 #include "desktop/desktop.h"
+#include "desktop/faults.h"
 #include "desktop/surfaces.h"
 
 #include "forms/frame.h"
@@ -37,6 +38,7 @@ class WindowPeer : public forms::Peer {
             made.title = form->caption();
             made.owner = form->ownerWindow;
             made.moved = [this, form](const Window& window) {
+                const Turn programs(true);
                 form->windowMoved(window.rect.left, window.rect.top);
                 position_ = pixelRect(*form);
             };
@@ -44,6 +46,7 @@ class WindowPeer : public forms::Peer {
                 form->screenChanged(forms::Resolution(dpi), forms::Resolution(dpi), suggested);
             };
             made.resized = [form](const Window& window) {
+                const Turn programs(true);
                 const int width = window.rect.right - window.rect.left;
                 const int height = window.rect.bottom - window.rect.top;
                 form->windowResized(width, height, std::max(0, width - window.frameWidth),
@@ -63,6 +66,7 @@ class WindowPeer : public forms::Peer {
     }
 
     ~WindowPeer() override {
+        const Turn desktops(false);
         if (Window* window = world().find(handle_)) {
             window->destroyed = nullptr;
             world().closeWindow(handle_);
@@ -72,6 +76,7 @@ class WindowPeer : public forms::Peer {
     HWND window() const override { return handle_; }
 
     void changed(forms::Property property) override {
+        const Turn desktops(false);
         Window* window = world().find(handle_);
         if (window == nullptr)
             return;
@@ -140,6 +145,7 @@ std::size_t surfaceCount() {
 namespace forms {
 
 std::unique_ptr<Peer> makePeer(Control& control) {
+    const desktop::Turn desktops(false);
     if (control.kind() != ControlKind::form && control.kind() != ControlKind::frame)
         return nullptr;
     if (control.kind() == ControlKind::frame && control.form() == nullptr)
@@ -174,6 +180,7 @@ struct Surface::Impl {
 };
 
 Surface::Surface(int width, int height, Colour colour) : impl_(std::make_unique<Impl>()) {
+    const desktop::Turn desktops(false);
     static std::uintptr_t next = 0;
     impl_->dc = ++next;
     if (!desktop::world().creates(desktop::Creation::picture))

@@ -6,7 +6,8 @@
 namespace platform {
 
 HWND HtmlHelpA(HWND owner, const char* file, std::uint32_t command, std::uintptr_t data) {
-    if (desktop::Call("HtmlHelpA").fails())
+    const desktop::Call call("HtmlHelpA");
+    if (call.fails())
         throw runtime::RuntimeError(runtime::ErrorNumber::fileNotFound);
     desktop::World& desk = desktop::world();
     desk.helpCalls.push_back({owner, file, command, data});

@@ -40,7 +40,8 @@ std::uint32_t GetPrivateProfileStringA(const char* section, const char* key, con
 }
 
 int WritePrivateProfileStringA(const char* section, const char* key, const char* value, const char* file) {
-    if (desktop::Call("WritePrivateProfileStringA").fails())
+    const desktop::Call call("WritePrivateProfileStringA");
+    if (call.fails())
         return 0;
     world().settingsPaths.emplace_back(file);
     if (const desktop::File* found = world().file(file);
@@ -54,7 +55,8 @@ int WritePrivateProfileStringA(const char* section, const char* key, const char*
 }
 
 HANDLE CreateToolhelp32Snapshot(std::uint32_t flags, std::uint32_t processId) {
-    if (desktop::Call("CreateToolhelp32Snapshot").fails())
+    const desktop::Call call("CreateToolhelp32Snapshot");
+    if (call.fails())
         return HANDLE{static_cast<std::uintptr_t>(-1)};
     if (flags != 2 || processId != 0 || world().snapshotFails)
         return HANDLE{static_cast<std::uintptr_t>(-1)};
@@ -65,7 +67,8 @@ HANDLE CreateToolhelp32Snapshot(std::uint32_t flags, std::uint32_t processId) {
 }
 
 bool Process32First(HANDLE snapshot, PROCESSENTRY32& entry) {
-    if (desktop::Call("Process32First").fails())
+    const desktop::Call call("Process32First");
+    if (call.fails())
         return false;
     if (snapshot == HANDLE{static_cast<std::uintptr_t>(-1)})
         return false;
@@ -74,13 +77,15 @@ bool Process32First(HANDLE snapshot, PROCESSENTRY32& entry) {
 }
 
 bool Process32Next(HANDLE /*snapshot*/, PROCESSENTRY32& entry) {
-    if (desktop::Call("Process32Next").fails())
+    const desktop::Call call("Process32Next");
+    if (call.fails())
         return false;
     return nextRecord(entry);
 }
 
 int GetVersionExA(OSVERSIONINFOA& record) {
-    if (desktop::Call("GetVersionExA").fails())
+    const desktop::Call call("GetVersionExA");
+    if (call.fails())
         return 0;
     ++world().versionReads;
     if (record.dwOSVersionInfoSize != versionRecordSize || world().versionFails)

@@ -8,7 +8,8 @@
 namespace platform {
 
 void sendKeys(std::span<const KeyStroke> strokes, bool wait) {
-    if (desktop::Call("sendKeys").fails())
+    const desktop::Call call("sendKeys");
+    if (call.fails())
         return;
     desktop::World& desk = desktop::world();
     // A window that is busy is waited for; one that hangs comes in front all the same, and takes what is

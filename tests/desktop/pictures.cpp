@@ -6,7 +6,8 @@
 namespace forms {
 
 Picture loadPicture(std::string_view name) {
-    if (desktop::Call("loadPicture").fails())
+    const desktop::Call call("loadPicture");
+    if (call.fails())
         return {};
     const auto plain = [](int width, int height) {
         const auto pixels = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);

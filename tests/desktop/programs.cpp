@@ -73,7 +73,8 @@ void World::answerQuestion(bool yes) {
 namespace platform {
 
 void shell(std::string_view commandLine, int windowStyle) {
-    if (desktop::Call("shell").fails())
+    const desktop::Call call("shell");
+    if (call.fails())
         throw runtime::RuntimeError(runtime::ErrorNumber::fileNotFound);
     desktop::World& desk = world();
     if (!desk.shellFailures.empty()) {
@@ -93,7 +94,8 @@ void shell(std::string_view commandLine, int windowStyle) {
 }
 
 void appActivate(std::string_view title) {
-    if (desktop::Call("appActivate").fails())
+    const desktop::Call call("appActivate");
+    if (call.fails())
         throw runtime::RuntimeError(runtime::ErrorNumber::invalidCall);
     const std::string wanted = runtime::lowerCase(title);
     world().activations.emplace_back(title);
@@ -107,7 +109,8 @@ void appActivate(std::string_view title) {
 }
 
 bool previousInstance() {
-    if (desktop::Call("previousInstance").fails())
+    const desktop::Call call("previousInstance");
+    if (call.fails())
         return false;
     return world().otherInstance;
 }

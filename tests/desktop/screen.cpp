@@ -12,31 +12,36 @@ using desktop::world;
 namespace platform {
 
 int screenWidth() {
-    if (desktop::Call("screenWidth").fails())
+    const desktop::Call call("screenWidth");
+    if (call.fails())
         return 0;
     return world().screenWidth;
 }
 
 int screenHeight() {
-    if (desktop::Call("screenHeight").fails())
+    const desktop::Call call("screenHeight");
+    if (call.fails())
         return 0;
     return world().screenHeight;
 }
 
 RECT workArea() {
-    if (desktop::Call("workArea").fails())
+    const desktop::Call call("workArea");
+    if (call.fails())
         return {0, 0, world().screenWidth, world().screenHeight};
     return world().workArea;
 }
 
 RECT workAreaAt(const RECT& place) {
-    if (desktop::Call("workAreaAt").fails())
+    const desktop::Call call("workAreaAt");
+    if (call.fails())
         return workArea();
     return world().workAreaAt(place);
 }
 
 int screenDpi() {
-    if (desktop::Call("screenDpi").fails())
+    const desktop::Call call("screenDpi");
+    if (call.fails())
         return 0;
     return world().awareness == desktop::Awareness::unaware ? forms::Resolution::designDpi
                                                             : world().screens.front().dpi;

@@ -29,7 +29,8 @@ namespace platform {
 
 std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeIcon, HICON& smallIcon,
                              int smallSide) {
-    if (desktop::Call("ExtractIconExA").fails())
+    const desktop::Call call("ExtractIconExA");
+    if (call.fails())
         return 0;
     desktop::World& desk = desktop::world();
     const auto found = desk.iconFiles.find(desktop::pathKey(file));
@@ -46,7 +47,8 @@ std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeI
 }
 
 int iconCount(const char* file) {
-    if (desktop::Call("iconCount").fails())
+    const desktop::Call call("iconCount");
+    if (call.fails())
         return 0;
     const auto& files = desktop::world().iconFiles;
     const auto found = files.find(desktop::pathKey(file));
@@ -56,7 +58,8 @@ int iconCount(const char* file) {
 }
 
 int PickIconDlg(HWND owner, std::string& file, std::int32_t& index) {
-    if (desktop::Call("PickIconDlg").fails())
+    const desktop::Call call("PickIconDlg");
+    if (call.fails())
         return 0;
     desktop::World& desk = desktop::world();
     const std::string reached = desk.reach(file) ? file : std::string();
@@ -74,7 +77,8 @@ int PickIconDlg(HWND owner, std::string& file, std::int32_t& index) {
 }
 
 bool Shell_NotifyIconA(std::uint32_t message, const NOTIFYICONDATA& record) {
-    if (desktop::Call("Shell_NotifyIconA").fails())
+    const desktop::Call call("Shell_NotifyIconA");
+    if (call.fails())
         return false;
     desktop::World& desk = desktop::world();
     desk.note("Shell_NotifyIcon " + std::to_string(message));
@@ -87,7 +91,8 @@ bool Shell_NotifyIconA(std::uint32_t message, const NOTIFYICONDATA& record) {
 
 std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, const char* parameters,
                             const char* folder, int command) {
-    if (desktop::Call("ShellExecuteA").fails())
+    const desktop::Call call("ShellExecuteA");
+    if (call.fails())
         return 0;
     desktop::World& desk = desktop::world();
     desk.executed.push_back({owner, verb, file, parameters, folder, command});
@@ -100,7 +105,8 @@ std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, cons
 }
 
 HICON programIcon() {
-    if (desktop::Call("programIcon").fails())
+    const desktop::Call call("programIcon");
+    if (call.fails())
         return HICON::none;
     return HICON{0x42};
 }

@@ -35,7 +35,8 @@ desktop::File& writable(const std::string& path) {
 namespace platform {
 
 std::string readFirstLine(std::string_view path) {
-    if (desktop::Call("readFirstLine").fails())
+    const desktop::Call call("readFirstLine");
+    if (call.fails())
         fail(runtime::ErrorNumber::permissionDenied);
     const std::string whole(path);
     const std::size_t slash = runtime::findLastText(whole, "\\");

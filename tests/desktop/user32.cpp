@@ -90,7 +90,8 @@ InAwarenessOf::~InAwarenessOf() {
 }
 
 bool EnumWindows(EnumWindowsCallback callback, std::intptr_t extra) {
-    if (desktop::Call("EnumWindows").fails())
+    const desktop::Call call("EnumWindows");
+    if (call.fails())
         return false;
     // The platform walks a snapshot too: the callback may open or close windows.
     static std::vector<HWND> snapshot;
@@ -98,13 +99,14 @@ bool EnumWindows(EnumWindowsCallback callback, std::intptr_t extra) {
     for (const HWND window : snapshot)
         if (const Window* seen = world().find(window);
             seen != nullptr && seen->className != desktop::ghostClass)
-            if (callback(window, extra) == 0)
+            if (const desktop::Turn programs(true); callback(window, extra) == 0)
                 return false;
     return true;
 }
 
 int GetWindowTextA(HWND window, char* text, int size) {
-    const bool fails = desktop::Call("GetWindowTextA").fails();
+    const desktop::Call call("GetWindowTextA");
+    const bool fails = call.fails();
     if (world().onTitleRead)
         world().onTitleRead(window);
     const Window* found = fails ? nullptr : world().find(window);
@@ -119,14 +121,16 @@ int GetWindowTextA(HWND window, char* text, int size) {
 }
 
 int GetWindowTextLengthA(HWND window) {
-    if (desktop::Call("GetWindowTextLengthA").fails())
+    const desktop::Call call("GetWindowTextLengthA");
+    if (call.fails())
         return 0;
     const Window* found = world().find(window);
     return found == nullptr ? 0 : static_cast<int>(found->title.size());
 }
 
 bool IsWindow(HWND window) {
-    if (desktop::Call("IsWindow").fails())
+    const desktop::Call call("IsWindow");
+    if (call.fails())
         return false;
     return world().find(window) != nullptr;
 }
@@ -137,7 +141,8 @@ bool IsIconic(HWND window) {
 }
 
 bool GetWindowRect(HWND window, RECT& rect) {
-    if (desktop::Call("GetWindowRect").fails())
+    const desktop::Call call("GetWindowRect");
+    if (call.fails())
         return false;
     if (world().find(window) == nullptr)
         return false;
@@ -146,7 +151,8 @@ bool GetWindowRect(HWND window, RECT& rect) {
 }
 
 bool GetClientRect(HWND window, RECT& rect) {
-    if (desktop::Call("GetClientRect").fails())
+    const desktop::Call call("GetClientRect");
+    if (call.fails())
         return false;
     const Window* found = world().find(window);
     if (found == nullptr)
@@ -157,7 +163,8 @@ bool GetClientRect(HWND window, RECT& rect) {
 }
 
 HWND SetParent(HWND child, HWND parent) {
-    const bool refuses = desktop::Call("SetParent").fails();
+    const desktop::Call call("SetParent");
+    const bool refuses = call.fails();
     noteCall("SetParent", {number(child), number(parent)});
     if (world().onSetParent)
         world().onSetParent(parent);
@@ -179,7 +186,8 @@ HWND SetParent(HWND child, HWND parent) {
 }
 
 bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint) {
-    if (desktop::Call("MoveWindow").fails())
+    const desktop::Call call("MoveWindow");
+    if (call.fails())
         return false;
     noteCall("MoveWindow",
              {number(window), number(x), number(y), number(width), number(height), number(repaint ? 1 : 0)});
@@ -206,7 +214,8 @@ bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint) 
 
 bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int width, int height,
                   std::uint32_t flags) {
-    if (desktop::Call("SetWindowPos").fails())
+    const desktop::Call call("SetWindowPos");
+    if (call.fails())
         return false;
     noteCall("SetWindowPos", {number(window), number(insertAfter), number(x), number(y), number(width),
                               number(height), number(static_cast<std::intptr_t>(flags))});
@@ -217,7 +226,8 @@ bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int widt
 }
 
 bool BringWindowToTop(HWND window) {
-    if (desktop::Call("BringWindowToTop").fails())
+    const desktop::Call call("BringWindowToTop");
+    if (call.fails())
         return false;
     noteCall("BringWindowToTop", {number(window)});
     if (world().find(window) == nullptr)
@@ -231,7 +241,8 @@ bool BringWindowToTop(HWND window) {
 }
 
 bool ShowWindow(HWND window, int command) {
-    if (desktop::Call("ShowWindow").fails())
+    const desktop::Call call("ShowWindow");
+    if (call.fails())
         return false;
     noteCall("ShowWindow", {number(window), number(command)});
     Window* shown = world().find(window);
@@ -252,7 +263,8 @@ bool ShowWindow(HWND window, int command) {
 }
 
 std::intptr_t SendMessageA(HWND window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) {
-    if (desktop::Call("SendMessageA").fails())
+    const desktop::Call call("SendMessageA");
+    if (call.fails())
         return 0;
     noteCall("SendMessage", {number(window), number(static_cast<std::intptr_t>(message)),
                              number(static_cast<std::intptr_t>(wParam)), number(lParam)});
@@ -273,7 +285,8 @@ std::intptr_t SendMessageA(HWND window, std::uint32_t message, std::uintptr_t wP
 }
 
 bool RedrawWindow(HWND window, const RECT& rect, std::uint32_t flags) {
-    if (desktop::Call("RedrawWindow").fails())
+    const desktop::Call call("RedrawWindow");
+    if (call.fails())
         return false;
     noteCall("RedrawWindow", {number(window), number(rect.right), number(rect.bottom),
                               number(static_cast<std::intptr_t>(flags))});
@@ -282,7 +295,8 @@ bool RedrawWindow(HWND window, const RECT& rect, std::uint32_t flags) {
 
 bool DrawIconEx(HDC dc, int x, int y, HICON icon, int width, int height, std::uint32_t /*step*/,
                 std::uint32_t flags) {
-    if (desktop::Call("DrawIconEx").fails())
+    const desktop::Call call("DrawIconEx");
+    if (call.fails())
         return false;
     desktop::Pixels* target = desktop::pixelsOf(dc);
     const auto found = world().icons.find(static_cast<std::uintptr_t>(icon));
@@ -300,7 +314,8 @@ bool DrawIconEx(HDC dc, int x, int y, HICON icon, int width, int height, std::ui
 }
 
 bool DestroyIcon(HICON icon) {
-    if (desktop::Call("DestroyIcon").fails())
+    const desktop::Call call("DestroyIcon");
+    if (call.fails())
         return false;
     return world().icons.erase(static_cast<std::uintptr_t>(icon)) == 1;
 }

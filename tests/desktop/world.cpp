@@ -1,5 +1,6 @@
 #include "desktop/desktop.h"
 
+#include "desktop/faults.h"
 #include "desktop/modules.h"
 #include "runtime/characters.h"
 #include "runtime/guard.h"
@@ -255,6 +256,7 @@ bool World::event(const std::function<void()>& code) {
     if (ended)
         return false;
     try {
+        const Turn programs(true);
         runtime::guarded(code);
     } catch (const ProgramEnded&) {
         ended = true;
@@ -285,6 +287,7 @@ bool World::fireNext(std::int64_t limit) {
     wake();
     first->due = now + first->timer->interval();
     forms::Timer* const timer = first->timer;
+    const Turn programs(true);
     runtime::guarded([timer] { timer->elapsed(); });
     return true;
 }
@@ -301,6 +304,7 @@ std::string TypedKeys::text() const {
 namespace forms {
 
 void timerChanged(Timer& timer) {
+    const desktop::Turn desktops(false);
     auto& timers = desktop::world().timers;
     std::erase_if(timers, [&timer](const auto& state) { return state.timer == &timer; });
     if (timer.enabled() && timer.interval() > 0)
@@ -308,6 +312,7 @@ void timerChanged(Timer& timer) {
 }
 
 void runModal(Form& form) {
+    const desktop::Turn desktops(false);
     desktop::World& world = desktop::world();
     if (form.hWnd() == platform::HWND::none)
         return;
@@ -332,6 +337,7 @@ void runModal(Form& form) {
     if (!world.modalScripts.empty()) {
         const auto script = world.modalScripts.front();
         world.modalScripts.pop_front();
+        const desktop::Turn programs(true);
         runtime::guarded([&] { script(form); });
     }
     // Far enough for any form that closes itself; a form that needs a user who does not come is stuck.

@@ -20,36 +20,20 @@ using failures::Story;
 
 namespace {
 
-struct Told {
-    Facts facts;
+struct Told : failures::Told {
     std::string failed;
     int calls = 0;
-    std::map<std::string, std::string> settingsBefore;
-    std::map<std::string, std::string> settingsAfter;
-    std::map<std::string, std::string> settingsKept; ///< in the file with the old ones
 };
 
 /// Tells a story; its call with the number `failing` fails, none with 0.
 Told tell(const Story& story, int failing) {
     desktop::Program program;
     story.begin(program);
-    Told told;
-    told.settingsBefore = failures::settingsOf(program.desk().settings());
+    const auto before = failures::settingsOf(program.desk().settings());
     faults().watch(failing);
     story.tell(program);
     faults().stop();
-    told.failed = faults().failed();
-    told.calls = faults().calls();
-    told.settingsAfter = failures::settingsOf(program.desk().settings());
-    told.settingsKept =
-        failures::settingsOf(program.desk().fileText("C:\\kestrel\\kestrel.bak").value_or(""));
-    told.facts = failures::factsOf(program);
-    if (!program.desk().ended) {
-        const std::size_t hosted = program.hosted(store::EditorKind::board);
-        program.desk().openWindow("1 Board - C:\\later.brd - EAGLE");
-        program.ticks(2);
-        told.facts["worksOn"] = program.hosted(store::EditorKind::board) == hosted + 1 ? "yes" : "no";
-    }
+    Told told{failures::outcomeOf(program, before), faults().failed(), faults().calls()};
     return told;
 }
 
@@ -74,30 +58,6 @@ bool fits(const Outcome& outcome, const Story& story, const Told& told) {
            (outcome.story == nullptr || std::string(outcome.story) == story.name);
 }
 
-/// What the program has told of when it ended, 0 if it has not ended by an error.
-int errorOf(const Told& told) {
-    constexpr std::string_view begin = "Run-time error '";
-    const auto messages = told.facts.find("messages");
-    if (told.facts.at("ended") == "no" || messages == told.facts.end())
-        return 0;
-    const std::size_t place = messages->second.rfind(begin);
-    return place == std::string::npos ? 0 : std::stoi(messages->second.substr(place + begin.size()));
-}
-
-/// Each value of the settings file is the one before the story or the one that it would have written.
-bool oldOrNew(const Told& told, const Told& whole) {
-    const auto valueIn = [](const std::map<std::string, std::string>& file, const std::string& key) {
-        const auto found = file.find(key);
-        return found == file.end() ? std::string() : found->second;
-    };
-    const auto sound = [&](const std::string& key) {
-        const std::string value = valueIn(told.settingsAfter, key);
-        return value == valueIn(whole.settingsBefore, key) || value == valueIn(whole.settingsAfter, key);
-    };
-    return std::ranges::all_of(told.settingsAfter, [&](const auto& each) { return sound(each.first); }) &&
-           std::ranges::all_of(whole.settingsAfter, [&](const auto& each) { return sound(each.first); });
-}
-
 /// Lets one call fail and compares what comes of it with the table. What has differed is put into `seen`.
 void tryCall(const Story& story, const Told& whole, int failing,
              std::map<const Outcome*, std::set<std::string>>& seen) {
@@ -106,11 +66,11 @@ void tryCall(const Story& story, const Told& whole, int failing,
     CAPTURE(failing);
     CAPTURE(told.failed);
     REQUIRE_FALSE(told.failed.empty());
-    const int error = errorOf(told);
+    const int error = failures::errorOf(told);
     // A key that could not be written is missing where its section was removed before: then the old settings
     // are kept beside it.
     if (error != 0 || told.failed == "WritePrivateProfileStringA")
-        CHECK((oldOrNew(told, whole) || told.settingsKept == whole.settingsBefore));
+        CHECK((failures::oldOrNew(told, whole) || told.settingsKept == whole.settingsBefore));
     const std::set<std::string> others = differing(whole.facts, told.facts);
     bool known = false;
     for (const Outcome& outcome : failures::outcomes) {
