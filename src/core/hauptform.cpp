@@ -20,7 +20,6 @@ Hauptform* hauptform() {
 }
 
 Hauptform::Hauptform() {
-    forms::mainForm = this;
     setCaption("Kestrel Strip for EAGLE");
     borderStyle = forms::BorderStyle::none;
     showInTaskbar = false;
@@ -35,6 +34,8 @@ Hauptform::Hauptform() {
     setup::frmSetup::onNewLanguage = [] { menuForm().loadResources(); };
     setup::frmSetup::onWindowReset = [this] { resetWindowRecords(); };
     setup::frmSetup::onSaved = [this] { followSave(); };
+    // Last: a form whose making fails has never been there.
+    forms::mainForm = this;
 }
 
 Hauptform::~Hauptform() {

@@ -16,9 +16,10 @@ void Control::place(Container& container, const Position& position) {
     if (container_ != nullptr) {
         dropPeers();
         container_->remove(*this);
+        container_ = nullptr;
     }
-    container_ = &container;
     container.controls_.push_back(this);
+    container_ = &container;
     setPosition(position);
     container.childPlaced(*this);
     if (const Form* on = form(); on != nullptr && on->loaded())
@@ -173,15 +174,16 @@ void Container::makePeers() {
         child->makePeers();
 }
 
+// Needs no memory: where none is left the windows go all the same.
 void Container::dropPeers() {
-    for (Control* child : std::vector<Control*>(controls_))
-        child->dropPeers();
+    for (std::size_t child = 0; child < controls_.size(); ++child)
+        controls_[child]->dropPeers();
     Control::dropPeers();
 }
 
 void Container::windowLost() {
-    for (Control* child : std::vector<Control*>(controls_))
-        child->windowLost();
+    for (std::size_t child = 0; child < controls_.size(); ++child)
+        controls_[child]->windowLost();
     Control::windowLost();
 }
 
