@@ -7,7 +7,10 @@
 namespace runtime {
 
 void endByError(const RuntimeError& error) {
-    platform::msgBox(unhandledErrorText(error), platform::criticalStyle, "Kestrel");
+    try {
+        platform::msgBox(unhandledErrorText(error), platform::criticalStyle, "Kestrel");
+    } catch (const RuntimeError&) { // no memory is left to tell it: the program ends all the same
+    }
     if (core::Hauptform* form = core::hauptform())
         form->delSystray();
     platform::endProgram();

@@ -8,6 +8,8 @@ std::string errorDescription(ErrorNumber number, std::int32_t resource) {
         return "Invalid procedure call or argument";
     case ErrorNumber::overflow:
         return "Overflow";
+    case ErrorNumber::outOfMemory:
+        return "Out of memory";
     case ErrorNumber::subscriptOutOfRange:
         return "Subscript out of range";
     case ErrorNumber::typeMismatch:

@@ -13,6 +13,7 @@ namespace runtime {
 enum class ErrorNumber : std::int32_t {
     invalidCall = 5,
     overflow = 6,
+    outOfMemory = 7,
     subscriptOutOfRange = 9,
     typeMismatch = 13,
     fileNotFound = 53,

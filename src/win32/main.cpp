@@ -1,6 +1,7 @@
 // The start of the program and its message loop.
 #include "core/hauptform.h"
 #include "runtime/guard.h"
+#include "runtime/outOfMemory.h"
 #include "win32/common/messages.h"
 #include "win32/common/processSettings.h"
 #include "win32/platform/hosts.h"
@@ -10,7 +11,9 @@
 #include <commctrl.h>
 #include <objbase.h>
 
-int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*commandLine*/, int /*show*/) {
+namespace {
+
+void run() {
     win32::settleProcess();
     win32::askForNoMedium();
     // The file dialogs host the shell's extensions.
@@ -19,10 +22,17 @@ int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*comma
     InitCommonControlsEx(&controls);
     // Lives until the process ends, like all that it owns.
     auto* const form = new core::Hauptform;
-    runtime::guarded([form] { form->load(); });
+    form->load();
     MSG message;
     while (form->loaded() && GetMessageW(&message, nullptr, 0, 0) > 0)
         win32::serve(message);
+}
+
+} // namespace
+
+int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*commandLine*/, int /*show*/) {
+    runtime::raiseOutOfMemory();
+    runtime::guarded(run);
     // Without the library's own end: a thread that waits for a server may still read what that would destroy.
     ExitProcess(0);
 }

@@ -5,6 +5,7 @@
 #include "win32/common/ownerWindow.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace win32 {
 
@@ -53,7 +54,10 @@ void release(Held& held) {
 }
 
 void holdOthers(const forms::Form* modal, HWND owner) {
-    holders().push_back({modal, owner, {}});
+    Held held{modal, owner, {}};
+    // What fails, fails before a window is disabled that nobody would enable.
+    held.windows.reserve(known().size());
+    holders().push_back(std::move(held));
     for (const Known& other : known())
         hold(holders().back(), other);
 }

@@ -1,11 +1,13 @@
 #include "win32/common/systemDialog.h"
 
+#include "runtime/guard.h"
 #include "win32/common/joinedHosts.h"
 #include "win32/common/native.h"
 #include "win32/common/ownerWindow.h"
 #include "win32/common/windowChanges.h"
 
 #include <atomic>
+#include <new>
 
 namespace win32 {
 
@@ -40,17 +42,31 @@ struct HeldHost::State {
         } while (done != (*state)->enabled);
         return 0;
     }
+
+    /// The thread that carries it out, null if there is none to be had.
+    static HANDLE begin(const std::shared_ptr<State>& state) noexcept {
+        try {
+            auto given = std::make_unique<std::shared_ptr<State>>(state);
+            const HANDLE thread = CreateThread(nullptr, 0, carryOut, given.get(), 0, nullptr);
+            if (thread != nullptr)
+                static_cast<void>(given.release()); // the thread's from here on
+            return thread;
+        } catch (const std::bad_alloc&) {
+            return nullptr;
+        }
+    }
 };
 
 HeldHost::HeldHost(HWND window) : state_(std::make_shared<State>(window)) {}
 
-void HeldHost::enable(bool enabled) {
+void HeldHost::enable(bool enabled) noexcept {
     state_->enabled = enabled;
-    auto given = std::make_unique<std::shared_ptr<State>>(state_);
-    const HANDLE thread = CreateThread(nullptr, 0, State::carryOut, given.get(), 0, nullptr);
-    if (thread == nullptr)
+    const HANDLE thread = State::begin(state_);
+    if (thread == nullptr) {
+        // No memory is left. A host that stays disabled is worse than one that is waited for.
+        EnableWindow(state_->window, enabled ? TRUE : FALSE);
         return;
-    static_cast<void>(given.release()); // the thread's from here on
+    }
     WaitForSingleObject(thread, hostPatience);
     CloseHandle(thread);
 }
@@ -101,13 +117,16 @@ LRESULT CALLBACK SystemDialog::hear(HWND window, UINT message, WPARAM wParam, LP
     auto* self = reinterpret_cast<SystemDialog*>(GetWindowLongPtrA(window, GWLP_USERDATA));
     if (message != WM_ENABLE || self == nullptr)
         return DefWindowProcA(window, message, wParam, lParam);
-    if (wParam != FALSE) {
+    if (wParam != FALSE)
         self->dialogGoes();
-    } else if (self->host_ != nullptr && IsWindowEnabled(self->host_) != FALSE) {
-        self->held_ = std::make_unique<HeldHost>(self->host_);
-        self->held_->enable(false);
-    }
+    else if (self->host_ != nullptr && IsWindowEnabled(self->host_) != FALSE)
+        runtime::guarded([self] { self->holdHost(); });
     return 0;
+}
+
+void SystemDialog::holdHost() {
+    held_ = std::make_unique<HeldHost>(host_);
+    held_->enable(false);
 }
 
 void SystemDialog::dialogGoes() {

@@ -25,7 +25,7 @@ namespace win32 {
 class HeldHost {
   public:
     explicit HeldHost(HWND window);
-    void enable(bool enabled);
+    void enable(bool enabled) noexcept;
 
   private:
     struct State;
@@ -51,6 +51,7 @@ class SystemDialog {
   private:
     static LRESULT CALLBACK hear(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     void makeOwner(HWND above);
+    void holdHost();
     void dialogGoes();
 
     FocusKeeper keeper_;

@@ -208,7 +208,7 @@ LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam,
         shadowed().erase(window);
         self->handle_ = nullptr;
         if (shows)
-            self->control_.windowLost();
+            runtime::guarded([self] { self->control_.windowLost(); });
         if (idle != nullptr)
             destroyWindow(idle);
         return result;

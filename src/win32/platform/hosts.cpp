@@ -1,6 +1,7 @@
 #include "win32/platform/hosts.h"
 
 #include "runtime/characters.h"
+#include "runtime/runtimeError.h"
 #include "runtime/text.h"
 #include "win32/common/wide.h"
 #include "win32/platform/paths.h"
@@ -43,8 +44,12 @@ class Turn {
     void answered() { host_->answered = true; }
     void workOffQueue() {
         while (const WorkQueue::Work work = host_->inTurn.next())
-            if (work())
-                answered();
+            try {
+                if (work())
+                    answered();
+            } catch (
+                const runtime::RuntimeError&) { // nothing is opened, nothing told, and the next one comes
+            }
     }
 
   private:

@@ -1,14 +1,22 @@
 #include "win32/platform/patience.h"
 
+#include "runtime/runtimeError.h"
+
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace win32 {
 
 namespace {
 
-using Work = std::function<void()>;
+struct Work {
+    explicit Work(std::function<void()> work) : code(std::move(work)) {}
+
+    std::function<void()> code;
+    std::optional<runtime::RuntimeError> failure;
+};
 
 /// Milliseconds after which it is looked anew whether the user is asked.
 constexpr ULONGLONG betweenLooks = 50;
@@ -21,8 +29,12 @@ BOOL CALLBACK isSeen(HWND window, LPARAM found) {
 }
 
 DWORD WINAPI run(void* parameter) {
-    const std::unique_ptr<Work> work(static_cast<Work*>(parameter));
-    (*work)();
+    const std::unique_ptr<std::shared_ptr<Work>> work(static_cast<std::shared_ptr<Work>*>(parameter));
+    try {
+        (*work)->code();
+    } catch (const runtime::RuntimeError& error) { // nothing may leave the thread
+        (*work)->failure = error;
+    }
     return 0;
 }
 
@@ -49,7 +61,8 @@ bool await(HANDLE thread, DWORD number, ULONGLONG longest) {
 } // namespace
 
 bool doPatiently(std::function<void()> work, ULONGLONG longest) {
-    auto handed = std::make_unique<Work>(std::move(work));
+    const auto shared = std::make_shared<Work>(std::move(work));
+    auto handed = std::make_unique<std::shared_ptr<Work>>(shared);
     DWORD number = 0;
     const HANDLE thread = CreateThread(nullptr, 0, run, handed.get(), 0, &number);
     if (thread == nullptr)
@@ -57,6 +70,8 @@ bool doPatiently(std::function<void()> work, ULONGLONG longest) {
     (void)handed.release(); // the thread's
     const bool done = await(thread, number, longest);
     CloseHandle(thread);
+    if (done && shared->failure)
+        throw runtime::RuntimeError(*shared->failure);
     return done;
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/codePage.h"
 #include "runtime/characters.h"
+#include "runtime/runtimeError.h"
 #include "win32/common/joinedHosts.h"
 #include "win32/common/native.h"
 #include "win32/common/refusal.h"
@@ -11,6 +12,7 @@
 #include "win32/platform/titles.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 
 using win32::isForeign;
@@ -23,14 +25,18 @@ struct Enumeration {
     platform::EnumWindowsCallback callback;
     std::intptr_t extra;
     win32::GhostWalk walk;
+    std::optional<runtime::RuntimeError> failure; ///< of the callback: nothing is thrown through the system
 };
 
 BOOL CALLBACK passOn(HWND window, LPARAM parameter) {
     auto& enumeration = *reinterpret_cast<Enumeration*>(parameter);
-    // The window that it shows is in the walk too, hidden.
-    if (enumeration.walk.isGhost(window))
-        return TRUE;
-    return enumeration.callback(neutral(window), enumeration.extra);
+    try {
+        // The window that it shows is in the walk too, hidden.
+        return enumeration.walk.isGhost(window) || enumeration.callback(neutral(window), enumeration.extra);
+    } catch (const runtime::RuntimeError& error) {
+        enumeration.failure = error;
+        return FALSE;
+    }
 }
 
 /// One character in place; a letter whose small one has another number of bytes stays.
@@ -47,11 +53,13 @@ void lowerCharacter(std::span<char> character) {
 namespace platform {
 
 bool EnumWindows(EnumWindowsCallback callback, std::intptr_t extra) {
-    Enumeration enumeration{callback, extra, {}};
-    if (::EnumWindows(passOn, reinterpret_cast<LPARAM>(&enumeration)) == FALSE)
-        return false;
-    enumeration.walk.complete();
-    return true;
+    Enumeration enumeration{callback, extra, {}, std::nullopt};
+    const bool whole = ::EnumWindows(passOn, reinterpret_cast<LPARAM>(&enumeration)) != FALSE;
+    if (enumeration.failure)
+        throw runtime::RuntimeError(*enumeration.failure);
+    if (whole)
+        enumeration.walk.complete();
+    return whole;
 }
 
 int GetWindowTextA(HWND window, char* text, int size) {

@@ -9,7 +9,7 @@
 
 namespace win32 {
 
-/// One thread puts works in, another does them. They must not throw.
+/// One thread puts works in, another does them. A work may throw, to that thread.
 class WorkQueue {
   public:
     /// Tells whether it has been answered.
