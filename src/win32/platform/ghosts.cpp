@@ -24,6 +24,9 @@ std::vector<Known>& known() {
 
 unsigned walks = 0;
 
+/// So many walks, a minute of ticks, a window is remembered that they end in front of.
+constexpr unsigned outOfReach = 300;
+
 bool hasGhostClass(HWND window) {
     constexpr std::string_view ghost = "Ghost";
     std::array<char, ghost.size() + 2> name{}; // a longer name is seen to be another one
@@ -43,9 +46,11 @@ bool GhostWalk::isGhost(HWND window) {
     return entry->ghost;
 }
 
-void GhostWalk::complete() const {
+void GhostWalk::end(bool complete) const {
     // Walks inside this one have higher numbers.
-    std::erase_if(known(), [this](const Known& window) { return window.met < number_; });
+    std::erase_if(known(), [this, complete](const Known& window) {
+        return window.met < number_ && (complete || number_ - window.met > outOfReach);
+    });
 }
 
 } // namespace win32

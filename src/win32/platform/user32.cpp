@@ -54,12 +54,11 @@ namespace platform {
 
 bool EnumWindows(EnumWindowsCallback callback, std::intptr_t extra) {
     Enumeration enumeration{callback, extra, {}, std::nullopt};
-    const bool whole = ::EnumWindows(passOn, reinterpret_cast<LPARAM>(&enumeration)) != FALSE;
+    const bool complete = ::EnumWindows(passOn, reinterpret_cast<LPARAM>(&enumeration)) != FALSE;
+    enumeration.walk.end(complete);
     if (enumeration.failure)
         throw runtime::RuntimeError(*enumeration.failure);
-    if (whole)
-        enumeration.walk.complete();
-    return whole;
+    return complete;
 }
 
 int GetWindowTextA(HWND window, char* text, int size) {

@@ -114,4 +114,31 @@ TEST_CASE("a walk that ends early and one inside another forget nothing that is 
     CHECK(met().empty());
 }
 
+TEST_CASE("a window that has gone is forgotten though every walk ends early") {
+    const World world;
+    const Shown windows;
+    const auto first = [] {
+        HWND found = nullptr;
+        platform::EnumWindows(
+            [](platform::HWND window, std::intptr_t extra) {
+                *reinterpret_cast<HWND*>(extra) = win32::native(window);
+                return 0;
+            },
+            reinterpret_cast<std::intptr_t>(&found));
+        return found;
+    };
+    shown = {{handle(8), "Ghost"}, {handle(16), "Editor"}, {handle(24), "Ghostly"}};
+    CHECK(first() == handle(16));
+    shown.erase(handle(8));
+    for (int walks = 0; walks < 301; ++walks)
+        CHECK(first() == handle(16));
+    CHECK(questions == 2);
+    shown[handle(8)] = "Editor";
+    CHECK(first() == handle(8));
+    CHECK(questions == 3);
+    // What no walk has come to for so long is asked anew.
+    CHECK(met().size() == 3);
+    CHECK(questions == 4);
+}
+
 TEST_SUITE_END();
