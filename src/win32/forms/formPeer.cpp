@@ -19,6 +19,9 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
+#include <optional>
+
 namespace win32 {
 
 namespace {
@@ -156,6 +159,8 @@ class FormPeer : public ContainerPeer {
             break;
         case WM_GETMINMAXINFO:
             return limitSize(message, wParam, lParam);
+        case WM_NCCALCSIZE:
+            return reckonFrame(wParam, lParam);
         case WM_SETCURSOR:
             if (form_.mousePointer() != forms::MousePointer::standard) {
                 SetCursor(cursor());
@@ -295,6 +300,24 @@ class FormPeer : public ContainerPeer {
         return result;
     }
 
+    /// A hosted form keeps the frame that it has in its host when it is out of it for a moment. Its place is
+    /// one on another screen then, maybe one of another resolution, where the system has another frame for
+    /// it; the height that is set outside is to be right inside.
+    LRESULT reckonFrame(WPARAM wParam, LPARAM lParam) {
+        RECT& area = *reinterpret_cast<RECT*>(lParam);
+        const RECT outer = area;
+        const LRESULT result = defaultMessage(WM_NCCALCSIZE, wParam, lParam);
+        if (form_.activates)
+            return result;
+        if (isHosted(handle()))
+            frame_ = {area.left - outer.left, area.top - outer.top, area.right - outer.right,
+                      area.bottom - outer.bottom};
+        else if (frame_)
+            area = {outer.left + frame_->left, outer.top + frame_->top, outer.right + frame_->right,
+                    std::max(outer.top + frame_->top, outer.bottom + frame_->bottom)};
+        return result;
+    }
+
     HCURSOR cursor() const {
         return LoadCursorA(
             nullptr, reinterpret_cast<LPCSTR>(
@@ -324,6 +347,7 @@ class FormPeer : public ContainerPeer {
     HWND known_ = nullptr;
     HWND focus_ = nullptr;
     RECT placed_{};
+    std::optional<RECT> frame_; ///< in the host, what the client area's edges are off the window's
 };
 
 } // namespace
