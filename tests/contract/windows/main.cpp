@@ -7,6 +7,7 @@
 #include "contract/windows/files.h"
 #include "contract/windows/orders.h"
 #include "contract/windows/otherProgramMain.h"
+#include "contract/windows/withoutViews.h"
 #include "contract/world.h"
 #include "win32/platform/hosts.h"
 #include "win32/platform/paths.h"
@@ -110,6 +111,8 @@ int main(int count, char** arguments) {
         return contract::otherProgramMain();
     if (count > 1 && std::strcmp(arguments[1], contract::faultingTimerArgument) == 0)
         return contract::faultingTimerMain();
+    if (count > 1 && std::strcmp(arguments[1], contract::withoutViewsArgument) == 0)
+        return contract::withoutViewsMain();
     if (!windowsCanBeMade()) {
         std::fputs("no window can be made: there is no display\n", stderr);
         return 5;
