@@ -2,6 +2,7 @@
 
 #include "desktop/desktop.h"
 #include "desktop/faults.h"
+#include "desktop/systemDialog.h"
 
 #include <cstring>
 
@@ -21,49 +22,13 @@ std::string ended(const char* text) {
     return text == nullptr ? std::string() : std::string(text);
 }
 
-/// A dialog that is up keeps the user from its owner's top window. One that the program has ended under
-/// leaves it so.
-class OwnerDisabled {
-  public:
-    explicit OwnerDisabled(platform::HWND owner) {
-        desktop::World& desk = desktop::world();
-        desktop::Window* root = desk.find(desk.rootOf(owner));
-        if (root == nullptr || !desk.answers(root->handle))
-            return;
-        if (!root->enabled) {
-            desk.foundDisabled.push_back(root->handle);
-            foundDisabled_ = true;
-        } else {
-            root->enabled = false;
-            desk.disabledHosts.push_back(root->handle);
-            disabled_ = root->handle;
-        }
-    }
-    void close() const {
-        if (desktop::Window* root = desktop::world().find(disabled_))
-            root->enabled = true;
-        std::erase(desktop::world().disabledHosts, disabled_);
-        if (foundDisabled_)
-            desktop::world().bringOthersToFront();
-    }
-
-  private:
-    platform::HWND disabled_ = platform::HWND::none;
-    bool foundDisabled_ = false;
-};
-
 int fileDialog(platform::OPENFILENAMEA& record, bool save) {
     desktop::World& desk = desktop::world();
     desk.fileDialogs.push_back({save, record.hwndOwner, doubleEnded(record.lpstrFilter),
                                 ended(record.lpstrFile), record.nMaxFile, ended(record.lpstrInitialDir),
                                 ended(record.lpstrTitle), record.Flags, ended(record.lpstrDefExt),
                                 record.lStructSize, record.nFilterIndex});
-    const OwnerDisabled owner(record.hwndOwner);
-    if (desk.onFileDialog)
-        desk.onFileDialog();
-    if (desk.ended)
-        throw desktop::ProgramEnded();
-    owner.close();
+    desktop::whileUp(record.hwndOwner, desk.onFileDialog);
     if (desk.fileAnswers.empty())
         return 0;
     const std::optional<std::string> answer = desk.fileAnswers.front();

@@ -321,7 +321,7 @@ class World {
     /// Owners that a dialog of the system found disabled. It leaves them so, and when it goes none of the
     /// program's windows can come in front: the system chooses another program's.
     std::vector<HWND> foundDisabled;
-    std::function<void()> onFileDialog; ///< runs while a file dialog is up
+    std::function<void()> onFileDialog; ///< runs while one is up, or the shell's icon chooser
     int beeps = 0;
     std::optional<platform::NOTIFYICONDATA> trayIcon;
     bool trayRefuses = false;

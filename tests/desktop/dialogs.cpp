@@ -3,10 +3,20 @@
 
 #include "desktop/desktop.h"
 #include "desktop/faults.h"
+#include "desktop/systemDialog.h"
+#include "forms/form.h"
 
 namespace {
 
 using desktop::world;
+
+/// The innermost modal form, unless it does not hear the user just now: then the message is nobody's.
+platform::HWND ownerOfMessage() {
+    if (world().modalForms.empty())
+        return platform::HWND::none;
+    const desktop::Window* modal = world().find(world().modalForms.back()->hWnd());
+    return modal != nullptr && modal->visible && modal->enabled ? modal->handle : platform::HWND::none;
+}
 
 } // namespace
 
@@ -18,8 +28,7 @@ int msgBox(std::string_view text, int style, std::string_view title) {
         return 0;
     desktop::World& desk = world();
     desk.messageBoxes.push_back({std::string(text), style, std::string(title)});
-    if (const auto during = desk.onMessage)
-        during();
+    desktop::whileUp(ownerOfMessage(), desk.onMessage);
     if (!desk.messageAnswers.empty()) {
         const int answer = desk.messageAnswers.front();
         desk.messageAnswers.pop_front();

@@ -3,6 +3,7 @@
 
 #include "desktop/desktop.h"
 #include "desktop/faults.h"
+#include "desktop/systemDialog.h"
 #include "platform/codePage.h"
 #include "runtime/text.h"
 
@@ -67,6 +68,7 @@ int PickIconDlg(HWND owner, std::string& file, std::int32_t& index) {
     desk.chooserCalls.push_back({owner, start, iconPathSize, index});
     if (desk.chooserAnswers.empty())
         return noIconChooser;
+    desktop::whileUp(owner, desk.onFileDialog);
     const auto answer = desk.chooserAnswers.front();
     desk.chooserAnswers.pop_front();
     if (answer.result == iconPicked) {

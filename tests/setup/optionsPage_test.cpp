@@ -237,6 +237,51 @@ TEST_CASE("a file dialog over the setup finds it enabled, so that the setup is i
     CHECK(dialog.desk().foundDisabled.empty());
 }
 
+TEST_CASE("a message over the setup finds it enabled, so that the setup is in front again afterwards") {
+    Dialog dialog;
+    dialog.desk().openWindow("another program");
+    bool told = false;
+    dialog.desk().modalScripts.emplace_back([&](forms::Form& form) {
+        dialog.desk().foreground = form.window();
+        dialog.desk().onMessage = [&] {
+            told = true;
+            CHECK_FALSE(dialog.desk().window(form.window()).enabled);
+        };
+        dialog.form().chkEAGLE.click();
+        dialog.form().txtEAGLE.edited("C:\\nonsense");
+        dialog.form().btnOk.click();
+        CHECK(dialog.desk().window(form.window()).enabled);
+        CHECK(dialog.desk().foreground == form.window());
+        form.unload();
+    });
+    dialog.act([] { setup::openSetup(0); });
+    CHECK(told);
+    CHECK(dialog.desk().foundDisabled.empty());
+}
+
+TEST_CASE("the icon chooser over the setup finds it enabled, and the setup is in front again afterwards") {
+    Dialog dialog;
+    store::boardButtons = namedList({"a"});
+    dialog.desk().openWindow("another program");
+    dialog.desk().chooserAnswers = {{0, u"", 0}};
+    bool asked = false;
+    dialog.desk().modalScripts.emplace_back([&](forms::Form& form) {
+        dialog.desk().foreground = form.window();
+        dialog.desk().onFileDialog = [&] {
+            asked = true;
+            CHECK_FALSE(dialog.desk().window(form.window()).enabled);
+        };
+        dialog.form().lstApps[0].selected(0);
+        dialog.form().btnIcon[0].click();
+        CHECK(dialog.desk().window(form.window()).enabled);
+        CHECK(dialog.desk().foreground == form.window());
+        form.unload();
+    });
+    dialog.act([] { setup::openSetup(0); });
+    CHECK(asked);
+    CHECK(dialog.desk().foundDisabled.empty());
+}
+
 TEST_CASE("the help opens in the dialog's language") {
     for (const auto& [offset, context] : {std::pair{0, 6000U}, std::pair{10000, 16000U}}) {
         Dialog dialog;
