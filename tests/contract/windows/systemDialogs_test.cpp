@@ -129,10 +129,10 @@ std::vector<Call> calls(const World& world) {
     };
 }
 
-/// Lets the user close the dialog by Enter and by Esc, and looks where the keyboard is then.
-void closeBothWays(const Call& call, platform::HWND owner, platform::HWND front,
-                   const std::function<std::string()>& text) {
-    for (const Key key : {Key::enter, Key::escape}) {
+/// Lets the user close the dialog by each of the keys, and looks where the keyboard is then.
+void closeBy(const std::vector<Key>& keys, const Call& call, platform::HWND owner, platform::HWND front,
+             const std::function<std::string()>& text) {
+    for (const Key key : keys) {
         CAPTURE(std::string(call.name));
         CAPTURE(static_cast<int>(key));
         REQUIRE(World::until([front] { return World::foreground() == front; }));
@@ -238,7 +238,8 @@ TEST_CASE(
         const win32::Hold modal(dialog);
         world.typeInto(dialog.second, "a");
         REQUIRE(World::until([&] { return dialog.second.text() == "a"; }));
-        closeBothWays(call, dialog.hWnd(), dialog.hWnd(), [&] { return dialog.second.text(); });
+        closeBy({Key::enter, Key::escape}, call, dialog.hWnd(), dialog.hWnd(),
+                [&] { return dialog.second.text(); });
     }
 }
 
@@ -249,10 +250,37 @@ TEST_CASE("a dialog of the system over a host gives the keyboard back to the hos
     for (const Call& call : calls(world)) {
         const platform::HWND editor = world.openEditor();
         Guest guest(editor);
-        closeBothWays(call, guest.hWnd(), editor, [&] { return world.editorText(editor); });
+        closeBy({Key::enter, Key::escape}, call, guest.hWnd(), editor,
+                [&] { return world.editorText(editor); });
         CHECK(World::until([editor] { return IsWindowEnabled(win32::native(editor)) != FALSE; }));
         guest.unload();
         world.closeWindow(editor);
+    }
+}
+
+TEST_CASE("a dialog of the system gives the keyboard back to another window than that which it stands on") {
+    World world;
+    world.writeFile(world.path("a.txt"), "");
+    MainForm main;
+    const platform::HWND host = world.openEditor();
+    Guest guest(host);
+    const platform::HWND editor = world.openEditor();
+    for (const Call& call : calls(world)) {
+        CAPTURE(std::string(call.name));
+        REQUIRE(World::until([editor] {
+            SetForegroundWindow(win32::native(editor));
+            return World::foreground() == editor;
+        }));
+        contract::withUser(
+            contract::dialogClass, [&] { call.show(guest.hWnd()); },
+            [&](HWND dialog) {
+                contract::comes([dialog] { return contract::hasKeyboard(dialog); });
+                // The system would take the next window behind the dialog.
+                SetWindowPos(win32::native(editor), HWND_BOTTOM, 0, 0, 0, 0,
+                             SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+                contract::closeBy(dialog, Key::escape);
+            });
+        CHECK(World::foreground() == editor);
     }
 }
 
