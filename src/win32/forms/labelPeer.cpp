@@ -42,13 +42,25 @@ class LabelPeer : public WindowPeer {
         const bool tight = !label_.border && !label_.backColour();
         if (handle() == nullptr || (!label_.autoSize && !tight))
             return place;
-        const SIZE text = textSize(place.right - place.left);
+        SIZE text = textSize(place.right - place.left, label_.wordWrap || !label_.autoSize);
         if (label_.autoSize)
             return {place.left, place.top, place.left + text.cx, place.top + text.cy};
-        const LONG spare = std::max<LONG>(0, place.right - place.left - text.cx);
+        const LONG room = place.right - place.left;
+        LONG taken = std::min(room, text.cx);
+        // At a finer resolution a line may come out a little wider than in the design and no longer fit. It
+        // is shown in one line all the same, and reaches out of its box.
+        constexpr int reach = 4; // pixels of the design
+        const forms::Resolution resolution = label_.resolution();
+        if (resolution != forms::Resolution() && text.cy > place.bottom - place.top)
+            if (const SIZE line = textSize(room, false); line.cx <= room + resolution.scaled(reach)) {
+                text = line;
+                taken = line.cx;
+            }
+        // One that ends at a field may have hardly any room at its left, so it reaches out at both sides.
+        const LONG spare = room - taken;
         if (label_.alignment != forms::Alignment::left)
-            place.left += label_.alignment == forms::Alignment::right ? spare : spare / 2;
-        place.right = std::min(place.right, place.left + text.cx);
+            place.left += label_.alignment == forms::Alignment::right && spare >= 0 ? spare : spare / 2;
+        place.right = place.left + taken;
         place.bottom = std::min(place.bottom, place.top + text.cy);
         return place;
     }
@@ -76,9 +88,8 @@ class LabelPeer : public WindowPeer {
         InvalidateRect(handle(), nullptr, TRUE);
     }
 
-    /// Size of a window that holds the text; the text wraps at the width, unless the label grows with it.
-    SIZE textSize(LONG width) const {
-        const bool wraps = label_.wordWrap || !label_.autoSize;
+    /// Size of a window that holds the text, which wraps at the width or stays in one line.
+    SIZE textSize(LONG width, bool wraps) const {
         const HDC dc = GetDC(handle());
         const HGDIOBJ former =
             SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageA(handle(), WM_GETFONT, 0, 0)));

@@ -6,6 +6,7 @@
 #include "setup/frmSetup.h"
 #include "store/frmIconChooser.h"
 #include "store/state.h"
+#include "store/textCatalogue.h"
 #include "win32/common/native.h"
 
 #include <doctest/doctest.h>
@@ -96,9 +97,16 @@ class Measuring {
                 needs(label.caption(), sizeOf(window).cx, room);
                 break;
             }
-            const SIZE text = textSize(window, label.caption(), width);
-            needs(label.caption(), text.cx, width);
-            needs(label.caption() + " (height)", text.cy, height);
+            // Its window may reach out of the label's room, to the edge of what it stands in.
+            const SIZE seen = sizeOf(window);
+            const SIZE text = textSize(window, label.caption(), seen.cx);
+            needs(label.caption(), text.cx, seen.cx);
+            needs(label.caption() + " (height)", text.cy, seen.cy);
+            RECT place{};
+            GetWindowRect(window, &place);
+            MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
+            needs(label.caption() + " (left edge)", 1, place.left);
+            needs(label.caption() + " (right edge)", place.right, sizeOf(GetParent(window)).cx);
             break;
         }
         case ControlKind::checkBox:
@@ -168,7 +176,11 @@ TEST_CASE("no text of the setup is cut at any resolution, in neither language" *
             CAPTURE(language);
             CAPTURE(dpi);
             form.setResolution(Resolution(dpi));
-            CHECK(cut(form) == "");
+            // The name of the first field follows the kind of the entry.
+            for (const std::int32_t name : {1002, 1052}) {
+                form.labPath[0].setCaption(store::LoadResString(name + language));
+                CHECK(cut(form) == "");
+            }
         }
     }
 }
