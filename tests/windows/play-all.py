@@ -25,7 +25,7 @@ ALONE = {"manyWindows"}  # its hundreds of windows keep the machine busy by them
 # Seconds that the long ones take on a machine with two cores; the longest begin first, so that none is left over at the
 # end while nothing plays beside it.
 SECONDS = {"contract": 130, "contract-932": 130, "contract-65001": 130, "dropDowns": 124, "checkKit": 93, "setupOptions": 52,
-           "hungHost": 48, "hungHostEnd": 42, "keyboard": 42, "iconChooser": 37, "appearance": 35, "brokenSettings": 35, "sessionEnd": 31,
+           "hungHost": 48, "hungHostEnd": 42, "keyboard": 42, "iconChooser": 37, "dialogScreens": 40, "brokenSettings": 35, "sessionEnd": 31,
            "resolutions": 30, "installer": 29, "helpExamples": 26, "hostLife": 24}
 
 

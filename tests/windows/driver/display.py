@@ -17,14 +17,14 @@ TRAY_HEIGHT = 32  # at the bottom
 class Display:
     """Use it in a with statement. `environment` is what programs on the display need."""
 
-    def __init__(self):
+    def __init__(self, width=WIDTH, height=HEIGHT):
         # Who is told to end clears away as well: with statements end in good order.
         signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
         read, write = os.pipe()
         # Without a reset: the look for the window manager could be the only client, and its end would throw out the
         # window manager that is about to connect.
         self._server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-nolisten", "tcp", "-ac",
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp", "-ac",
              "-noreset"],
             pass_fds=[write], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(write)
@@ -39,7 +39,7 @@ class Display:
             self.close()
             raise RuntimeError("the window manager does not start")
         # A plain colour behind the windows, so that their edges are seen in pictures. It reports a failure always.
-        subprocess.run(["display", "-window", "root", "-size", f"{WIDTH}x{HEIGHT}", "xc:#3A6EA5"],
+        subprocess.run(["display", "-window", "root", "-size", f"{width}x{height}", "xc:#3A6EA5"],
                        env=self.environment, stderr=subprocess.DEVNULL, check=False)
         self._clients.append(self._start("trayer", "--edge", "bottom", "--align", "right", "--SetDockType", "true",
                                          "--widthtype", "pixel", "--width", "200", "--heighttype", "pixel",

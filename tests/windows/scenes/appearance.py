@@ -1,9 +1,6 @@
-"""Screens of other kinds: 120 and 144 dpi, where the program draws its dialogs larger, and a theme of high contrast. The
-pictures are for looking at. Toolbar and calculator at these resolutions are the scene resolutions."""
+"""A theme of high contrast. The pictures are for looking at."""
 
-from functools import partial
-
-from play import play_on_each
+from play import play
 
 from driver import settings
 from driver.desktop import Rect
@@ -12,7 +9,7 @@ from driver.tray import Tray
 from driver.waiting import poll
 
 PAGES = ("general", "board", "schematic", "library")
-WIDTH, HEIGHT = 452, 625  # of the setup without its frame, in pixels of 96 dpi, as all places here
+WIDTH, HEIGHT = 452, 625  # of the setup without its frame
 BLACK, WHITE, GREEN, VIOLET = "0 0 0", "255 255 255", "0 255 0", "128 0 128"
 BLACK_THEME = {
     "Control Panel\\Colors": {
@@ -40,7 +37,7 @@ def all_pages(stage, checks, name):
     form = setup.comes()
     if not checks.that(form, f"{name}: the setup opens"):
         return
-    checks.that(form.client.width == WIDTH and form.client.height >= HEIGHT, f"{name}: in its size", form.client)
+    checks.that((form.client.width, form.client.height) == (WIDTH, HEIGHT), f"{name}: in its size", form.client)
     for number, page in enumerate(PAGES):
         setup.turn_to(number)
         if number:
@@ -59,13 +56,6 @@ def message(stage, checks, name):
         stage.wait_for_focus(box[0].handle)
         stage.picture(f"{name}-message", box[0].place)
         stage.screen.key("Return")
-
-
-def resolution(stage, checks, name):
-    stage.start_kestrel(text())
-    poll(Tray(stage).icon)
-    all_pages(stage, checks, name)
-    message(stage, checks, name)
 
 
 def pixel(stage, x, y):
@@ -91,7 +81,4 @@ def high_contrast(stage, checks):
 
 
 if __name__ == "__main__":
-    play_on_each(__file__, {
-        "120": (partial(resolution, name="120"), {"dpi": 120}),
-        "144": (partial(resolution, name="144"), {"dpi": 144}),
-        "contrast": (high_contrast, {"registry": BLACK_THEME})})
+    play(__file__, high_contrast, registry=BLACK_THEME)
