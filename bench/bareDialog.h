@@ -16,7 +16,11 @@ class BareDialog {
     BareDialog(const BareDialog&) = delete;
     BareDialog& operator=(const BareDialog&) = delete;
 
-    /// Makes the same windows with the same rows, shows them until they are painted, and closes them.
+    /// Makes the same windows with the same rows, in a host, or by itself without one. The caller's to
+    /// destroy.
+    HWND open(HWND host) const;
+
+    /// The same, shows them until they are painted, and closes them.
     void openAndClose() const;
 
   private:

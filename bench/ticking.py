@@ -13,7 +13,7 @@ from driver import paths, settings
 from driver.stage import KESTREL, Stage
 from driver.tray import Tray
 from driver.waiting import poll
-from measuring import BITS, FOLDER, processes
+from measuring import BITS, FOLDER, cpu_seconds, processes
 from work import PICTURES, row
 
 WINDOWS = (10, 100, 500)
@@ -24,15 +24,6 @@ BENCH = FOLDER + "\\tick-bench.exe"
 # How much of the bare program the ticks may be, with no editor or all behind the other windows.
 MOST = {10: "1.00", 100: "0.65", 500: "0.50"}
 MOST_IN_FRONT = "1.05"
-
-
-def cpu_seconds(process):
-    """CPU time of a process so far: of its threads, exact where the kernel tells."""
-    try:
-        return sum(int((thread / "schedstat").read_text().split()[0]) for thread in (process / "task").iterdir()) / 1e9
-    except FileNotFoundError:
-        fields = (process / "stat").read_text().rsplit(")", 1)[1].split()
-        return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
 
 class Looks:

@@ -1,20 +1,19 @@
 """What is measured under Wine, each beside a bare counterpart. Each gives the rows of the report one after the other."""
 
+import statistics
+
 import raw
-from driver import paths
-from driver.stage import Stage
+from driver import paths, settings
+from driver.stage import KESTREL, Stage
 from driver.tray import Tray
 from driver.waiting import poll
 from measuring import BITS, FOLDER, Bench, private_kb
 
-ROUNDS = 3
+ROUNDS = 5
 STARTS = 8
+OTHERS = 300
 BUTTONS = "3 lists of 200 buttons"
 PICTURES = paths.BUILD / "bench"
-
-
-def mean(values):
-    return sum(values) / len(values)
 
 
 def row(work, own, bare, unit, most, digits=2):
@@ -29,12 +28,13 @@ def costs(bench, works):
 
 
 def in_turn(bench, work, bare, few, many, size=None, rounds=ROUNDS):
-    """Milliseconds of both for one round of their work. In turn, so that what else the machine does meets both alike."""
+    """Milliseconds of both for one round of their work, the middle of some: in turn, so that what else the machine does meets
+    both alike, and one that it met hard does not count."""
     pairs = []
     for turn in range(rounds):
         pairs.append([bench.each(name, few, many, *([size] if size else [])) for name in (work, bare)])
         raw.note("work", work=work, size=size or "", round=turn, own_ms=pairs[-1][0], bare_ms=pairs[-1][1])
-    return [mean(values) for values in zip(*pairs)]
+    return [statistics.median(values) for values in zip(*pairs)]
 
 
 def load(display):
@@ -42,15 +42,19 @@ def load(display):
         for buttons, many in ((100, 22), (400, 8)):
             yield row(f"`loadVarBar`, {buttons} buttons with icons", *in_turn(bench, "load", "load-bare", 2, many, buttons), "ms",
                       "1.00")
+    with Bench(display, "win-bench", "windows", OTHERS) as bench:
+        yield row(f"A new board beside {OTHERS} windows: tick, toolbar with 40 buttons, calculator",
+                  *in_turn(bench, "editor", "editor-bare", 2, 12), "ms", "1.20")
 
 
 def start(display):
     with Bench(display, "start-bench", "tray") as bench:
         works = ("start", "splash", "nothing", "start-bare")
-        whole, splash, nothing, bare = (mean(times) for times in zip(*(costs(bench, works) for _ in range(STARTS))))
+        whole, splash, nothing, bare = (statistics.median(times) for times in zip(*(costs(bench, works) for _ in range(STARTS))))
         yield row("Start to tray icon, without the splash", whole - (splash - nothing), bare, "ms", "1.15")
         yield row("Key release to the result in the other field", *in_turn(bench, "keys", "keys-bare", 50, 1050), "ms", "1.20")
     yield row("Private memory with the tray icon", *start_memory(), "KB", "1.15", 0)
+    yield f"| Private memory of one more toolbar with 40 buttons | {toolbar_memory():.0f} KB | | | 150 KB |"
 
 
 def start_memory():
@@ -66,10 +70,27 @@ def start_memory():
         return private_kb(stage.prefix, "kestrel.exe"), private_kb(stage.prefix, "start-bench.exe")
 
 
+def toolbar_memory():
+    """KB that each of some toolbars takes, what the first ones bring along for all left out."""
+    rows = [settings.button(f"Button {number}", "window fit", tooltip="a tip", icon=KESTREL + "\\brd.ico,0") for number in range(40)]
+    before, more = 2, 6
+    with Stage(BITS, PICTURES) as stage:
+        eagle = stage.start_eagle()
+        stage.start_kestrel(settings.made({"autoToolbar": 0}, board=rows))
+        used = []
+        for number in range(before + more):
+            board = eagle.open("board", f"C:\\work\\board{number}.brd")
+            if not stage.toolbar(board):
+                raise RuntimeError(f"the toolbar of board {number} is missing")
+            used.append(private_kb(stage.prefix, "kestrel.exe"))
+        raw.note("memory", **{f"toolbars_{number + 1}_kb": kb for number, kb in enumerate(used)})
+        return (used[-1] - used[before - 1]) / more
+
+
 def setup(display):
     """An OK closes the dialog, so each has an opening of its own, which is taken off again."""
     with Bench(display, "win-bench", "windows", 1) as bench:
         opening, bare = in_turn(bench, "setup-open", "setup-open-bare", 1, 11)
         yield row(f"Opening the setup, {BUTTONS}", opening, bare, "ms", "1.50")
-        both, bare = in_turn(bench, "setup-ok", "setup-ok-bare", 1, 4)
+        both, bare = in_turn(bench, "setup-ok", "setup-ok-bare", 1, 4, rounds=3)
         yield row(f"OK of the setup, {BUTTONS}", both - opening, bare, "ms", "1.05", 0)
