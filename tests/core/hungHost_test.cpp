@@ -1,6 +1,7 @@
 // A host that is busy for a moment or hangs: what the program asks of it waits there, and the program does
 // not.
 #include "desktop/program.h"
+#include "platform/user32.h"
 #include "toolbars/buttonTag.h"
 
 #include <doctest/doctest.h>
@@ -65,6 +66,17 @@ TEST_CASE(
     program.desk().hang(program.board, minute);
     program.click();
     CHECK(program.desk().now - begin < 3'000);
+    REQUIRE(program.desk().typed.size() == 1);
+    CHECK(program.desk().typed[0].window == program.board);
+}
+
+TEST_CASE("what was to come in front long ago and did not answer gets no command of another window") {
+    Host program;
+    constexpr std::uint32_t other = 8;
+    const HWND panel = program.desk().openWindow("Control Panel", {0, 0, 400, 300}, other);
+    program.desk().hang(panel, minute);
+    program.desk().event([&] { platform::BringWindowToTop(panel); });
+    program.click();
     REQUIRE(program.desk().typed.size() == 1);
     CHECK(program.desk().typed[0].window == program.board);
 }

@@ -187,7 +187,8 @@ class World {
     bool answers(HWND window);
     /// Now, or when the window's program wakes.
     void whenAwake(HWND window, const std::function<void()>& change);
-    /// Was to come in front and did not answer; whoever can wait brings it there.
+    /// Was to come in front and did not answer; whoever can wait brings it there. Forgotten with the next
+    /// event.
     HWND owedKeyboard = HWND::none;
     /// The window dies with all that stands in it.
     void closeWindow(HWND handle);

@@ -255,6 +255,7 @@ void World::killProcess(std::uint32_t id) {
 bool World::event(const std::function<void()>& code) {
     if (ended)
         return false;
+    owedKeyboard = HWND::none;
     try {
         const Turn programs(true);
         runtime::guarded(code);
@@ -287,6 +288,7 @@ bool World::fireNext(std::int64_t limit) {
     wake();
     first->due = now + first->timer->interval();
     forms::Timer* const timer = first->timer;
+    owedKeyboard = HWND::none;
     const Turn programs(true);
     runtime::guarded([timer] { timer->elapsed(); });
     return true;
