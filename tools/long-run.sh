@@ -15,6 +15,7 @@ cd "$PROJECT" || exit 1
 steps=(
     'native-random 50 build/native/bin/kestrel-tests -ob=rand -rs=$round'
     'users-check 3 "$PYTHON" tests/windows/whole-check.py'
+    'native-walk 100 nativeWalk'
     'native-growth 1 KESTREL_GROWTH=50 build/native/bin/kestrel-tests -ts=core/growth'
     'win32-growth 4 growth i686'
     'win64-growth 4 growth x86_64'
@@ -32,6 +33,16 @@ steps=(
 growth() {
     PYTHONPATH=tests/windows timeout -k 10 3600 "$PYTHON" -m driver.display \
         tools/wine-run.sh --env KESTREL_GROWTH=12 "build/$1/bin/contract-tests.exe" -ts=contract/windows/growth
+}
+
+# Ten worlds of 10,000 events, with seeds that have not been played yet. tests/walk/effort.tsv keeps a line for each
+# round: date, first seed, worlds, events.
+nativeWalk() {
+    local kept=tests/walk/effort.tsv first
+    tools/build.sh native-release kestrel-walk || return 1
+    first=$(awk '$2 + $3 > behind { behind = $2 + $3 } END { print behind ? behind : 1 }' "$kept")
+    build/native-release/bin/kestrel-walk 10 "$first" || return 1
+    printf '%s\t%d\t%d\t%d\n' "$(date +%F)" "$first" 10 100000 >>"$kept"
 }
 
 commit=$(git rev-parse --short=10 HEAD)
