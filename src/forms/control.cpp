@@ -174,16 +174,16 @@ void Container::makePeers() {
         child->makePeers();
 }
 
-// Needs no memory: where none is left the windows go all the same.
+// Both need no memory, where none is left the windows go all the same, and a control may go meanwhile.
 void Container::dropPeers() {
-    for (std::size_t child = 0; child < controls_.size(); ++child)
-        controls_[child]->dropPeers();
+    for (std::size_t next = 0; next < controls_.size();)
+        controls_[next++]->dropPeers();
     Control::dropPeers();
 }
 
 void Container::windowLost() {
-    for (std::size_t child = 0; child < controls_.size(); ++child)
-        controls_[child]->windowLost();
+    for (std::size_t next = 0; next < controls_.size();)
+        controls_[next++]->windowLost();
     Control::windowLost();
 }
 
