@@ -130,18 +130,18 @@ void hostJoined(HWND host) {
         part(thread, joined);
 }
 
+// Needs no memory: it is called where nothing may fail.
 void partFromSilentHosts() {
-    std::vector<DWORD> threads;
-    for (const auto& [thread, host] : hosts())
-        threads.push_back(thread);
-    for (const DWORD thread : threads) {
-        // While another one was waited for it may have come or gone.
-        Host* host = find(thread);
-        if (host == nullptr || host->silent || !lives(*host) || windowAnswers(host->windows.front()))
-            continue;
-        host = find(thread);
-        if (host != nullptr && lives(*host))
-            part(thread, *host);
+    for (auto next = hosts().begin(); next != hosts().end();) {
+        const DWORD thread = next->first;
+        // While another one is waited for it may come or go.
+        Host* host = &next->second;
+        if (!host->silent && lives(*host) && !windowAnswers(host->windows.front())) {
+            host = find(thread);
+            if (host != nullptr && lives(*host))
+                part(thread, *host);
+        }
+        next = hosts().upper_bound(thread);
     }
 }
 

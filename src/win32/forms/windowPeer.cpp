@@ -65,7 +65,8 @@ WindowPeer::~WindowPeer() {
     if (handle_ != nullptr) {
         const HWND window = handle_;
         handle_ = nullptr;
-        shadowed()[window].peer = nullptr;
+        if (const auto found = shadowed().find(window); found != shadowed().end())
+            found->second.peer = nullptr;
         setToolTip(window, {});
         destroyWindow(window);
     }
