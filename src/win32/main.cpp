@@ -3,6 +3,7 @@
 #include "runtime/guard.h"
 #include "runtime/outOfMemory.h"
 #include "win32/common/messages.h"
+#include "win32/common/processEnd.h"
 #include "win32/common/processSettings.h"
 #include "win32/platform/hosts.h"
 
@@ -33,6 +34,5 @@ void run() {
 int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*commandLine*/, int /*show*/) {
     runtime::raiseOutOfMemory();
     runtime::guarded(run);
-    // Without the library's own end: a thread that waits for a server may still read what that would destroy.
-    ExitProcess(0);
+    win32::endProcess();
 }

@@ -5,6 +5,7 @@
 #include "runtime/text.h"
 #include "win32/common/focusKeeper.h"
 #include "win32/common/native.h"
+#include "win32/common/processEnd.h"
 #include "win32/common/systemDialog.h"
 #include "win32/platform/help.h"
 #include "win32/platform/hosts.h"
@@ -170,7 +171,7 @@ void endProgram() {
     win32::SystemDialog::enableHosts();
     win32::FocusKeeper::leaveAll();
     win32::closeHelp();
-    ExitProcess(0);
+    win32::endProcess();
 }
 
 } // namespace platform

@@ -3,6 +3,7 @@
 #define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>
 
+#include "contract/windows/endedProcess.h"
 #include "contract/windows/faultingTimer.h"
 #include "contract/windows/files.h"
 #include "contract/windows/orders.h"
@@ -111,6 +112,8 @@ int main(int count, char** arguments) {
         return contract::otherProgramMain();
     if (count > 1 && std::strcmp(arguments[1], contract::faultingTimerArgument) == 0)
         return contract::faultingTimerMain();
+    if (count > 1 && std::strcmp(arguments[1], contract::endedProcessArgument) == 0)
+        return contract::endedProcessMain();
     if (count > 1 && std::strcmp(arguments[1], contract::withoutViewsArgument) == 0)
         return contract::withoutViewsMain();
     if (!windowsCanBeMade()) {
