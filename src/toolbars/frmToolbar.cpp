@@ -70,7 +70,8 @@ void frmToolbar::followResolution(forms::Resolution resolution) {
     ImageList1.setResolution(resolution);
     setResolution(resolution);
     // Icons of files and our own are drawn in several sizes: what was taken for the former one is not grown.
-    loadVarBar();
+    // The list may have other rows by now than the form has been made high enough for.
+    rebuild();
     platform::MoveWindow(window(), x, y, resolution.toPixels(width()), resolution.toPixels(height()), true);
 }
 

@@ -210,6 +210,33 @@ TEST_CASE("on its new screen a toolbar shows the pictures of one that was made t
     CHECK(moved.toolbar.buttons().size() == 3);
 }
 
+TEST_CASE("on its new screen a toolbar has room for a list that has grown meanwhile") {
+    const auto rows = [](int count) {
+        std::string text = "[board]\n";
+        for (int row = 1; row <= count; ++row)
+            for (const char* line : {"name=a\n", "path=a\n", "dialog=0\n", "type=1\n"})
+                text += std::to_string(row) + line;
+        return text;
+    };
+    OnScreens program;
+    program.desk().writeSettings(rows(1));
+    program.desk().screens = {{96}, {144}};
+    const HWND host = program.open(Awareness::perMonitor, 1024);
+    program.ticks(1);
+    const toolbars::frmToolbar& moved = program.toolbar(EditorKind::board, 1);
+    // One that is made later reads the list anew; this one keeps its buttons.
+    program.desk().writeSettings(rows(12));
+    const HWND other = program.open(Awareness::perMonitor, 1024);
+    program.ticks(1);
+    program.desk().closeWindow(other);
+    REQUIRE(moved.toolbar.buttons().size() == 2);
+    program.desk().window(host).screen = 1;
+    program.ticks(1);
+    CHECK(moved.toolbar.buttons().size() == 13);
+    CHECK(moved.toolbar.height() == 990);
+    CHECK(moved.scaleHeight() == 990);
+}
+
 TEST_CASE("a toolbar without a calculator follows its host alone") {
     OnScreens program;
     store::unitCalcActive = 0;
