@@ -56,6 +56,11 @@ void Form::adoptResolution(Resolution resolution, Resolution frame) {
     const FrameExtent extent = frameExtent(*this);
     resolutionChanged();
     assignPixels(toPixels(width) + extent.width, toPixels(height) + extent.height);
+    // In a host of the older view of each screen the system draws the frame as the main screen has it.
+    // What the client area has got by that would count as assigned on the next screen. The height may be
+    // the form's own choice by now.
+    if (const int missing = toPixels(width) - toPixels(scaleWidth_); missing != 0)
+        assignPixels(toPixels(this->width()) + missing, toPixels(this->height()));
 }
 
 Resolution Form::fitting(Resolution screen, const platform::RECT& workArea) const {

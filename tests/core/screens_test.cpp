@@ -250,6 +250,26 @@ TEST_CASE("a toolbar without a calculator follows its host alone") {
     CHECK(program.form().calculators.size() == 1);
 }
 
+TEST_CASE("a toolbar keeps its width through changes of screens that leave its frame as it is") {
+    OnScreens program;
+    program.desk().framesOfMainScreen = true;
+    program.desk().screens = {{96}, {144}};
+    const HWND host = program.open(Awareness::perMonitor, 1024);
+    program.ticks(1);
+    const RECT before = program.bar().rect;
+    for (int trip = 1; trip <= 3; ++trip) {
+        CAPTURE(trip);
+        program.desk().window(host).screen = 1;
+        program.ticks(1);
+        // 180 pixels and the frame's 8 of 96 dpi.
+        CHECK(program.barWidth() == 188);
+        CHECK(program.toolbar(EditorKind::board, 1).scaleWidth() == 1800);
+        program.desk().window(host).screen = 0;
+        program.ticks(1);
+        CHECK(program.bar().rect == before);
+    }
+}
+
 TEST_CASE("a host that knows no other screens is not followed") {
     for (const Awareness awareness : {Awareness::unaware, Awareness::system}) {
         OnScreens program;

@@ -364,6 +364,9 @@ class World {
     /// How often the system has changed the view of the program, since a window of it went into one of
     /// another view.
     int awarenessResets = 0;
+    /// Whether the view of each screen is the older one, in which the system draws frames as the main screen
+    /// has them.
+    bool framesOfMainScreen = false;
     int dpiSeen(Awareness by, HWND window);
     /// A top-level window comes to stand on a screen, at a corner that the user has chosen. One that knows of
     /// screens hears if they differ.

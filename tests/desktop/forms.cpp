@@ -22,6 +22,13 @@ RECT pixelRect(const forms::Control& control) {
             top + resolution.toPixels(control.height())};
 }
 
+/// What the system draws around a form.
+forms::FrameExtent drawnFrame(const forms::Form& form) {
+    return world().framesOfMainScreen
+               ? forms::frameExtent(form, forms::Resolution(world().screens.front().dpi))
+               : forms::frameExtent(form);
+}
+
 class WindowPeer : public forms::Peer {
   public:
     explicit WindowPeer(forms::Control& control) : control_(control), position_(pixelRect(control)) {
@@ -32,7 +39,7 @@ class WindowPeer : public forms::Peer {
         made.visible = control.visible();
         made.destroyed = [this](const Window& gone) { died(gone.parent); };
         if (auto* form = dynamic_cast<forms::Form*>(&control)) {
-            const forms::FrameExtent extent = forms::frameExtent(*form);
+            const forms::FrameExtent extent = drawnFrame(*form);
             made.frameWidth = extent.width;
             made.frameHeight = extent.height;
             made.title = form->caption();
@@ -88,8 +95,8 @@ class WindowPeer : public forms::Peer {
         const bool anew = property == forms::Property::resolution;
         if (const auto* form = dynamic_cast<forms::Form*>(&control_); form != nullptr && anew) {
             // The system draws title bar and frame as large as the screen has them.
-            window->frameWidth = forms::frameExtent(*form).width;
-            window->frameHeight = forms::frameExtent(*form).height;
+            window->frameWidth = drawnFrame(*form).width;
+            window->frameHeight = drawnFrame(*form).height;
         }
         if (property == forms::Property::position || (anew && control_.kind() == forms::ControlKind::frame))
             move(*window);
