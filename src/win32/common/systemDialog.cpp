@@ -91,6 +91,8 @@ SystemDialog::~SystemDialog() {
 }
 
 void SystemDialog::makeOwner(HWND above) {
+    // The dialog itself is our own.
+    const Seeing seen(viewOf(above));
     static const ATOM known = [] {
         WNDCLASSA description{};
         description.lpfnWndProc = hear;

@@ -16,6 +16,7 @@
 #include "platform/user32.h"
 #include "win32/common/holding.h"
 #include "win32/common/native.h"
+#include "win32/common/systemDialog.h"
 #include "win32/common/systemLibrary.h"
 #include "win32/common/views.h"
 
@@ -300,6 +301,24 @@ TEST_CASE("a dialog that a click in a host leads to is made in our own view, and
             CHECK(viewOfThread() == own);
         }
         CHECK(viewOfThread() == view);
+    }
+}
+
+TEST_CASE(
+    "what a dialog of the system stands on is made in the view of what is behind it, and the dialog in ours" *
+    doctest::skip(!hasViews())) {
+    const World world;
+    const int own = viewOfThread();
+    for (const int view : views) {
+        CAPTURE(view);
+        const Host host(view);
+        // Else, of our own process, it would be owner enough.
+        ShowWindow(native(host.window()), SW_HIDE);
+        const win32::SystemDialog shown(native(host.window()));
+        REQUIRE(shown.owner() != nullptr);
+        CHECK(GetWindow(shown.owner(), GW_OWNER) == native(host.window()));
+        CHECK(viewOf(shown.owner()) == view);
+        CHECK(viewOfThread() == own);
     }
 }
 
