@@ -142,7 +142,7 @@ def programs(checks):
             checks.that(utf16(packages.version()) in data, f"{bits}: {name} bears the project's version")
             checks.that(b'level="asInvoker"' in data, f"{bits}: {name} asks for no administrator")
         checks.that(f'name="Kestrel" version="{packages.version()}.0"'.encode() in program, f"{bits}: so does its manifest")
-        checks.that(re.search(rb"<dpiAware [^>]*>true</dpiAware>\s*<dpiAwareness [^>]*>PerMonitorV2</dpiAwareness>", program),
+        checks.that(re.search(rb"<dpiAware [^>]*>true</dpiAware>\s*<dpiAwareness [^>]*>PerMonitorV2, system</dpiAwareness>", program),
                     f"{bits}: which says that it knows each screen's resolution")
         header = int.from_bytes(program[0x3C:0x40], "little")
         checks.equal(program[header + 8:header + 12], bytes(4), f"{bits}: kestrel.exe does not hold the time of its making")
