@@ -13,7 +13,7 @@ class HungEagle:
         self.beside = self.other.open("board", "C:\\work\\beside.brd")
         self.beside.place(0, 0, 700, 500)
         self._eagle = stage.start_eagle()
-        self._opened = 0
+        self.boards = []
         self._order = self._toolbar = self.board = None
 
     def joined(self):
@@ -22,8 +22,8 @@ class HungEagle:
 
     def ready(self):
         """Opens a window and waits until that has a toolbar and the keyboard. False if it has not come to that."""
-        self._opened += 1
-        self.board = self._eagle.open("board", f"C:\\work\\hung{self._opened}.brd")
+        self.board = self._eagle.open("board", f"C:\\work\\hung{len(self.boards) + 1}.brd")
+        self.boards.append(self.board)
         self.board.place(800, 20, 700, 500)
         self.board.to_front()
         self._toolbar = self._stage.toolbar(self.board)

@@ -2,6 +2,7 @@
 
 import os
 
+from calculator import LEFT, fields, focused, texts
 from play import play
 
 from driver import settings
@@ -19,6 +20,7 @@ ROWS = [button("Fit", "window fit"), button("Input", "ripup", dialog=settings.IN
         button("File", "run", dialog=settings.FILE_DIALOG, param=FILE_DIALOG)]
 SETTINGS = "[global]\nlanguage=10000\n" + settings.made({"autoToolbar": 0, "EAGLEpath": "C:\\nowhere\\eagle.exe"},
                                                          board=ROWS, schematic=ROWS, library=ROWS)
+SETTINGS += "[Unit]\nVisible=1\n"
 OURS = "EAGLE Kestrel Bench"
 
 
@@ -72,7 +74,8 @@ def menu(stage):
 
 def info(stage):
     def splash():
-        return [form for form in stage.look().top(class_name="KestrelForm") if form.text == ""]
+        # Not the form that a calculator's frame has left.
+        return [form for form in stage.look().top(class_name="KestrelForm") if form.text == "" and form.place.width > 0]
     return Tray(stage).choose("info") and poll(splash, IN_TIME) and poll(lambda: not splash(), IN_TIME)
 
 
@@ -81,6 +84,16 @@ def run_request(stage):
     written.write_text("C:\\windows\\notepad.exe")
     os.rename(written, stage.prefix.path(KESTREL + "\\execute.txt"))
     return poll(lambda: top(stage, "Notepad"), IN_TIME)
+
+
+def converts(stage, editor, mils, millimetres):
+    """Typed into the calculator in the window of the EAGLE that has got a toolbar last. Wine joins our input with one EAGLE at a
+    time only, so that a field in another's window cannot have the focus there."""
+    stage.screen.click(*fields(stage, editor)[LEFT].place.middle)
+    if not focused(stage, editor, LEFT):
+        return False
+    stage.screen.type(mils)
+    return poll(lambda: texts(stage, editor) == [mils, millimetres], IN_TIME)
 
 
 def from_the_tray(stage, trial):
@@ -108,6 +121,13 @@ def by_itself(stage, trial, other):
     trial.comes_and_stays("a run request", lambda: run_request(stage))
 
 
+def nothing_lost(stage, checks, eagle):
+    """Each board that has hung has kept what it had."""
+    editors = [eagle.beside, *eagle.boards]
+    counted = [(len(stage.toolbars(editor)), len(fields(stage, editor))) for editor in editors]
+    checks.equal(counted, [(1, 2)] * len(editors), "each board has its toolbar and its calculator")
+
+
 def story(stage, checks):
     eagle = HungEagle(stage)
     trial = Trial(checks, eagle)
@@ -120,6 +140,8 @@ def story(stage, checks):
     stage.click_button(eagle.board, FIT)
     poll(eagle.board.executed)
     checks.equal(eagle.board.executed(), ["window fit"], "the toolbar in the EAGLE that hung works again")
+    checks.that(converts(stage, eagle.board, "500", "12.7"), "so does its calculator", texts(stage, eagle.board))
+    nothing_lost(stage, checks, eagle)
     checks.that(stage.witness.runs(kestrel), "Kestrel goes on")
     fronts = [event.words[1] for event in stage.witness.events("front")]
     checks.that(OURS not in fronts, "no toolbar has been in front, not for a moment", fronts)

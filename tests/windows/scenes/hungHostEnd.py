@@ -1,7 +1,7 @@
 """An EAGLE that has the keyboard hangs: Kestrel ends before it wakes, by Exit, by an error, with the session, also while a
 file dialog holds that EAGLE's window, which works again once it has woken."""
 
-from endUnderDialog import main_form
+from endUnderDialog import fail, main_form
 from hungHost import FILE, FILE_DIALOG, IN_TIME, SETTINGS, Trial, comes_and_goes, top
 from play import play
 
@@ -66,13 +66,18 @@ def installers_close(stage):
     return form and stage.witness.send("post", form.handle, WM_CLOSE, 0, 0)
 
 
+def fails(stage):
+    fail(stage)
+    return True
+
+
 def story(stage, checks):
     eagle = HungEagle(stage)
     ends(stage, checks, eagle, "Exit", lambda: Tray(stage).choose("exit"))
     ends(stage, checks, eagle, "an error", lambda: error(stage, eagle.other))
     ends(stage, checks, eagle, "the end of the session", lambda: session_end(stage))
     for words, end in (("Exit", lambda stage: Tray(stage).choose("exit")), ("the installer's close", installers_close),
-                       ("the end of the session", session_end)):
+                       ("the end of the session", session_end), ("an error", fails)):
         under_dialog(stage, checks, eagle, words, end)
 
 
