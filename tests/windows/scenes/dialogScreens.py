@@ -1,7 +1,7 @@
-"""The program's own windows on a screen of 144 dpi, or of those that KESTREL_DPI names (120,192), and on a laptop of 1366 by
-768 pixels at 125 %: in the screen's size, sharp, whole on the screen, each hit by the mouse. All places are in the screen's own
-pixels; sizes named here are those of the design, at 96 dpi. The pictures are for looking at. That no text is cut is measured
-by the contract tests."""
+"""The program's own windows on a screen of 144 dpi, or of those that KESTREL_DPI names (120,192), from 192 on a large one, and
+on a laptop of 1366 by 768 pixels at 125 %: in the screen's size, sharp, whole on the screen, each hit by the mouse. All places are
+in the screen's own pixels; sizes named here are those of the design, at 96 dpi. The pictures are for looking at. That no text is
+cut is measured by the contract tests."""
 
 import os
 from functools import partial
@@ -25,6 +25,8 @@ ICON = 16
 PAGES = ("general", "board", "schematic", "library")
 PAINTED = 10  # colours of what shows icons or a picture
 LAPTOP = 1366, 768
+LARGE = 2560, 1600
+FINE = 192  # dpi at which the setup has no room on an ordinary display
 TITLE = 32  # more than what the title bar takes
 
 
@@ -154,7 +156,8 @@ def text():
 
 
 def story(stage, checks, dpi):
-    screen = Screen(stage, checks, dpi, (WIDTH, HEIGHT))
+    size = LARGE if dpi >= FINE else (WIDTH, HEIGHT)
+    screen = Screen(stage, checks, dpi, size)
     board = stage.start_eagle(arguments="-D monitor").open("board", "C:\\work\\demo.brd")
     board.place(0, 0, round(screen.here(720)), round(screen.here(440)))
     stage.start_kestrel(text())
@@ -163,7 +166,7 @@ def story(stage, checks, dpi):
     splash(screen)
     message(screen)
     error_dialog(screen)
-    pages(screen, screen.here(SETUP[1]) < HEIGHT - 2 * TITLE)
+    pages(screen, screen.here(SETUP[1]) < size[1] - 2 * TITLE)
 
 
 def laptop(stage, checks):
@@ -173,6 +176,7 @@ def laptop(stage, checks):
 
 if __name__ == "__main__":
     play_on_each(__file__, {
-        **{dpi: (partial(story, dpi=int(dpi)), {"dpi": int(dpi), "pixels": True})
+        **{dpi: (partial(story, dpi=int(dpi)),
+                 {"dpi": int(dpi), "pixels": True, "display": Display(*LARGE) if int(dpi) >= FINE else None})
            for dpi in os.environ.get("KESTREL_DPI", "144").split(",")},
         "laptop": (laptop, {"dpi": 120, "pixels": True, "display": Display(*LAPTOP)})})
