@@ -1,8 +1,11 @@
 // The dialogs at the resolutions of finer screens: no text is cut, in neither language, and a form goes along
 // with the message that its screen is another one.
+#include "calculator/frmMil.h"
+#include "contract/windows/beside.h"
 #include "contract/world.h"
 #include "core/frmSplash.h"
 #include "errors/ErrPtnr.h"
+#include "platform/dialogs.h"
 #include "setup/frmSetup.h"
 #include "store/frmIconChooser.h"
 #include "store/state.h"
@@ -15,6 +18,7 @@
 
 #include <commctrl.h>
 
+#include <cstddef>
 #include <string>
 
 namespace {
@@ -50,6 +54,14 @@ SIZE textSize(HWND window, const std::string& text, LONG width) {
     return {area.right, area.bottom};
 }
 
+/// The window's place in its parent.
+RECT placeOf(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
 /// Tells of each text that has no room.
 class Measuring {
   public:
@@ -58,6 +70,8 @@ class Measuring {
     void look(const forms::Container& container) {
         for (forms::Control* control : container.controls()) {
             lookAt(*control);
+            if (control->kind() == ControlKind::label)
+                lookAround(static_cast<forms::Label&>(*control));
             if (const auto* inner = dynamic_cast<const forms::Container*>(control))
                 look(*inner);
         }
@@ -70,6 +84,18 @@ class Measuring {
     void needs(const std::string& text, LONG wanted, LONG has) {
         if (wanted > has)
             tell(text, wanted, has);
+    }
+
+    /// A label comes before what it names, and would cover it. Boxes in a column may share an edge.
+    void lookAround(forms::Label& label) {
+        const RECT place = placeOf(windowOf(label));
+        for (forms::Control* other : label.container()->controls()) {
+            RECT common{};
+            const RECT others = placeOf(windowOf(*other));
+            if (other != &label && !label.border && label.visible() && other->visible() &&
+                IntersectRect(&common, &place, &others) != FALSE)
+                tell(label.caption() + " (beside it)", common.right - common.left, 0);
+        }
     }
 
     /// However many rows they need, they leave the pages their place.
@@ -102,9 +128,7 @@ class Measuring {
             const SIZE text = textSize(window, label.caption(), seen.cx);
             needs(label.caption(), text.cx, seen.cx);
             needs(label.caption() + " (height)", text.cy, seen.cy);
-            RECT place{};
-            GetWindowRect(window, &place);
-            MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
+            const RECT place = placeOf(window);
             needs(label.caption() + " (left edge)", 1, place.left);
             needs(label.caption() + " (right edge)", place.right, sizeOf(GetParent(window)).cx);
             break;
@@ -150,6 +174,35 @@ std::string cut(forms::Form& form) {
     Measuring measuring;
     measuring.look(form);
     return measuring.found;
+}
+
+/// The same for labels and buttons of a form that only its window is known of.
+std::string cutInside(HWND form, int dpi) {
+    std::string found;
+    for (HWND window = GetWindow(form, GW_CHILD); window != nullptr;
+         window = GetWindow(window, GW_HWNDNEXT)) {
+        const bool label = contract::isOfClass(window, "Static");
+        if (!label && !contract::isOfClass(window, "Button"))
+            continue;
+        std::string text(200, '\0');
+        const LRESULT length =
+            contract::ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+        text.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+        const LONG edge = label ? 0 : Resolution(dpi).scaled(3);
+        const SIZE seen = sizeOf(window);
+        const SIZE wanted = textSize(window, text, label ? seen.cx : 0);
+        if (text.empty() || wanted.cx > seen.cx - 2 * edge || wanted.cy > seen.cy - 2 * edge)
+            found += "'" + text + "' at " + std::to_string(dpi) + "; ";
+        for (HWND other = GetWindow(window, GW_HWNDNEXT); other != nullptr;
+             other = GetWindow(other, GW_HWNDNEXT)) {
+            RECT common{};
+            const RECT place = placeOf(window);
+            const RECT others = placeOf(other);
+            if (IntersectRect(&common, &place, &others) != FALSE)
+                found += "'" + text + "' meets another at " + std::to_string(dpi) + "; ";
+        }
+    }
+    return found;
 }
 
 /// Whether texts can be measured: under Wine only the fonts for western languages have the widths of Windows'
@@ -216,6 +269,57 @@ TEST_CASE("no text of the splash and of the error dialog is cut at any resolutio
         CHECK(cut(error) == "");
     }
     splash.unload();
+}
+
+TEST_CASE("no text of the calculator is cut at any resolution, whatever its units" *
+          doctest::skip(!hasWesternFonts())) {
+    const World world;
+    calculator::frmMil form;
+    form.load();
+    for (const int dpi : resolutions)
+        for (const char* unit : {"mil", "Inch", "mm", "cm", "um"}) {
+            CAPTURE(dpi);
+            CAPTURE(std::string(unit));
+            form.setResolution(Resolution(dpi));
+            for (std::size_t side = 0; side < form.labUnit.size(); ++side) {
+                form.labUnit[side].setCaption(unit);
+                const RECT label = placeOf(windowOf(form.labUnit[side]));
+                const RECT field = placeOf(windowOf(form.txtSize[side]));
+                CHECK(label.right <= field.left);
+                const LONG high = form.resolution().toPixels(270);
+                CHECK(label.bottom <= high);
+                CHECK(field.bottom <= high);
+                const HWND window = windowOf(form.txtSize[side]);
+                CHECK(textSize(window, "0.123", 0).cy <= sizeOf(window).cy);
+            }
+            CHECK(cut(form) == "");
+        }
+}
+
+TEST_CASE("no text of the input box is cut at any resolution" * doctest::skip(!hasWesternFonts())) {
+    const World world;
+    std::string found;
+    contract::withUser(
+        "KestrelForm",
+        [] {
+            platform::inputBox(
+                "Signals to rip up, a semicolon behind the last; or the parts to be shown; or the "
+                "layers that are to be seen from now on, by number or name:",
+                "Input Parameter");
+        },
+        [&found](HWND box) {
+            for (const int dpi : resolutions) {
+                RECT place{};
+                GetWindowRect(box, &place);
+                contract::ask(box, WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(dpi, dpi)),
+                              reinterpret_cast<LPARAM>(&place));
+                if (sizeOf(box).cx != Resolution(dpi).toPixels(5400))
+                    found += "it has not followed; ";
+                found += cutInside(box, dpi);
+            }
+            PostMessageA(box, WM_CLOSE, 0, 0);
+        });
+    CHECK(found == "");
 }
 
 TEST_CASE("a form goes along with the message that its screen is another one, once") {
