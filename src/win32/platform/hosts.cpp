@@ -26,34 +26,63 @@ constexpr int letterChain = 4;
 
 /// Used by our thread but for the two that its threads set, and for the queue.
 struct Host {
-    std::atomic<int> busy = 0;          ///< so many threads are at work; two if one of them asks the user
+    std::atomic<int> asking = 0;        ///< so many threads are, beside the queue's
     std::atomic<bool> answered = false; ///< since it was last asked
     ULONGLONG waited = 0;               ///< since its last answer
     ULONGLONG awayUntil = 0;            ///< 0: it is not known to be away
     WorkQueue inTurn;                   ///< what is asked in turn
 };
 
-/// A host's thread from its making to its end, and where none can be made.
+/// A host's thread from its making to its end, and where none can be made. An answer is told of last: who
+/// hears of it finds the host free.
 class Turn {
   public:
-    explicit Turn(std::shared_ptr<Host> host) : host_(std::move(host)) { ++host_->busy; }
-    ~Turn() { --host_->busy; }
+    explicit Turn(std::shared_ptr<Host> host) : host_(std::move(host)) { ++host_->asking; }
+    ~Turn() {
+        --host_->asking;
+        if (answered_)
+            host_->answered = true;
+    }
     Turn(const Turn&) = delete;
     Turn& operator=(const Turn&) = delete;
 
-    void answered() { host_->answered = true; }
-    void workOffQueue() {
-        while (const WorkQueue::Work work = host_->inTurn.next())
+    void answered() { answered_ = true; }
+
+  private:
+    std::shared_ptr<Host> host_;
+    bool answered_ = false;
+};
+
+/// The same of the thread that works a host's queue off. Where it cannot be made the queue is empty again.
+class QueueTurn {
+  public:
+    explicit QueueTurn(std::shared_ptr<Host> host) : host_(std::move(host)) {}
+    ~QueueTurn() {
+        if (!begun_)
+            host_->inTurn.clear();
+    }
+    QueueTurn(const QueueTurn&) = delete;
+    QueueTurn& operator=(const QueueTurn&) = delete;
+
+    void workOff() {
+        begun_ = true;
+        WorkQueue::Work work = host_->inTurn.next();
+        while (work) {
+            bool answered = false;
             try {
-                if (work())
-                    answered();
+                answered = work();
             } catch (
                 const runtime::RuntimeError&) { // nothing is opened, nothing told, and the next one comes
             }
+            work = host_->inTurn.next();
+            if (answered)
+                host_->answered = true;
+        }
     }
 
   private:
     std::shared_ptr<Host> host_;
+    bool begun_ = false;
 };
 
 std::shared_ptr<Host> knownHost(const std::string& name) {
@@ -64,20 +93,25 @@ std::shared_ptr<Host> knownHost(const std::string& name) {
     return host;
 }
 
-/// Whether it is the user that the host's thread waits for.
+/// Whether it is the user that the queue's thread waits for.
 bool asksUser(const Host& host) {
     return showsWindow(host.inTurn.thread());
 }
 
+/// Whether a thread is at work and does not wait for the user. He is looked for first: his answer may be the
+/// end of the work.
+bool hangs(const Host& host) {
+    return host.asking > 0 || (!asksUser(host) && host.inTurn.isAtWork());
+}
+
 /// A host that has answered, if late, is there, and one whose minute has passed may be; not while what was
 /// asked of it hangs.
-bool mayBeAsked(Host& host, ULONGLONG now) {
-    const bool hangs = host.busy > (asksUser(host) ? 1 : 0);
-    if (host.answered.exchange(false) || (host.awayUntil != 0 && now >= host.awayUntil && !hangs)) {
+bool isAway(Host& host, ULONGLONG now) {
+    if (host.answered.exchange(false) || (host.awayUntil != 0 && now >= host.awayUntil && !hangs(host))) {
         host.waited = 0;
         host.awayUntil = 0;
     }
-    return host.awayUntil == 0 && !hangs;
+    return host.awayUntil != 0;
 }
 
 /// Books what was waited for a host since then, and whether it is away.
@@ -186,7 +220,7 @@ bool askHost(std::string_view path, const std::function<bool()>& work) {
     }
     const std::shared_ptr<Host> host = knownHost(name);
     const ULONGLONG begin = GetTickCount64();
-    if (!mayBeAsked(*host, begin))
+    if (isAway(*host, begin) || hangs(*host))
         return false;
     const bool done = doPatiently(
         [turn = std::make_shared<Turn>(host), work] {
@@ -203,17 +237,13 @@ bool askHostInTurn(std::string_view path, const std::function<bool()>& work) {
     if (name.empty())
         return doPatiently(work);
     const std::shared_ptr<Host> host = knownHost(name);
-    // Behind one that is not known to hang.
-    if (host->awayUntil == 0 && host->inTurn.join(work))
-        return false;
     const ULONGLONG begin = GetTickCount64();
-    if (!mayBeAsked(*host, begin) || host->inTurn.join(work))
+    // Behind one that is not known to hang.
+    if (isAway(*host, begin) || host->inTurn.join(work) || hangs(*host))
         return false;
+    const auto turn = std::make_shared<QueueTurn>(host);
     host->inTurn.begin(work);
-    const bool done =
-        doPatiently([turn = std::make_shared<Turn>(host)] { turn->workOffQueue(); }, patience - host->waited);
-    if (host->busy == 0)
-        host->inTurn.clear(); // no thread could be made
+    const bool done = doPatiently([turn] { turn->workOff(); }, patience - host->waited);
     if (done || !asksUser(*host))
         book(*host, begin, done);
     return done;

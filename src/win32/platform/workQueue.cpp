@@ -29,17 +29,18 @@ bool WorkQueue::join(const Work& work) {
 void WorkQueue::begin(const Work& work) {
     const Locked locked(lock_);
     append(work);
-    working_ = true;
+    setPresent(true, 0);
 }
 
 WorkQueue::Work WorkQueue::next() {
     const Locked locked(lock_);
-    working_ = first_ != nullptr;
-    thread_ = working_ ? GetCurrentThreadId() : 0;
-    if (!working_)
+    if (!first_) {
+        setPresent(false, 0);
         return {};
+    }
     const std::unique_ptr<Entry> taken = std::move(first_);
     first_ = std::move(taken->next);
+    setPresent(true, GetCurrentThreadId());
     return std::move(taken->work);
 }
 
@@ -53,6 +54,11 @@ void WorkQueue::append(const Work& work) {
     while (*last)
         last = &(*last)->next;
     *last = std::make_unique<Entry>(Entry{work, nullptr});
+}
+
+void WorkQueue::setPresent(bool working, DWORD thread) {
+    working_ = working;
+    thread_ = thread;
 }
 
 } // namespace win32

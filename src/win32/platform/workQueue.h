@@ -23,6 +23,8 @@ class WorkQueue {
     Work next();
     /// No thread is at work.
     void clear();
+
+    bool isAtWork() const { return working_; }
     /// The thread that is at work on them; 0 if none is, or it has not begun.
     DWORD thread() const { return thread_; }
 
@@ -32,10 +34,11 @@ class WorkQueue {
         std::unique_ptr<Entry> next;
     };
     void append(const Work& work);
+    void setPresent(bool working, DWORD thread);
 
     SRWLOCK lock_ = SRWLOCK_INIT;
     std::unique_ptr<Entry> first_;
-    bool working_ = false;
+    std::atomic<bool> working_ = false;
     std::atomic<DWORD> thread_ = 0;
 };
 

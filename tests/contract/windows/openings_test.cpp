@@ -4,6 +4,9 @@
 #include "contract/world.h"
 #include "platform/files.h"
 #include "platform/shell32.h"
+#include "runtime/errorOf.h"
+#include "runtime/runtimeError.h"
+#include "win32/platform/hosts.h"
 
 #include <doctest/doctest.h>
 
@@ -105,6 +108,52 @@ std::intptr_t open(const std::string& file) {
                                    platform::showNormally);
 }
 
+HANDLE WINAPI noMemoryForThread(SECURITY_ATTRIBUTES* /*rights*/, SIZE_T /*stack*/,
+                                LPTHREAD_START_ROUTINE /*routine*/, void* /*parameter*/, DWORD /*flags*/,
+                                DWORD* /*number*/) {
+    throw runtime::RuntimeError(runtime::ErrorNumber::outOfMemory);
+}
+
+/// A thread that has just found no more openings, and stands there from the making to the end.
+class StandingAtEnd {
+  public:
+    StandingAtEnd() {
+        lastWork_ = 0;
+        stands_ = false;
+        go_ = CreateEventA(nullptr, TRUE, FALSE, nullptr);
+        release_ = reinterpret_cast<decltype(release_)>(hook_.original());
+    }
+    ~StandingAtEnd() {
+        lastWork_ = 0;
+        SetEvent(go_);
+        while (stands_)
+            Sleep(1);
+        CloseHandle(go_);
+    }
+    StandingAtEnd(const StandingAtEnd&) = delete;
+    StandingAtEnd& operator=(const StandingAtEnd&) = delete;
+
+    /// To be called at the end of the last work, on its thread.
+    static void workEnds() { lastWork_ = GetCurrentThreadId(); }
+    static bool stands() { return stands_; }
+
+  private:
+    static void WINAPI release(SRWLOCK* lock) {
+        release_(lock);
+        if (lastWork_ != GetCurrentThreadId())
+            return;
+        stands_ = true;
+        WaitForSingleObject(go_, halfAMinute);
+        stands_ = false;
+    }
+
+    static inline std::atomic<DWORD> lastWork_;
+    static inline std::atomic<bool> stands_;
+    static inline HANDLE go_ = nullptr;
+    static inline decltype(&ReleaseSRWLockExclusive) release_ = nullptr;
+    contract::ImportHook hook_{"ReleaseSRWLockExclusive", reinterpret_cast<void*>(release)};
+};
+
 } // namespace
 
 TEST_SUITE_BEGIN("contract/windows/openings");
@@ -160,6 +209,40 @@ TEST_CASE("an opening that asks the user is not waited for, and its server is th
                                                            L"\\\\opening2.invalid\\tools\\c.exe"});
     CHECK(SlowShell::threads() == 1);
     CHECK(SlowShell::mostAtOnce() == 1);
+}
+
+TEST_CASE("where no memory is left for a thread the next opening has one") {
+    const World world;
+    const char* const path = "\\\\opening3.invalid\\tools\\tool.exe";
+    {
+        const contract::ImportHook noMemory("CreateThread", reinterpret_cast<void*>(noMemoryForThread));
+        CHECK(runtime::errorOf([&] { win32::askHostInTurn(path, [] { return true; }); }) == 7);
+    }
+    bool done = false;
+    CHECK(win32::askHostInTurn(path, [&done] { return done = true; }));
+    CHECK(done);
+}
+
+TEST_CASE("what is wanted while the last opening's thread ends is opened") {
+    const World world;
+    const char* const path = "\\\\opening4.invalid\\tools\\tool.exe";
+    const StandingAtEnd end;
+    std::atomic<bool> answered = false;
+    CHECK_FALSE(win32::askHostInTurn(path, [&answered] { // not waited for, since it asks the user
+        const HWND question =
+            CreateWindowExA(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, "Static", "question", WS_POPUP | WS_VISIBLE,
+                            0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+        while (!answered)
+            Sleep(1);
+        DestroyWindow(question);
+        StandingAtEnd::workEnds();
+        return true;
+    }));
+    answered = true;
+    REQUIRE(World::until([] { return StandingAtEnd::stands(); }));
+    bool done = false;
+    CHECK(win32::askHostInTurn(path, [&done] { return done = true; }));
+    CHECK(done);
 }
 
 TEST_SUITE_END();
