@@ -24,6 +24,9 @@ constexpr ULONGLONG pause = 60'000;
 /// How many letters can stand for folders that another letter leads to.
 constexpr int letterChain = 4;
 
+/// An opening that asks the user may be as old as it likes.
+constexpr ULONGLONG forever = ~ULONGLONG{0};
+
 /// Used by our thread but for the two that its threads set, and for the queue.
 struct Host {
     std::atomic<int> asking = 0;        ///< so many threads are, beside the queue's
@@ -239,7 +242,7 @@ bool askHostInTurn(std::string_view path, const std::function<bool()>& work) {
     const std::shared_ptr<Host> host = knownHost(name);
     const ULONGLONG begin = GetTickCount64();
     // Behind one that is not known to hang.
-    if (isAway(*host, begin) || host->inTurn.join(work) || hangs(*host))
+    if (isAway(*host, begin) || host->inTurn.join(work, asksUser(*host) ? forever : patience) || hangs(*host))
         return false;
     const auto turn = std::make_shared<QueueTurn>(host);
     host->inTurn.begin(work);

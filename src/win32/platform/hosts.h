@@ -26,8 +26,9 @@ bool askHost(std::string_view path, const std::function<bool()>& work);
 
 /// The same for a work that may have a question of the system for the user: for what the shell opens. The
 /// works of one host are done in their order, all by one thread. While one stands, another is not waited for
-/// and counts as not done: it comes behind the first, or never if that is known to hang. The time of a
-/// question that is up is the user's and not the host's, which may be asked for other things meanwhile.
+/// and counts as not done: it comes behind the first, or never if that is known to hang, or has taken 3 s
+/// and asks nothing. The time of a question that is up is the user's and not the host's, which may be asked
+/// for other things meanwhile.
 /// Without a host each work has a thread of its own and 3 s.
 bool askHostInTurn(std::string_view path, const std::function<bool()>& work);
 

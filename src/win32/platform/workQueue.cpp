@@ -19,11 +19,12 @@ class Locked {
 
 } // namespace
 
-bool WorkQueue::join(const Work& work) {
+bool WorkQueue::join(const Work& work, ULONGLONG longest) {
     const Locked locked(lock_);
-    if (working_)
+    const bool joins = working_ && GetTickCount64() - begun_ < longest;
+    if (joins)
         append(work);
-    return working_;
+    return joins;
 }
 
 void WorkQueue::begin(const Work& work) {
@@ -57,6 +58,7 @@ void WorkQueue::append(const Work& work) {
 }
 
 void WorkQueue::setPresent(bool working, DWORD thread) {
+    begun_ = GetTickCount64();
     working_ = working;
     thread_ = thread;
 }

@@ -15,8 +15,9 @@ class WorkQueue {
     /// Tells whether it has been answered.
     using Work = std::function<bool()>;
 
-    /// Puts a work behind those that a thread is at work on; false if there is none.
-    bool join(const Work& work);
+    /// Puts a work behind those that a thread is at work on; false if there is none, or the work that it has
+    /// taken last is so many milliseconds old.
+    bool join(const Work& work, ULONGLONG longest);
     /// Puts the first work in: from here on a thread is at work, which calls `next`.
     void begin(const Work& work);
     /// For that thread: the next one; empty if there is none, and the thread is at work no longer.
@@ -38,6 +39,7 @@ class WorkQueue {
 
     SRWLOCK lock_ = SRWLOCK_INIT;
     std::unique_ptr<Entry> first_;
+    ULONGLONG begun_ = 0; ///< the present work, by the system's clock
     std::atomic<bool> working_ = false;
     std::atomic<DWORD> thread_ = 0;
 };

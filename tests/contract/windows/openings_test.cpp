@@ -30,6 +30,20 @@ constexpr DWORD halfAMinute = 30'000;
 constexpr std::int64_t patience = 3'000; // milliseconds
 constexpr std::int64_t slack = 1'500;    // on a machine with much else to do
 
+/// A question of the system for the user, up from its making to its end.
+class Question {
+  public:
+    Question()
+        : window_(CreateWindowExA(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, "Static", "question",
+                                  WS_POPUP | WS_VISIBLE, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr)) {}
+    ~Question() { DestroyWindow(window_); }
+    Question(const Question&) = delete;
+    Question& operator=(const Question&) = delete;
+
+  private:
+    HWND window_;
+};
+
 /// The shell from its making to its end: it opens everything, but not before it is let go, for which the
 /// clock runs ahead unless it asks.
 class SlowShell {
@@ -37,8 +51,10 @@ class SlowShell {
     /// It asks the user meanwhile.
     explicit SlowShell(bool asks) {
         asks_ = asks;
+        answer_ = CreateEventA(nullptr, TRUE, FALSE, nullptr);
         go_ = CreateEventA(nullptr, TRUE, FALSE, nullptr);
         begun_ = 0;
+        answered_ = 0;
         standing_ = 0;
         most_ = 0;
         opened_.clear();
@@ -49,11 +65,18 @@ class SlowShell {
         while (standing_ > 0)
             Sleep(1);
         CloseHandle(go_);
+        CloseHandle(answer_);
     }
     SlowShell(const SlowShell&) = delete;
     SlowShell& operator=(const SlowShell&) = delete;
 
-    static void letGo() { SetEvent(go_); }
+    /// Its questions are answered.
+    static void answer() { SetEvent(answer_); }
+    static void letGo() {
+        answer();
+        SetEvent(go_);
+    }
+    static int answered() { return answered_; }
     static int begun() { return begun_; }
     static int mostAtOnce() { return most_; }
     static std::vector<std::wstring> opened() {
@@ -71,16 +94,14 @@ class SlowShell {
         const int now = ++standing_;
         for (int before = most_; before < now && !most_.compare_exchange_weak(before, now);) {
         }
-        HWND question = nullptr;
-        if (asks_)
-            question =
-                CreateWindowExA(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, "Static", "question",
-                                WS_POPUP | WS_VISIBLE, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
-        else
+        if (asks_) {
+            const Question question;
+            WaitForSingleObject(answer_, halfAMinute);
+        } else {
             contract::passTime(static_cast<int>(patience)); // those who wait need not
+        }
+        ++answered_;
         WaitForSingleObject(go_, halfAMinute);
-        if (question != nullptr)
-            DestroyWindow(question);
         {
             const std::lock_guard<std::mutex> locked(lock_);
             opened_.emplace_back(call->lpFile);
@@ -93,8 +114,10 @@ class SlowShell {
     }
 
     static inline std::atomic<bool> asks_;
+    static inline HANDLE answer_ = nullptr;
     static inline HANDLE go_ = nullptr;
     static inline std::atomic<int> begun_;
+    static inline std::atomic<int> answered_;
     static inline std::atomic<int> standing_;
     static inline std::atomic<int> most_;
     static inline std::mutex lock_;
@@ -211,6 +234,29 @@ TEST_CASE("an opening that asks the user is not waited for, and its server is th
     CHECK(SlowShell::mostAtOnce() == 1);
 }
 
+TEST_CASE("behind an opening that hangs once its question is answered nothing piles up") {
+    World world;
+    world.cutOff("opening5.invalid");
+    world.reconnect();
+    const std::string folder = "\\\\opening5.invalid\\tools\\";
+    const SlowShell shell(true);
+    CHECK(open(folder + "a.exe") <= 32);
+    SlowShell::answer();
+    REQUIRE(World::until([] { return SlowShell::answered() == 1; }));
+    CHECK(open(folder + "b.exe") <= 32); // it may come to its end yet
+    world.passTime(static_cast<int>(patience));
+    for (int click = 0; click < 5; ++click)
+        CHECK(open(folder + "c.exe") <= 32);
+    SlowShell::letGo();
+    REQUIRE(World::until([] { return SlowShell::opened().size() == 2; }));
+    open(folder + "d.exe");
+    REQUIRE(World::until([] { return SlowShell::opened().size() > 2; }));
+    const std::vector<std::wstring> opened = SlowShell::opened();
+    CHECK(opened[0].ends_with(L"a.exe"));
+    CHECK(opened[1].ends_with(L"b.exe"));
+    CHECK(opened[2].ends_with(L"d.exe"));
+}
+
 TEST_CASE("where no memory is left for a thread the next opening has one") {
     const World world;
     const char* const path = "\\\\opening3.invalid\\tools\\tool.exe";
@@ -229,12 +275,11 @@ TEST_CASE("what is wanted while the last opening's thread ends is opened") {
     const StandingAtEnd end;
     std::atomic<bool> answered = false;
     CHECK_FALSE(win32::askHostInTurn(path, [&answered] { // not waited for, since it asks the user
-        const HWND question =
-            CreateWindowExA(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, "Static", "question", WS_POPUP | WS_VISIBLE,
-                            0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
-        while (!answered)
-            Sleep(1);
-        DestroyWindow(question);
+        {
+            const Question question;
+            while (!answered)
+                Sleep(1);
+        }
         StandingAtEnd::workEnds();
         return true;
     }));
