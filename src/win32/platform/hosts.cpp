@@ -70,10 +70,10 @@ class QueueTurn {
     void workOff() {
         begun_ = true;
         WorkQueue::Work work = host_->inTurn.next();
-        while (work) {
+        while (work.code) {
             bool answered = false;
             try {
-                answered = work();
+                answered = work.code();
             } catch (
                 const runtime::RuntimeError&) { // nothing is opened, nothing told, and the next one comes
             }
@@ -98,7 +98,7 @@ std::shared_ptr<Host> knownHost(const std::string& name) {
 
 /// Whether it is the user that the queue's thread waits for.
 bool asksUser(const Host& host) {
-    return showsWindow(host.inTurn.thread());
+    return host.inTurn.asksUser() || showsWindow(host.inTurn.thread());
 }
 
 /// Whether a thread is at work and does not wait for the user. He is looked for first: his answer may be the
@@ -200,6 +200,24 @@ const std::string& ownFixedDrive() {
     return drive;
 }
 
+/// Waits no longer than that.
+bool askInTurn(std::string_view path, const WorkQueue::Work& work, ULONGLONG longest) {
+    const std::string name = hostOf(path);
+    if (name.empty())
+        return doPatiently(work.code, longest);
+    const std::shared_ptr<Host> host = knownHost(name);
+    const ULONGLONG begin = GetTickCount64();
+    // Behind one that is not known to hang.
+    if (isAway(*host, begin) || host->inTurn.join(work, asksUser(*host) ? forever : patience) || hangs(*host))
+        return false;
+    const auto turn = std::make_shared<QueueTurn>(host);
+    host->inTurn.begin(work);
+    const bool done = doPatiently([turn] { turn->workOff(); }, std::min(longest, patience - host->waited));
+    if (done || !(work.asksUser || asksUser(*host)))
+        book(*host, begin, done);
+    return done;
+}
+
 } // namespace
 
 std::string hostOf(std::string_view path) {
@@ -236,20 +254,12 @@ bool askHost(std::string_view path, const std::function<bool()>& work) {
 }
 
 bool askHostInTurn(std::string_view path, const std::function<bool()>& work) {
-    const std::string name = hostOf(path);
-    if (name.empty())
-        return doPatiently(work);
-    const std::shared_ptr<Host> host = knownHost(name);
-    const ULONGLONG begin = GetTickCount64();
-    // Behind one that is not known to hang.
-    if (isAway(*host, begin) || host->inTurn.join(work, asksUser(*host) ? forever : patience) || hangs(*host))
-        return false;
-    const auto turn = std::make_shared<QueueTurn>(host);
-    host->inTurn.begin(work);
-    const bool done = doPatiently([turn] { turn->workOff(); }, patience - host->waited);
-    if (done || !asksUser(*host))
-        book(*host, begin, done);
-    return done;
+    return askInTurn(path, {work}, patience);
+}
+
+void askUserInTurn(std::string_view path, const std::function<bool()>& work) {
+    constexpr ULONGLONG notAtAll = 0;
+    askInTurn(path, {work, true}, notAtAll);
 }
 
 bool hostAnswers(std::string_view path) {

@@ -32,6 +32,10 @@ bool askHost(std::string_view path, const std::function<bool()>& work);
 /// Without a host each work has a thread of its own and 3 s.
 bool askHostInTurn(std::string_view path, const std::function<bool()>& work);
 
+/// The same for a work that does nothing but ask the user, the system's question for more rights: nobody
+/// waits for it, and its host may be asked for other things meanwhile, though no window of ours is seen.
+void askUserInTurn(std::string_view path, const std::function<bool()>& work);
+
 /// Whether the host of a path answers; one that is asked nothing just now counts as one that does not. A
 /// fixed drive does.
 bool hostAnswers(std::string_view path);

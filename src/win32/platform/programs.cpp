@@ -11,7 +11,6 @@
 #include "win32/platform/hosts.h"
 #include "win32/platform/opening.h"
 #include "win32/platform/paths.h"
-#include "win32/platform/patience.h"
 #include "win32/platform/titles.h"
 
 #include <windows.h>
@@ -103,7 +102,8 @@ bool begin(Start& start) {
     return true;
 }
 
-/// The shell asks the user for the rights that a program needs. Nobody waits for the answer, which may be no.
+/// The shell asks the user for the rights that a program needs. Nobody waits for the answer, which may be no,
+/// and on one server one question is up at a time.
 void startWithMoreRights(const Start& start) {
     const auto opening = std::make_shared<win32::Opening>();
     // The system's question comes up over the window that the user works in, and not in the task bar.
@@ -112,8 +112,7 @@ void startWithMoreRights(const Start& start) {
     opening->file = start.program;
     opening->parameters = start.parameters;
     opening->command = start.windowStyle;
-    constexpr ULONGLONG notAtAll = 0;
-    win32::doPatiently([opening] { win32::open(*opening); }, notAtAll);
+    win32::askUserInTurn(start.program, [opening] { return win32::open(*opening); });
 }
 
 /// A search for a window by its title: the whole of it, or how it begins.

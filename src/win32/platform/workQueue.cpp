@@ -30,23 +30,23 @@ bool WorkQueue::join(const Work& work, ULONGLONG longest) {
 void WorkQueue::begin(const Work& work) {
     const Locked locked(lock_);
     append(work);
-    setPresent(true, 0);
+    setPresent(true, work.asksUser, 0);
 }
 
 WorkQueue::Work WorkQueue::next() {
     const Locked locked(lock_);
     if (!first_) {
-        setPresent(false, 0);
+        setPresent(false, false, 0);
         return {};
     }
     const std::unique_ptr<Entry> taken = std::move(first_);
     first_ = std::move(taken->next);
-    setPresent(true, GetCurrentThreadId());
+    setPresent(true, taken->work.asksUser, GetCurrentThreadId());
     return std::move(taken->work);
 }
 
 void WorkQueue::clear() {
-    while (next()) {
+    while (next().code) {
     }
 }
 
@@ -57,9 +57,10 @@ void WorkQueue::append(const Work& work) {
     *last = std::make_unique<Entry>(Entry{work, nullptr});
 }
 
-void WorkQueue::setPresent(bool working, DWORD thread) {
+void WorkQueue::setPresent(bool working, bool asks, DWORD thread) {
     begun_ = GetTickCount64();
     working_ = working;
+    asks_ = asks;
     thread_ = thread;
 }
 

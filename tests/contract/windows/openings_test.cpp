@@ -3,6 +3,7 @@
 #include "contract/windows/importHook.h"
 #include "contract/world.h"
 #include "platform/files.h"
+#include "platform/programs.h"
 #include "platform/shell32.h"
 #include "runtime/errorOf.h"
 #include "runtime/runtimeError.h"
@@ -44,13 +45,18 @@ class Question {
     HWND window_;
 };
 
-/// The shell from its making to its end: it opens everything, but not before it is let go, for which the
-/// clock runs ahead unless it asks.
+/// What the shell does before it is let go.
+enum class Meanwhile {
+    hangs,          ///< for which the clock runs ahead
+    asks,           ///< the user, until its question is answered
+    asksOutOfSight, ///< on a desktop that nobody else sees
+};
+
+/// The shell from its making to its end: it opens everything, but not before it is let go.
 class SlowShell {
   public:
-    /// It asks the user meanwhile.
-    explicit SlowShell(bool asks) {
-        asks_ = asks;
+    explicit SlowShell(Meanwhile meanwhile) {
+        meanwhile_ = meanwhile;
         answer_ = CreateEventA(nullptr, TRUE, FALSE, nullptr);
         go_ = CreateEventA(nullptr, TRUE, FALSE, nullptr);
         begun_ = 0;
@@ -94,12 +100,12 @@ class SlowShell {
         const int now = ++standing_;
         for (int before = most_; before < now && !most_.compare_exchange_weak(before, now);) {
         }
-        if (asks_) {
+        if (meanwhile_ == Meanwhile::asks) {
             const Question question;
             WaitForSingleObject(answer_, halfAMinute);
-        } else {
-            contract::passTime(static_cast<int>(patience)); // those who wait need not
         }
+        if (meanwhile_ == Meanwhile::hangs)
+            contract::passTime(static_cast<int>(patience)); // those who wait need not
         ++answered_;
         WaitForSingleObject(go_, halfAMinute);
         {
@@ -113,7 +119,7 @@ class SlowShell {
         return TRUE;
     }
 
-    static inline std::atomic<bool> asks_;
+    static inline std::atomic<Meanwhile> meanwhile_;
     static inline HANDLE answer_ = nullptr;
     static inline HANDLE go_ = nullptr;
     static inline std::atomic<int> begun_;
@@ -136,6 +142,29 @@ HANDLE WINAPI noMemoryForThread(SECURITY_ATTRIBUTES* /*rights*/, SIZE_T /*stack*
                                 DWORD* /*number*/) {
     throw runtime::RuntimeError(runtime::ErrorNumber::outOfMemory);
 }
+
+/// Programs of a server that need more rights than ours, from its making to its end.
+class MoreRightsThere {
+  private:
+    static BOOL WINAPI create(const wchar_t* /*name*/, wchar_t* /*line*/, SECURITY_ATTRIBUTES* /*process*/,
+                              SECURITY_ATTRIBUTES* /*thread*/, BOOL /*inherit*/, DWORD /*flags*/,
+                              void* /*environment*/, const wchar_t* /*folder*/, STARTUPINFOW* /*start*/,
+                              PROCESS_INFORMATION* /*made*/) {
+        SetLastError(win32::elevationRequired);
+        return FALSE;
+    }
+    static DWORD WINAPI search(const wchar_t* /*folders*/, const wchar_t* file, const wchar_t* /*ending*/,
+                               DWORD /*size*/, wchar_t* found, wchar_t** /*name*/) {
+        const std::wstring whole = file;
+        whole.copy(found, whole.size());
+        return static_cast<DWORD>(whole.size());
+    }
+    static DWORD WINAPI attributes(const wchar_t* /*file*/) { return FILE_ATTRIBUTE_NORMAL; }
+
+    contract::ImportHook create_{"CreateProcessW", reinterpret_cast<void*>(create)};
+    contract::ImportHook search_{"SearchPathW", reinterpret_cast<void*>(search)};
+    contract::ImportHook attributes_{"GetFileAttributesW", reinterpret_cast<void*>(attributes)};
+};
 
 /// A thread that has just found no more openings, and stands there from the making to the end.
 class StandingAtEnd {
@@ -186,7 +215,7 @@ TEST_CASE("an opening that hangs costs three seconds once, and its server counts
     world.cutOff("opening1.invalid");
     world.reconnect(); // it tells of each file that it is not there, at once
     const std::string file = "\\\\opening1.invalid\\tools\\tool.exe";
-    const SlowShell shell(false);
+    const SlowShell shell(Meanwhile::hangs);
     const std::int64_t begin = World::clock();
     for (int minute = 0; minute < 2; ++minute) {
         for (int row = 0; row < 10; ++row) {
@@ -215,7 +244,7 @@ TEST_CASE("an opening that asks the user is not waited for, and its server is th
     world.cutOff("opening2.invalid");
     world.reconnect();
     const std::string folder = "\\\\opening2.invalid\\tools\\";
-    const SlowShell shell(true);
+    const SlowShell shell(Meanwhile::asks);
     const std::int64_t begin = World::clock();
     CHECK(open(folder + "a.exe") <= 32);
     CHECK(open(folder + "b.exe") <= 32);
@@ -239,7 +268,7 @@ TEST_CASE("behind an opening that hangs once its question is answered nothing pi
     world.cutOff("opening5.invalid");
     world.reconnect();
     const std::string folder = "\\\\opening5.invalid\\tools\\";
-    const SlowShell shell(true);
+    const SlowShell shell(Meanwhile::asks);
     CHECK(open(folder + "a.exe") <= 32);
     SlowShell::answer();
     REQUIRE(World::until([] { return SlowShell::answered() == 1; }));
@@ -255,6 +284,28 @@ TEST_CASE("behind an opening that hangs once its question is answered nothing pi
     CHECK(opened[0].ends_with(L"a.exe"));
     CHECK(opened[1].ends_with(L"b.exe"));
     CHECK(opened[2].ends_with(L"d.exe"));
+}
+
+TEST_CASE("programs that need more rights are asked for one at a time, and nobody waits") {
+    World world;
+    world.cutOff("opening6.invalid");
+    world.reconnect();
+    const MoreRightsThere there;
+    const SlowShell shell(Meanwhile::asksOutOfSight);
+    const std::string folder = "\\\\opening6.invalid\\tools\\";
+    const std::int64_t begin = World::clock();
+    CHECK(runtime::errorOf([&] { platform::shell(folder + "a.exe", platform::normalWithFocus); }) == 0);
+    REQUIRE(World::until([] { return SlowShell::begun() == 1; }));
+    CHECK(World::clock() - begin < patience);
+    world.passTime(61'000); // the user has left his desk
+    for (const char* const program : {"b.exe", "c.exe", "d.exe", "e.exe"})
+        CHECK(runtime::errorOf([&] { platform::shell(folder + program, platform::normalWithFocus); }) == 0);
+    CHECK(SlowShell::begun() == 1);
+    SlowShell::letGo();
+    CHECK(World::until([] { return SlowShell::opened().size() == 5; }));
+    CHECK(SlowShell::opened().back().ends_with(L"e.exe"));
+    CHECK(SlowShell::mostAtOnce() == 1);
+    CHECK(SlowShell::threads() == 1);
 }
 
 TEST_CASE("where no memory is left for a thread the next opening has one") {
