@@ -184,6 +184,22 @@ bool isAbsolute(const std::string& path) {
     return path.starts_with("\\\\") || (path.size() > 1 && path[1] == ':');
 }
 
+constexpr std::string_view fileScheme = "file:";
+
+/// The path that an address of a file leads to, both in lower case with backslashes.
+std::string pathOfAddress(const std::string& address) {
+    constexpr std::string_view here = "localhost\\";
+    const std::size_t begin = std::min(address.find_first_not_of('\\', fileScheme.size()), address.size());
+    const std::size_t separators = begin - fileScheme.size();
+    std::string path = address.substr(begin);
+    if (separators == 2 && path.starts_with(here))
+        path.erase(0, here.size());
+    if (path.size() > 1 && path[0] >= 'a' && path[0] <= 'z' && path[1] == '|')
+        path[1] = ':';
+    const bool server = separators == 2 || separators > 3;
+    return server && !isAbsolute(path) ? "\\\\" + path : path;
+}
+
 std::string currentFolder() {
     std::string folder(GetCurrentDirectoryA(0, nullptr), '\0');
     folder.resize(GetCurrentDirectoryA(static_cast<DWORD>(folder.size()), folder.data()));
@@ -225,6 +241,8 @@ std::string hostOf(std::string_view path) {
     // What the code page lacks does not count: only the beginning tells.
     std::string plain = runtime::lowerCase(toText(whole));
     std::ranges::replace(plain, '/', '\\');
+    if (plain.starts_with(fileScheme))
+        plain = pathOfAddress(plain);
     if (!isAbsolute(plain))
         plain = runtime::lowerCase(currentFolder());
     // Each tick looks for a file beside the program, and the type takes longer than the look.

@@ -14,7 +14,7 @@ namespace win32 {
 /// The host of a path, in lower case: the server's name for one on the network, however it is reached; the
 /// drive ("a:") where its medium can be taken out. Empty for a path on a fixed drive and for a drive that is
 /// not there. Neither the network nor the drive is asked. A path that names no drive has the current
-/// folder's; of a command line its beginning counts.
+/// folder's; of a command line its beginning counts, of an address ("file:...") where it leads.
 std::string hostOf(std::string_view path);
 
 /// Does the work that a path needs, and tells whether it is done; what has not been done by then counts as

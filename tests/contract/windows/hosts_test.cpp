@@ -87,6 +87,23 @@ TEST_CASE("the host of a path on the network is its server, however it is writte
     CHECK(hostOf("\\\\Server") == "server");
 }
 
+TEST_CASE("the address of a file has the host of its path") {
+    World world;
+    CHECK(hostOf("file://Server/share/x.exe") == "server");
+    CHECK(hostOf("FILE:////Server/share/x.exe") == "server");
+    CHECK(hostOf("file://///Server/share/x.exe") == "server");
+    CHECK(hostOf("file:\\\\Server\\share\\x.exe") == "server");
+    CHECK(hostOf("\"file://Server/share/x y.html\"") == "server");
+    CHECK(hostOf("file:///" + world.path("x.exe")).empty());
+    CHECK(hostOf("file:" + world.path("x.exe")).empty());
+    CHECK(hostOf("file://localhost/" + world.path("x.exe")).empty());
+    CHECK(hostOf("file:///Q|/nosuch/drive.txt").empty());
+    CHECK(hostOf("file:").empty());
+    const Letter letter("\\Device\\LanmanRedirector\\;M:000000000001a2b3\\Server\\share");
+    CHECK(hostOf("file:///" + letter.path("/x.exe")) == "server");
+    CHECK(hostOf("file://localhost/" + letter.path("/x.exe")) == "server");
+}
+
 TEST_CASE("a server's name goes on behind a character that ends in a backslash's byte" *
           doctest::skip(GetACP() != japanese)) {
     const std::string server = "\x95\x5Csrv"; // its first character is U+8868

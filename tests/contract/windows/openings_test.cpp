@@ -239,6 +239,18 @@ TEST_CASE("an opening that hangs costs three seconds once, and its server counts
     CHECK(SlowShell::mostAtOnce() == 1);
 }
 
+TEST_CASE("the addresses of a server's files cost three seconds once") {
+    World world;
+    world.cutOff("opening7.invalid");
+    world.reconnect();
+    const SlowShell shell(Meanwhile::hangs);
+    const std::int64_t begin = World::clock();
+    for (int row = 0; row < 10; ++row)
+        CHECK(open("file://opening7.invalid/tools/page.html") <= 32);
+    CHECK(World::clock() - begin < patience + slack);
+    CHECK(SlowShell::begun() == 1);
+}
+
 TEST_CASE("an opening that asks the user is not waited for, and its server is there meanwhile") {
     World world;
     world.cutOff("opening2.invalid");
