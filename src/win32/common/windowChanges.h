@@ -4,8 +4,9 @@
 // does none of this before that thread has heard of it. So all of these calls stand here, the rest of the
 // Windows side makes none by itself, and each parts us from hosts that do not answer first (joinedHosts.h).
 // There alone stands one more: it gives the focus to the field that the user has clicked on, when the field's
-// host has just answered. A place or a size that changes without a change of order needs none of this; the
-// peers set it by themselves.
+// host has just answered. A control with a number takes its place among its siblings by itself when its
+// window is made (forms/windowPeer.cpp), with its form and before that goes into a host. A place or a size
+// that changes without a change of order needs none of this; the peers set it by themselves.
 // What the system does on its own at the start and the end of its dialogs and menus cannot be had here: who
 // opens one holds our forms (Hold), which sees to that, and gives the keyboard back (FocusKeeper).
 #pragma once
