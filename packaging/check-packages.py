@@ -151,6 +151,7 @@ def programs(checks):
         checks.equal(version, WINDOWS_7, f"{bits}: it is made for Windows 7 and later")
         flags = int.from_bytes(program[header + 0x5E:header + 0x60], "little")
         checks.equal(flags, FLAGS[bits], f"{bits}: its header asks for the system's protections")
+        checks.that(b"winpthreads" not in program, f"{bits}: it is linked over the system's own threads")
         checks.equal(imported(bits) - SAFE, set(), f"{bits}: it needs no library that another's could stand in for")
         checks.that(not (ROOT / "dist" / bits / "kestrel.ini").exists(), f"{bits}: the program folder has no settings of its own")
 
