@@ -9,7 +9,8 @@
 namespace platform {
 
 /// Copies the value of a key, or the default, into `buffer` of `size` characters, terminated by NUL; gives
-/// the number of characters copied without it. A null section or key lists names, as the platform has it.
+/// the number of characters copied without it. A null section or key lists names, as the platform has it. A
+/// file that another program holds is waited for, half a second at most, here and in the call below.
 std::uint32_t GetPrivateProfileStringA(const char* section, const char* key, const char* defaultValue,
                                        char* buffer, std::uint32_t size, const char* file);
 

@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include "win32/platform/fileError.h"
+#include "win32/platform/heldFiles.h"
 #include "win32/platform/hosts.h"
 #include "win32/platform/paths.h"
 
@@ -57,7 +58,8 @@ bool copyFile(std::string_view from, std::string_view to) {
     const std::wstring target = win32::widePath(to);
     const std::wstring half = target + L"~";
     // One that may not be written could not be replaced by the next.
-    return CopyFileW(win32::widePath(from).c_str(), half.c_str(), FALSE) != FALSE &&
+    const std::wstring source = win32::widePath(from);
+    return win32::awaitHeld([&] { return CopyFileW(source.c_str(), half.c_str(), FALSE); }) != FALSE &&
            SetFileAttributesW(half.c_str(), FILE_ATTRIBUTE_NORMAL) != FALSE &&
            MoveFileExW(half.c_str(), target.c_str(), replaceAtOnce) != FALSE;
 }

@@ -3,6 +3,7 @@
 #include "runtime/characters.h"
 #include "win32/common/painting.h"
 #include "win32/common/wide.h"
+#include "win32/platform/heldFiles.h"
 #include "win32/platform/leftOpen.h"
 #include "win32/platform/paths.h"
 
@@ -60,10 +61,14 @@ std::uint32_t GetPrivateProfileStringA(const char* section, const char* key, con
                                        char* buffer, std::uint32_t size, const char* file) {
     // The platform's own call wherever the code page will do: its ways with long values and lists stay.
     if (!win32::holdsStandIn(file))
-        return ::GetPrivateProfileStringA(section, key, defaultValue, buffer, size, file);
+        return win32::awaitHeld(
+            [&] { return ::GetPrivateProfileStringA(section, key, defaultValue, buffer, size, file); });
     std::wstring value(size, L'\0');
-    value.resize(::GetPrivateProfileStringW(Wide(section), Wide(key), Wide(defaultValue), value.data(), size,
-                                            win32::widePath(file).c_str()));
+    const std::wstring path = win32::widePath(file);
+    value.resize(win32::awaitHeld([&] {
+        return ::GetPrivateProfileStringW(Wide(section), Wide(key), Wide(defaultValue), value.data(), size,
+                                          path.c_str());
+    }));
     return copyOut(value, buffer, size);
 }
 
@@ -71,8 +76,10 @@ int WritePrivateProfileStringA(const char* section, const char* key, const char*
     // Long button lists are thousands of such calls.
     win32::paintMeanwhile();
     if (!win32::holdsStandIn(file))
-        return ::WritePrivateProfileStringA(section, key, value, file);
-    return ::WritePrivateProfileStringW(Wide(section), Wide(key), Wide(value), win32::widePath(file).c_str());
+        return win32::awaitHeld([&] { return ::WritePrivateProfileStringA(section, key, value, file); });
+    const std::wstring path = win32::widePath(file);
+    return win32::awaitHeld(
+        [&] { return ::WritePrivateProfileStringW(Wide(section), Wide(key), Wide(value), path.c_str()); });
 }
 
 HANDLE CreateToolhelp32Snapshot(std::uint32_t flags, std::uint32_t processId) {
