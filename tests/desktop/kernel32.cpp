@@ -34,9 +34,9 @@ std::uint32_t GetPrivateProfileStringA(const char* section, const char* key, con
     const desktop::Call call("GetPrivateProfileStringA");
     ++world().settingsReads;
     world().settingsPaths.emplace_back(file);
-    const std::optional<std::string> text = world().fileText(file);
-    return desktop::profileGet(text && !call.fails() ? &*text : nullptr, section, key, defaultValue, buffer,
-                               size);
+    const desktop::File* found = world().file(file);
+    const bool read = found != nullptr && !found->directory && !found->locked && !call.fails();
+    return desktop::profileGet(read ? &found->content : nullptr, section, key, defaultValue, buffer, size);
 }
 
 int WritePrivateProfileStringA(const char* section, const char* key, const char* value, const char* file) {

@@ -71,6 +71,9 @@ void tryCall(const Story& story, const Told& whole, int failing,
     // are kept beside it.
     if (error != 0 || told.failed == "WritePrivateProfileStringA")
         CHECK((failures::oldOrNew(told, whole) || told.settingsKept == whole.settingsBefore));
+    // OK writes what the setup has read: what it could not read is in the file with the old settings.
+    if (told.failed == "GetPrivateProfileStringA" && !told.settingsKept.empty())
+        CHECK(told.settingsKept == whole.settingsBefore);
     const std::set<std::string> others = differing(whole.facts, told.facts);
     bool known = false;
     for (const Outcome& outcome : failures::outcomes) {
