@@ -2,6 +2,7 @@
 #include "contract/windows/endedProcess.h"
 #include "contract/windows/files.h"
 #include "contract/windows/importHook.h"
+#include "contract/windows/ownProcess.h"
 #include "platform/programs.h"
 
 #include <doctest/doctest.h>
@@ -56,18 +57,7 @@ TEST_SUITE_BEGIN("contract/windows/processEnd");
 
 TEST_CASE("the end of the program leaves by way of the library and destroys nothing static") {
     DeleteFileA(contract::mark().c_str());
-    std::string line = "\"" + contract::ownPath() + "\" " + contract::endedProcessArgument;
-    STARTUPINFOA how{};
-    how.cb = sizeof how;
-    PROCESS_INFORMATION made{};
-    REQUIRE(CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &how, &made) !=
-            FALSE);
-    constexpr DWORD patience = 30'000; // milliseconds
-    CHECK(WaitForSingleObject(made.hProcess, patience) == WAIT_OBJECT_0);
-    DWORD code = 0;
-    GetExitCodeProcess(made.hProcess, &code);
-    CloseHandle(made.hThread);
-    CloseHandle(made.hProcess);
+    const int code = contract::exitCodeOfOwn(contract::endedProcessArgument);
     // The only one that Wine shows: its library destroys nothing at such an end.
     CHECK(code == 0);
     CHECK(!contract::readWholeFile(contract::mark()));

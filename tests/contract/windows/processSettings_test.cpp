@@ -1,7 +1,7 @@
 // What the system does otherwise for the program than by default.
 #include "contract/windows/faultingTimer.h"
-#include "contract/windows/files.h"
 #include "contract/windows/importHook.h"
+#include "contract/windows/ownProcess.h"
 #include "contract/world.h"
 #include "forms/timer.h"
 #include "win32/common/processSettings.h"
@@ -75,21 +75,10 @@ TEST_CASE("the system is asked not to swallow faults in timers' routines") {
 }
 
 TEST_CASE("a fault in a timer's routine is not swallowed") {
-    std::string line = "\"" + contract::ownPath() + "\" " + contract::faultingTimerArgument;
-    STARTUPINFOA how{};
-    how.cb = sizeof how;
-    PROCESS_INFORMATION made{};
-    REQUIRE(CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &how, &made) !=
-            FALSE);
-    constexpr DWORD patience = 30'000; // milliseconds
-    CHECK(WaitForSingleObject(made.hProcess, patience) == WAIT_OBJECT_0);
-    DWORD code = 0;
-    GetExitCodeProcess(made.hProcess, &code);
-    CloseHandle(made.hThread);
-    CloseHandle(made.hProcess);
+    const int code = contract::exitCodeOfOwn(contract::faultingTimerArgument);
     // Known gap: Wine swallows it whatever the program has asked for.
     const bool swallows = contract::worldKind() == contract::WorldKind::wine;
-    CHECK(static_cast<int>(code) == (swallows ? 0 : contract::endedByFault));
+    CHECK(code == (swallows ? 0 : contract::endedByFault));
 }
 
 TEST_CASE("a library of the system comes from the system's folder, one that is not there is none") {

@@ -1,9 +1,9 @@
 // In which view of the screens windows are made and calls are made. At 96 dpi all views show the same, so
 // that only the thread's own view tells at the moment of a call.
 #include "contract/toolForm.h"
-#include "contract/windows/files.h"
 #include "contract/windows/hiddenMainForm.h"
 #include "contract/windows/importHook.h"
+#include "contract/windows/ownProcess.h"
 #include "contract/windows/withoutViews.h"
 #include "contract/world.h"
 #include "forms/frame.h"
@@ -222,19 +222,8 @@ TEST_SUITE_BEGIN("contract/windows/seeing");
 
 TEST_CASE("on a Windows without views of windows all see what the program sees") {
     const World world;
-    std::string line = "\"" + contract::ownPath() + "\" " + contract::withoutViewsArgument;
-    STARTUPINFOA how{};
-    how.cb = sizeof how;
-    PROCESS_INFORMATION made{};
-    REQUIRE(CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &how, &made) !=
-            FALSE);
-    constexpr DWORD patience = 60'000; // milliseconds
-    CHECK(WaitForSingleObject(made.hProcess, patience) == WAIT_OBJECT_0);
-    DWORD code = 0;
-    GetExitCodeProcess(made.hProcess, &code);
-    CloseHandle(made.hThread);
-    CloseHandle(made.hProcess);
-    CHECK(static_cast<int>(code) == contract::fineWithoutViews);
+    const int code = contract::exitCodeOfOwn(contract::withoutViewsArgument);
+    CHECK(code == contract::fineWithoutViews);
 }
 
 TEST_CASE("a window's view is entered and left, whatever it was before" * doctest::skip(!hasViews())) {
