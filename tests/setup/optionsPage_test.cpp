@@ -4,6 +4,8 @@
 #include "core/frmMenu.h"
 #include "store/textCatalogue.h"
 
+#include <functional>
+
 using setup::Dialog;
 using setup::namedList;
 using setup::Names;
@@ -12,6 +14,28 @@ namespace {
 
 std::string toolbarSetting(const std::string& line) {
     return "[toolbar]\r\n" + line + "\r\n";
+}
+
+/// What `ask` brings up over the setup finds that enabled and disables it by itself; afterwards the setup is
+/// in front, and not the other program. `onDialog` is what the desktop calls while the dialog is up.
+void checkOwner(Dialog& dialog, std::function<void()>& onDialog,
+                const std::function<void(setup::frmSetup&)>& ask) {
+    dialog.desk().openWindow("another program");
+    bool asked = false;
+    dialog.desk().modalScripts.emplace_back([&](forms::Form& form) {
+        dialog.desk().foreground = form.window();
+        onDialog = [&] {
+            asked = true;
+            CHECK_FALSE(dialog.desk().window(form.window()).enabled);
+        };
+        ask(dialog.form());
+        CHECK(dialog.desk().window(form.window()).enabled);
+        CHECK(dialog.desk().foreground == form.window());
+        form.unload();
+    });
+    dialog.act([] { setup::openSetup(0); });
+    CHECK(asked);
+    CHECK(dialog.desk().foundDisabled.empty());
 }
 
 } // namespace
@@ -219,67 +243,26 @@ TEST_CASE("browsing for EAGLE puts the chosen file into the field, Cancel change
 
 TEST_CASE("a file dialog over the setup finds it enabled, so that the setup is in front again afterwards") {
     Dialog dialog;
-    dialog.desk().openWindow("another program");
-    bool asked = false;
-    dialog.desk().modalScripts.emplace_back([&](forms::Form& form) {
-        dialog.desk().foreground = form.window();
-        dialog.desk().onFileDialog = [&] {
-            asked = true;
-            CHECK_FALSE(dialog.desk().window(form.window()).enabled);
-        };
-        dialog.form().btnEAGLE.click();
-        CHECK(dialog.desk().window(form.window()).enabled);
-        CHECK(dialog.desk().foreground == form.window());
-        form.unload();
-    });
-    dialog.act([] { setup::openSetup(0); });
-    CHECK(asked);
-    CHECK(dialog.desk().foundDisabled.empty());
+    checkOwner(dialog, dialog.desk().onFileDialog, [](setup::frmSetup& form) { form.btnEAGLE.click(); });
 }
 
 TEST_CASE("a message over the setup finds it enabled, so that the setup is in front again afterwards") {
     Dialog dialog;
-    dialog.desk().openWindow("another program");
-    bool told = false;
-    dialog.desk().modalScripts.emplace_back([&](forms::Form& form) {
-        dialog.desk().foreground = form.window();
-        dialog.desk().onMessage = [&] {
-            told = true;
-            CHECK_FALSE(dialog.desk().window(form.window()).enabled);
-        };
-        dialog.form().chkEAGLE.click();
-        dialog.form().txtEAGLE.edited("C:\\nonsense");
-        dialog.form().btnOk.click();
-        CHECK(dialog.desk().window(form.window()).enabled);
-        CHECK(dialog.desk().foreground == form.window());
-        form.unload();
+    checkOwner(dialog, dialog.desk().onMessage, [](setup::frmSetup& form) {
+        form.chkEAGLE.click();
+        form.txtEAGLE.edited("C:\\nonsense");
+        form.btnOk.click();
     });
-    dialog.act([] { setup::openSetup(0); });
-    CHECK(told);
-    CHECK(dialog.desk().foundDisabled.empty());
 }
 
 TEST_CASE("the icon chooser over the setup finds it enabled, and the setup is in front again afterwards") {
     Dialog dialog;
     store::boardButtons = namedList({"a"});
-    dialog.desk().openWindow("another program");
     dialog.desk().chooserAnswers = {{0, u"", 0}};
-    bool asked = false;
-    dialog.desk().modalScripts.emplace_back([&](forms::Form& form) {
-        dialog.desk().foreground = form.window();
-        dialog.desk().onFileDialog = [&] {
-            asked = true;
-            CHECK_FALSE(dialog.desk().window(form.window()).enabled);
-        };
-        dialog.form().lstApps[0].selected(0);
-        dialog.form().btnIcon[0].click();
-        CHECK(dialog.desk().window(form.window()).enabled);
-        CHECK(dialog.desk().foreground == form.window());
-        form.unload();
+    checkOwner(dialog, dialog.desk().onFileDialog, [](setup::frmSetup& form) {
+        form.lstApps[0].selected(0);
+        form.btnIcon[0].click();
     });
-    dialog.act([] { setup::openSetup(0); });
-    CHECK(asked);
-    CHECK(dialog.desk().foundDisabled.empty());
 }
 
 TEST_CASE("the help opens in the dialog's language") {
