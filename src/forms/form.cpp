@@ -4,24 +4,13 @@
 #include "forms/mainForm.h"
 #include "platform/programs.h"
 #include "platform/screen.h"
+#include "runtime/raised.h"
 
 #include <algorithm>
 
 namespace forms {
 
 namespace {
-
-/// Holds a flag up for the length of a block, whichever way it is left.
-class Raised {
-  public:
-    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Raised() { flag_ = false; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-
-  private:
-    bool& flag_;
-};
 
 /// Where a window of this length begins along one side of the screen, all in pixels: in the middle, but moved
 /// as far as it has to be to stand between the two ends. One that is too long keeps its beginning inside,
@@ -108,7 +97,7 @@ void Form::load() {
         storePosition(place);
     }
     {
-        const Raised loading(loading_);
+        const runtime::Raised loading(loading_);
         makePeers();
         // Half a form is no use to anybody, and a host would have to bear it.
         if (!windowsMade())
@@ -143,7 +132,7 @@ void Form::hide() {
 void Form::unload() {
     if (!loaded_ || unloading_)
         return;
-    const Raised unloading(unloading_);
+    const runtime::Raised unloading(unloading_);
     bool cancel = false;
     Form_QueryUnload(cancel);
     if (cancel)
