@@ -5,6 +5,7 @@
 #include "platform/awareness.h"
 #include "platform/user32.h"
 #include "runtime/numbers.h"
+#include "runtime/raised.h"
 
 namespace toolbars {
 
@@ -48,6 +49,8 @@ void frmToolbar::loadLists() {
 }
 
 void frmToolbar::Form_Resize() {
+    if (following_)
+        return;
     const platform::HWND form = window();
     const platform::InAwarenessOf seen(eagHND);
     core::setWindowOnTop(eagHND, 0);
@@ -67,12 +70,14 @@ void frmToolbar::followResolution(forms::Resolution resolution) {
     // Before the form hears of it: what it is told of its window's place is in the new pixels from then on.
     const std::int32_t x = resolution.toPixels(left());
     const std::int32_t y = resolution.toPixels(top());
+    const runtime::Raised quietly(following_);
     ImageList1.setResolution(resolution);
     setResolution(resolution);
     // Icons of files and our own are drawn in several sizes: what was taken for the former one is not grown.
     // The list may have other rows by now than the form has been made high enough for.
-    rebuild();
-    platform::MoveWindow(window(), x, y, resolution.toPixels(width()), resolution.toPixels(height()), true);
+    loadVarBar();
+    const float newHeight = toolbar.height() + height() - scaleHeight();
+    platform::MoveWindow(window(), x, y, resolution.toPixels(width()), resolution.toPixels(newHeight), true);
 }
 
 void frmToolbar::Form_MouseMove(int /*button*/, int /*shift*/, float /*x*/, float /*y*/) {

@@ -43,7 +43,8 @@ class frmToolbar : public forms::Form {
     /// Makes the form just high enough for its rows of buttons.
     void Form_Resize() override;
     /// The host has come to a screen of another resolution: size, place in the host and buttons follow, these
-    /// as the list has them now. Errors as by loadVarBar.
+    /// as the list has them now. No window is raised, so that hosts behind others can be followed too. Errors
+    /// as by loadVarBar.
     void followResolution(forms::Resolution resolution);
     void Form_MouseMove(int button, int shift, float x, float y) override;
     void Toolbar_MouseMove();
@@ -62,6 +63,7 @@ class frmToolbar : public forms::Form {
     void openSetup();
 
     store::EditorKind kind_;
+    bool following_ = false; ///< followResolution sees to place and height
     const Differences& differences_;
 };
 

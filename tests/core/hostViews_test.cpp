@@ -1,12 +1,14 @@
 // The program sees the screen as a host does for as long as it speaks of that host's pixels; and what may
 // come in between while it builds a toolbar, or has one out of its host for a moment.
 #include "core/running.h"
+#include "desktop/faults.h"
 #include "desktop/program.h"
 #include "platform/user32.h"
 #include "store/state.h"
 
 #include <doctest/doctest.h>
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -42,7 +44,24 @@ bool speaksOfPixels(const std::string& call) {
            call.starts_with("RedrawWindow");
 }
 
-constexpr const char* moments[] = {"SetWindowPos", "SetParent", "MoveWindow", "RedrawWindow", "SendMessage"};
+/// Lets something happen at the beginning of a call of the platform, by its number from 1.
+class AtCall {
+  public:
+    AtCall(int number, const std::function<void()>& what) {
+        desktop::faults().onCall = [this, number, what](const std::string&) {
+            if (++calls_ == number)
+                what();
+        };
+    }
+    ~AtCall() { desktop::faults().onCall = nullptr; }
+    AtCall(const AtCall&) = delete;
+    AtCall& operator=(const AtCall&) = delete;
+
+    int calls() const { return calls_; }
+
+  private:
+    int calls_ = 0;
+};
 
 } // namespace
 
@@ -138,7 +157,8 @@ TEST_CASE("a dpi message that comes while Form_Resize has the form out of the ho
 }
 
 TEST_CASE("a host whose resolution changes while its toolbar follows is followed with the next tick, once") {
-    for (const char* moment : moments) {
+    int calls = 0;
+    for (int moment = 1;; ++moment) {
         CAPTURE(moment);
         InViews program;
         program.desk().screens = {{96}, {144}, {192}};
@@ -146,16 +166,20 @@ TEST_CASE("a host whose resolution changes while its toolbar follows is followed
         program.ticks(1);
         platform::MoveWindow(program.bar().handle, 400, 100, 128, 48, true);
         program.desk().window(host).screen = 1;
-        program.desk().onCall = [&](const std::string& call) {
-            if (call.starts_with(moment))
-                program.desk().window(host).screen = 2;
-        };
-        program.ticks(3);
+        {
+            const AtCall change(moment, [&] { program.desk().window(host).screen = 2; });
+            program.ticks(1);
+            calls = change.calls();
+        }
+        if (calls < moment)
+            break;
+        program.ticks(2);
         CHECK(program.form().resolution().dpi() == 192);
         CHECK(program.bar().rect == RECT{800, 200, 1056, 200 + 44 + 52});
         CHECK(program.calculator().rect.bottom == 36);
         CHECK(program.desk().awarenessResets == 0);
     }
+    CHECK(calls > 10);
 }
 
 TEST_CASE("a change and its way back between two ticks are no change") {
@@ -173,7 +197,8 @@ TEST_CASE("a change and its way back between two ticks are no change") {
 }
 
 TEST_CASE("a host that dies while its toolbar follows leaves the program as it was") {
-    for (const char* moment : moments) {
+    int calls = 0;
+    for (int moment = 1;; ++moment) {
         CAPTURE(moment);
         InViews program;
         program.desk().screens = {{96}, {144}};
@@ -181,11 +206,14 @@ TEST_CASE("a host that dies while its toolbar follows leaves the program as it w
         program.ticks(1);
         const Awareness own = program.desk().awareness;
         program.desk().window(host).screen = 1;
-        program.desk().onCall = [&](const std::string& call) {
-            if (call.starts_with(moment))
-                program.desk().closeWindow(host);
-        };
-        program.ticks(3);
+        {
+            const AtCall end(moment, [&] { program.desk().closeWindow(host); });
+            program.ticks(1);
+            calls = end.calls();
+        }
+        if (calls < moment)
+            break;
+        program.ticks(2);
         CHECK(program.desk().find(host) == nullptr);
         CHECK(program.desk().awareness == own);
         CHECK(program.desk().awarenessResets == 0);

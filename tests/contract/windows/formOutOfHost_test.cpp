@@ -63,6 +63,14 @@ bool operator==(const RECT& one, const RECT& other) {
     return EqualRect(&one, &other) != FALSE;
 }
 
+/// Which of two top-level windows is the first in the order of windows.
+HWND frontOf(HWND one, HWND other) {
+    HWND seen = GetTopWindow(nullptr);
+    while (seen != nullptr && seen != one && seen != other)
+        seen = GetWindow(seen, GW_HWNDNEXT);
+    return seen;
+}
+
 HWND(WINAPI* put)(HWND, HWND) = nullptr;
 int messages = 0;
 
@@ -125,7 +133,17 @@ TEST_CASE("the dpi messages of windows in other windows change nothing: the tick
     const forms::Resolution twice(2 * resolution.dpi());
     RECT host{};
     MapWindowPoints(native(bar.form.eagHND), nullptr, reinterpret_cast<POINT*>(&host), 1);
-    bar.form.followResolution(twice);
+    // It stays in the host meanwhile, and the host where it is: another one may be in front.
+    messages = 0;
+    const HWND inFront = native(bar.world.openWindow("another host", {150, 150, 600, 500}));
+    {
+        const contract::ImportHook hook("SetParent", reinterpret_cast<void*>(&putAndTell));
+        put = reinterpret_cast<HWND(WINAPI*)(HWND, HWND)>(hook.original());
+        REQUIRE(hook.original() != nullptr);
+        bar.form.followResolution(twice);
+    }
+    CHECK(messages == 0);
+    CHECK(frontOf(native(bar.form.eagHND), inFront) == inFront);
     SendMessageA(bar.window(), afterParentMessage, 0, 0);
     const RECT after = bar.place();
     CHECK(after.left - host.left == 2 * (before.left - host.left));
