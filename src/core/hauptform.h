@@ -76,7 +76,8 @@ class Hauptform : public forms::Form {
 
   private:
     platform::NOTIFYICONDATA trayRecord_;
-    int trayTries_ = 0; ///< how often the icon was added since addSystray; 0 before
+    std::size_t turn_ = 0; ///< whose host is asked for its resolution next, among all toolbars
+    int trayTries_ = 0;    ///< how often the icon was added since addSystray; 0 before
 
     // hauptform.cpp
     void loadSettings();
@@ -84,12 +85,14 @@ class Hauptform : public forms::Form {
     void Timer2_Timer();
     // tracker.cpp
     void idleTest();
-    void trackKind(store::EditorKind kind, EditorSearch& search);
+    bool trackKind(store::EditorKind kind, EditorSearch& search);
     std::size_t scan(store::EditorKind kind, platform::HWND host, bool& found);
     void rememberFile(store::EditorKind kind, platform::HWND host);
     std::size_t addToolbar(store::EditorKind kind, platform::HWND host, std::size_t scanned);
     std::size_t addCalculator(toolbars::frmToolbar& toolbar, platform::HWND host);
-    void followResolution(toolbars::frmToolbar& toolbar, platform::HWND host);
+    bool followResolution(toolbars::frmToolbar& toolbar);
+    bool followNext();
+    void followAll();
     void placeCalculator(std::size_t index, platform::HWND host);
     // afterSave.cpp
     /// Builds all toolbars anew whose windows live, with their heights, and gives all calculators the units

@@ -39,8 +39,14 @@ std::int32_t hostWidth(platform::HWND host) {
 void Hauptform::setWindow() {
     idleTest();
     EditorSearch search; // of this tick alone: nothing is kept for the next one
+    bool changed = false;
     for (const EditorKind kind : store::editorKinds)
-        trackKind(kind, search);
+        changed |= trackKind(kind, search);
+    // A host behind the front one of its kind has its turn. Where one has come to another resolution, others
+    // mostly have too: the scale of their screen has been changed.
+    changed |= followNext();
+    if (changed)
+        followAll();
 }
 
 void Hauptform::idleTest() {
@@ -58,26 +64,28 @@ void Hauptform::idleTest() {
     }
 }
 
-void Hauptform::trackKind(EditorKind kind, EditorSearch& search) {
+/// Whether the toolbar in front has followed its host to another resolution.
+bool Hauptform::trackKind(EditorKind kind, EditorSearch& search) {
     const platform::HWND host = search.front(kind);
     // No other window of the kind is tried when this one is refused.
     if (host == platform::HWND::none || runtime::holdsIgnoringCase(getWindowCaption(host), excluded))
-        return;
+        return false;
     const platform::InAwarenessOf seen(host);
     bool found = false;
     const std::size_t scanned = scan(kind, host, found);
     if (found) {
         toolbars::frmToolbar& known = *toolbarsOf(kind)[scanned];
-        followResolution(known, host);
+        const bool changed = followResolution(known);
         placeCalculator(static_cast<std::size_t>(known.milIndex), host);
-        return;
+        return changed;
     }
     // The library scan makes a new toolbar with each tick, by design. While the system takes none, one a
     // second will do.
     if (kind == EditorKind::library && platform::refusedLately())
-        return;
+        return false;
     search.forget(); // what is made raises its host, also if the host then refuses it
     placeCalculator(addToolbar(kind, host, scanned), host);
+    return false;
 }
 
 /// Index of the toolbar that stands in the host, or the first index beyond the bound.
@@ -153,16 +161,41 @@ std::size_t Hauptform::addCalculator(toolbars::frmToolbar& toolbar, platform::HW
     return index;
 }
 
-/// A host may have been moved to another screen, or the user has changed the screen's resolution.
-void Hauptform::followResolution(toolbars::frmToolbar& toolbar, platform::HWND host) {
+/// A host may have been moved to another screen, or the user has changed the screen's resolution. Whether it
+/// has another one than its toolbar.
+bool Hauptform::followResolution(toolbars::frmToolbar& toolbar) {
+    const platform::HWND host = toolbar.eagHND;
     const int dpi = platform::dpiOf(host);
     const forms::Resolution now(dpi);
     if (dpi == 0 || now == toolbar.resolution())
-        return;
+        return false;
+    const platform::InAwarenessOf seen(host);
     toolbar.followResolution(now);
     const auto index = static_cast<std::size_t>(toolbar.milIndex);
     if (index < calculators.size() && calculators[index] != nullptr)
         calculators[index]->setResolution(now);
+    placeCalculator(index, host);
+    return true;
+}
+
+/// The next toolbar in turn that has a window follows its host: however many there are, a tick asks one.
+bool Hauptform::followNext() {
+    std::size_t number = 0;
+    for (const EditorKind kind : store::editorKinds)
+        for (const auto& toolbar : toolbarsOf(kind))
+            if (number++ >= turn_ && toolbar->hWnd() != platform::HWND::none) {
+                turn_ = number;
+                return followResolution(*toolbar);
+            }
+    turn_ = 0;
+    return false;
+}
+
+void Hauptform::followAll() {
+    for (const EditorKind kind : store::editorKinds)
+        for (const auto& toolbar : toolbarsOf(kind))
+            if (toolbar->hWnd() != platform::HWND::none)
+                followResolution(*toolbar);
 }
 
 void Hauptform::placeCalculator(std::size_t index, platform::HWND host) {

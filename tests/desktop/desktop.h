@@ -368,6 +368,7 @@ class World {
     /// has them.
     bool framesOfMainScreen = false;
     int dpiSeen(Awareness by, HWND window);
+    int resolutionsAsked = 0; ///< how often the program has asked for one of a window
     /// A top-level window comes to stand on a screen, at a corner that the user has chosen. One that knows of
     /// screens hears if they differ.
     void moveToScreen(HWND window, std::size_t screen, int left, int top);

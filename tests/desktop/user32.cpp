@@ -76,6 +76,7 @@ platform::RECT seen(platform::HWND window, const platform::RECT& rect) {
 namespace platform {
 
 int dpiOf(HWND window) {
+    ++world().resolutionsAsked;
     const Window* found = world().find(window);
     return found == nullptr ? 0 : world().dpiSeen(found->awareness, window);
 }
