@@ -29,9 +29,9 @@ const std::array<char, 256>& lowerCases() {
 /// The capitals by their small letters: of the alphabets that have any, Latin, Greek and Cyrillic.
 const std::map<std::string, std::string, std::less<>>& capitals() {
     static const auto all = [] {
-        constexpr char16_t lastLetter = 0x52F;
+        constexpr char16_t lastCapital = 0x52E;
         std::map<std::string, std::string, std::less<>> found;
-        for (char16_t letter = 'A'; letter <= lastLetter; ++letter) {
+        for (char16_t letter = 'A'; letter <= lastCapital; ++letter) {
             const std::string capital = platform::toAnsi({&letter, 1});
             if (platform::toUtf16(capital) != std::u16string_view(&letter, 1))
                 continue;

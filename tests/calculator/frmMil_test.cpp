@@ -78,7 +78,11 @@ TEST_CASE("the controls stand where they are designed, and Tab goes to the right
     CHECK(form.labUnit[1].top() == 30);
     CHECK(form.txtSize[0].position() == forms::Position{360, 0, 1035, 270});
     CHECK(form.txtSize[1].position() == forms::Position{1800, 0, 1035, 270});
-    CHECK(form.txtSize[1].tabIndex < form.txtSize[0].tabIndex);
+    // A label right before its field.
+    CHECK(form.labUnit[1].tabIndex == 0);
+    CHECK(form.txtSize[1].tabIndex == 1);
+    CHECK(form.labUnit[0].tabIndex == 2);
+    CHECK(form.txtSize[0].tabIndex == 3);
     CHECK(form.txtSize[0].container() == &form.fraMil);
 }
 

@@ -37,6 +37,7 @@ class WindowPeer : public forms::Peer {
         made.process = programProcess;
         made.awareness = world().awareness;
         made.visible = control.visible();
+        made.enabled = control.enabled();
         made.destroyed = [this](const Window& gone) { died(gone.parent); };
         if (auto* form = dynamic_cast<forms::Form*>(&control)) {
             const forms::FrameExtent extent = drawnFrame(*form);
@@ -87,6 +88,8 @@ class WindowPeer : public forms::Peer {
         Window* window = world().find(handle_);
         if (window == nullptr)
             return;
+        if (property == forms::Property::enabled)
+            window->enabled = control_.enabled();
         if (property == forms::Property::visible)
             world().show(handle_, control_.visible());
         if (property == forms::Property::text)

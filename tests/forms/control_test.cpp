@@ -156,6 +156,26 @@ TEST_CASE("a control takes no input while it or anything that it stands in is di
     CHECK(clicks == 2);
 }
 
+TEST_CASE("a window takes input as long as its control does, whether it was there before or is made later") {
+    const desktop::Session session;
+    Form form;
+    Frame frame;
+    frame.place(form, {});
+    frame.setEnabled(false);
+    form.load();
+    const auto takesInput = [](forms::Control& control) {
+        return desktop::world().window(control.hWnd()).enabled;
+    };
+    CHECK(takesInput(form));
+    CHECK_FALSE(takesInput(frame));
+    frame.setEnabled(true);
+    form.setEnabled(false);
+    CHECK(takesInput(frame));
+    CHECK_FALSE(takesInput(form));
+    form.setEnabled(true);
+    CHECK(takesInput(form));
+}
+
 TEST_CASE("a label's and an image's click is raised unless it is disabled") {
     forms::Label label;
     forms::Image image;

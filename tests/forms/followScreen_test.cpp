@@ -140,6 +140,16 @@ TEST_CASE("a dialog takes the largest scale that its screen has room for") {
         CHECK(dialog.resolution().dpi() == 144);
         CHECK(dialog.shown().rect.right <= 912);
     }
+    SUBCASE("beside a bar at the left and below one at the top") {
+        world().workArea = {100, 200, 100 + 900 + 12, 2900};
+        Dialog narrow;
+        narrow.load();
+        CHECK(narrow.resolution().dpi() == 144);
+        world().workArea = {100, 200, 4000, 200 + 600 + 58};
+        Dialog low;
+        low.load();
+        CHECK(low.resolution().dpi() == 144);
+    }
     SUBCASE("less room than for the design") {
         world().workArea = {0, 0, 4000, 380};
         Dialog dialog;

@@ -244,6 +244,9 @@ TEST_CASE("a picture fills the box from its corner as far as it reaches; the ima
     CHECK(box.image() == withDot(grey, 0xFF0000FF));
     box.setPicture(plain(50, 50, 0xFF00FF00));
     CHECK(box.image() == plain(4, 3, 0xFF00FF00));
+    // Half of what there is shows, less does not.
+    box.setPicture(Picture(2, 1, {0x7F123456, 0x800000FF}));
+    CHECK(box.image() == withDot(grey, 0xFF0000FF));
 }
 
 TEST_CASE("an image of one box shown in another is what was drawn there") {

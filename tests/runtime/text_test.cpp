@@ -22,6 +22,9 @@ TEST_CASE("upper case is the way back, and a letter without capital stays") {
         CHECK(runtime::upperCase(western("\xFF")) == western("\x9F"));
     if (codePageHas(u'\u00DF'))
         CHECK(runtime::upperCase(western("\xDF\xF7\xD7\x80")) == western("\xDF\xF7\xD7\x80"));
+    // The last ones that have a capital.
+    if (codePageHas(u'\u052F'))
+        CHECK(runtime::upperCase("\xD4\xAF") == "\xD4\xAE");
     CHECK(runtime::upperCase("") == "");
 }
 

@@ -129,6 +129,17 @@ TEST_CASE("the entry's type decides the fields, and the option buttons of the pa
         }
 }
 
+TEST_CASE("an entry without option buttons, on whatever page, disables the last page's") {
+    for (std::size_t page = 0; page < setup::listPages; ++page) {
+        Lists dialog(listOf({entry("a", 2)}));
+        for (forms::OptionButton& option : dialog.form().chkAdd)
+            option.setEnabled(true);
+        dialog.select(page, 0);
+        for (std::size_t option = 0; option < 9; ++option)
+            CHECK(dialog.form().chkAdd[option].enabled() == (option < 6));
+    }
+}
+
 TEST_CASE("an entry of any other type leaves the caption of the command's label unchanged") {
     Lists dialog(listOf({entry("a", 1), entry("b", 2)}));
     dialog.select(0, 0);

@@ -123,6 +123,8 @@ TEST_CASE("a value loses quotes that stand around all of it, and blanks around t
     const desktop::Session session;
     for (const char* const written : {"\"x y\"", "'x y'", " \tx y \t", " 'x y' "})
         CHECK(rowsOf(row("1path=" + std::string(written) + "\n"))->front().path == "x y");
+    for (const char* const written : {"\"\"", "''", " \"\" "})
+        CHECK(rowsOf(row("1path=" + std::string(written) + "\n"))->front().path.empty());
     for (const char* const written : {"xyx", "\"", "'", "'x\"", "x'"})
         CHECK(rowsOf(row("1path=" + std::string(written) + "\n"))->front().path == written);
 }
