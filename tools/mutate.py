@@ -5,7 +5,7 @@
     tools/mutate.py --tell            what has been found so far, without playing
 
 A change is another operator, another constant or a statement less, in a source under src but src/win32. Only its object
-is built, and linked to what the tests are without it; no sanitizers. build/mutate/found.tsv keeps a line for each change
+is built, and linked to what the tests are without it; no sanitizers, but a program that looks beyond the end of an array stops. build/mutate/found.tsv keeps a line for each change
 of each commit. A change that makes no difference, or none that a user could notice, is named in tools/mutants.tsv: file,
 line, changed line, and why; it does not count. Of the others 97 % are to be noticed.
 """
@@ -73,7 +73,7 @@ class Builder:
 
     def __init__(self):
         cmake = ['cmake', '-S', PROJECT, '-B', BUILD, '-G', 'Ninja', '-DCMAKE_BUILD_TYPE=Debug',
-                 '-DCMAKE_CXX_FLAGS_DEBUG=-g0 -O0', '-DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON']
+                 '-DCMAKE_CXX_FLAGS_DEBUG=-g0 -O0 -D_GLIBCXX_ASSERTIONS', '-DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON']
         subprocess.run(cmake, check=True, stdout=subprocess.DEVNULL)
         subprocess.run(['cmake', '--build', BUILD, '--target', 'kestrel-tests'], check=True)
         commands = subprocess.run(['ninja', '-C', BUILD, '-t', 'commands', 'bin/kestrel-tests'], check=True,
