@@ -11,11 +11,16 @@ namespace win32 {
 
 namespace {
 
+/// How long it is from one look at the hosts to the next, in milliseconds: each costs us two wake-ups and the
+/// host one, all day long. Close while one of them is waited for.
+constexpr UINT calmLooks = 600;
+constexpr UINT closeLooks = hostPatience;
+
 struct Host {
     std::vector<HWND> windows; ///< that ours have gone into; any of them will do to ask
     bool asked = false;        ///< without an answer yet
     bool missed = false;       ///< it was waited for in vain meanwhile
-    UINT unheard = 0;          ///< for so many looks
+    ULONGLONG askedAt = 0;     ///< milliseconds of the system's clock
     HWND clicked = nullptr;    ///< field of ours in it that the user has clicked on while we were parted
     bool silent = false;       ///< it did not answer in time, and we are parted from it
     int joins = 0;             ///< how often we were joined with it when we parted
@@ -40,8 +45,10 @@ void CALLBACK heard(HWND /*window*/, UINT /*message*/, ULONG_PTR thread, LRESULT
 }
 
 void ask(DWORD thread, Host& host) {
-    if (!host.asked)
-        host.asked = SendMessageCallbackA(host.windows.front(), WM_NULL, 0, 0, heard, thread) != FALSE;
+    if (host.asked)
+        return;
+    host.askedAt = GetTickCount64();
+    host.asked = SendMessageCallbackA(host.windows.front(), WM_NULL, 0, 0, heard, thread) != FALSE;
 }
 
 bool isInFront(DWORD thread) {
@@ -56,11 +63,13 @@ int leave(DWORD thread) {
     return joins;
 }
 
+void lookEvery(UINT milliseconds);
+
 void part(DWORD thread, Host& host) {
     host.silent = true;
     host.joins = std::max(host.joins, leave(thread));
-    host.unheard = 0;
     ask(thread, host);
+    lookEvery(closeLooks);
 }
 
 void join(DWORD thread, Host& host) {
@@ -73,16 +82,18 @@ void join(DWORD thread, Host& host) {
         SetFocus(clicked);
 }
 
-void watchHost(DWORD thread, Host& host) {
+/// Whether the host is waited for.
+bool watchHost(DWORD thread, Host& host) {
     if (host.asked) {
-        if (!host.silent && ++host.unheard * hostPatience >= stallPatience)
+        if (!host.silent && GetTickCount64() - host.askedAt >= stallPatience)
             part(thread, host);
-    } else if (!host.silent) {
-        host.unheard = 0;
-        ask(thread, host);
-    } else if (!isInFront(GetCurrentThreadId())) {
-        join(thread, host);
+        return true;
     }
+    if (!host.silent)
+        ask(thread, host);
+    else if (!isInFront(GetCurrentThreadId()))
+        join(thread, host);
+    return host.silent;
 }
 
 /// What a click on a window is about to give the focus to; null if that is nothing in it.
@@ -104,12 +115,23 @@ bool lives(Host& host) {
 }
 
 void CALLBACK watch(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/, DWORD /*time*/) {
+    bool waiting = false;
     for (auto& [thread, host] : hosts())
         if (lives(host))
-            watchHost(thread, host);
+            waiting = watchHost(thread, host) || waiting;
         else
             leave(thread); // windows that went while we were parted have left a join of ours behind
     std::erase_if(hosts(), [](const auto& host) { return host.second.windows.empty(); });
+    lookEvery(waiting ? closeLooks : calmLooks);
+}
+
+/// With a timer of the thread: it goes on in the loops of the system's dialogs and menus.
+void lookEvery(UINT milliseconds) {
+    static UINT_PTR timer = 0;
+    static UINT period = 0;
+    if (period != milliseconds)
+        timer = SetTimer(nullptr, timer, milliseconds, watch);
+    period = timer != 0 ? milliseconds : 0;
 }
 
 } // namespace
@@ -118,9 +140,8 @@ void hostJoined(HWND host) {
     const DWORD thread = GetWindowThreadProcessId(host, nullptr);
     if (thread == 0 || thread == GetCurrentThreadId())
         return;
-    // A timer of the thread: it goes on in the loops of the system's dialogs and menus.
-    static const UINT_PTR timer = SetTimer(nullptr, 0, hostPatience, watch);
-    static_cast<void>(timer);
+    if (hosts().empty())
+        lookEvery(calmLooks);
     Host& joined = hosts()[thread];
     if (!lives(joined))
         joined = {}; // another thread may have had the number
