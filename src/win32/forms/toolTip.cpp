@@ -3,6 +3,7 @@
 #include "win32/common/views.h"
 
 #include <commctrl.h>
+#include <windowsx.h>
 
 #include <map>
 
@@ -29,17 +30,38 @@ HWND tipWindow(View view) {
     return window;
 }
 
-} // namespace
-
-void setToolTip(HWND window, const std::string& text) {
+TTTOOLINFOA toolOf(HWND window) {
     TTTOOLINFOA tool{};
     tool.cbSize = TTTOOLINFOA_V2_SIZE;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.uFlags = TTF_IDISHWND;
     tool.hwnd = window;
     tool.uId = reinterpret_cast<UINT_PTR>(window);
+    return tool;
+}
+
+} // namespace
+
+void ToolTip::hear(HWND window, const std::string& text, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message < WM_MOUSEFIRST || message > WM_MBUTTONDBLCLK || (text.empty() && !made_))
+        return;
+    if (!made_) {
+        made_ = true;
+        change(window, text);
+    }
+    MSG heard{window, message, wParam, lParam, static_cast<DWORD>(GetMessageTime()), {}};
+    const DWORD place = GetMessagePos();
+    heard.pt = {GET_X_LPARAM(place), GET_Y_LPARAM(place)};
+    SendMessageA(tipWindow(viewOf(window)), TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&heard));
+}
+
+void ToolTip::change(HWND window, const std::string& text) {
+    if (!made_)
+        return;
+    TTTOOLINFOA tool = toolOf(window);
     for (const auto& [view, tips] : tipWindows())
         SendMessageA(tips, TTM_DELTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
-    if (text.empty())
+    made_ = !text.empty();
+    if (!made_)
         return;
     std::string shown = text; // the record wants a text that may be written to
     tool.lpszText = shown.data();

@@ -35,7 +35,6 @@ class ToolbarPeer : public WindowPeer {
         SendMessageA(handle(), TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
         SendMessageA(handle(), TB_SETUNICODEFORMAT, FALSE, 0);
         SendMessageA(handle(), TB_SETMAXTEXTROWS, 0, 0);
-        showWholeTips();
         behind_ = true;
         catchUp();
     }
@@ -115,9 +114,13 @@ class ToolbarPeer : public WindowPeer {
   protected:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
         switch (message) {
+        case WM_MOUSEMOVE:
+            if (!std::exchange(showsWholeTips_, true))
+                showWholeTips();
+            catchUp();
+            break;
         case catchUpMessage:
         case WM_PAINT:
-        case WM_MOUSEMOVE:
         case WM_LBUTTONDOWN:
         // Asked from outside: the answer is to be the present one.
         case TB_GETROWS:
@@ -143,6 +146,8 @@ class ToolbarPeer : public WindowPeer {
         return result;
     }
 
+    /// The control makes the window of its tips when it is asked for it, or shows one: not before the mouse
+    /// comes, which many a toolbar never sees.
     void showWholeTips() {
         const auto tips = reinterpret_cast<HWND>(SendMessageA(handle(), TB_GETTOOLTIPS, 0, 0));
         if (tips != nullptr)
@@ -226,6 +231,7 @@ class ToolbarPeer : public WindowPeer {
     bool behind_ = false; ///< the window is to follow a change
     bool imagesDirty_ = true;
     bool hadImages_ = false;
+    bool showsWholeTips_ = false;
 };
 
 } // namespace

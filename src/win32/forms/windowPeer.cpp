@@ -10,7 +10,6 @@
 #include "win32/forms/dialogKeys.h"
 #include "win32/forms/fonts.h"
 #include "win32/forms/hosted.h"
-#include "win32/forms/toolTip.h"
 
 #include <windowsx.h>
 
@@ -67,7 +66,7 @@ WindowPeer::~WindowPeer() {
         handle_ = nullptr;
         if (const auto found = shadowed().find(window); found != shadowed().end())
             found->second.peer = nullptr;
-        setToolTip(window, {});
+        tip_.change(window, {});
         destroyWindow(window);
     }
 }
@@ -108,8 +107,6 @@ void WindowPeer::createChild(const char* className, const std::string& text, DWO
         return;
     applyFont();
     takeTabPlace();
-    if (!control_.toolTipText().empty())
-        setToolTip(handle_, control_.toolTipText());
 }
 
 RECT WindowPeer::childPlace() const {
@@ -193,14 +190,10 @@ LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam,
     // An event may unload the form: the peer lives until its event has returned.
     const std::shared_ptr<Peer> kept = self->weak_from_this().lock();
     LRESULT result = 0;
-    // While the window still hears messages: the tips watch it by a procedure of their own, whose record
-    // would stay for ever if it were taken off in the window's last message.
-    if (message == WM_DESTROY)
-        setToolTip(window, {});
     // When the host's process has been killed this is the only message that tells.
     if (message == WM_NCDESTROY) {
         found->second.peer = nullptr;
-        setToolTip(window, {});
+        self->tip_.change(window, {});
         // A peer that its control has dropped lives on until its event has returned: the form may have taken
         // the window along meanwhile, and may even have been loaded anew.
         const bool shows = self->control_.peer() == self;
@@ -220,6 +213,7 @@ LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM wParam,
     if (runtime::endingByError())
         return self->defaultMessage(message, wParam, lParam);
     runtime::guarded([&] {
+        self->tip_.hear(window, self->control_.toolTipText(), message, wParam, lParam);
         if (self->mouseEventsFirst())
             self->reportMouse(message, wParam, lParam);
         // An event may have unloaded the form and the window with it.
@@ -306,7 +300,7 @@ void WindowPeer::changed(forms::Property property) {
         InvalidateRect(handle_, nullptr, TRUE);
         break;
     case forms::Property::toolTip:
-        setToolTip(handle_, control_.toolTipText());
+        tip_.change(handle_, control_.toolTipText());
         break;
     default:
         break;

@@ -9,6 +9,7 @@
 #include "forms/form.h"
 #include "forms/peer.h"
 #include "win32/common/native.h"
+#include "win32/forms/toolTip.h"
 
 #include <windows.h>
 
@@ -82,6 +83,7 @@ class WindowPeer : public forms::Peer {
     forms::Control& control_;
     HWND handle_ = nullptr;
     std::shared_ptr<const OwnedFont> font_; ///< that the window has
+    ToolTip tip_;
 };
 
 inline COLORREF nativeColour(forms::Colour colour) {

@@ -4,6 +4,7 @@
 #include "contract/toolForm.h"
 #include "contract/windows/counts.h"
 #include "contract/windows/icons.h"
+#include "contract/windows/tips.h"
 #include "contract/world.h"
 #include "core/hauptform.h"
 #include "forms/defaultInstance.h"
@@ -204,6 +205,8 @@ TEST_CASE("a window with a tool tip leaves nothing in the system's heap") {
         Tipped form;
         form.load();
         REQUIRE(form.box.hWnd() != platform::HWND::none);
+        contract::pointAt(form.box);
+        REQUIRE(contract::Tip(form.box).window() != nullptr);
         DestroyWindow(win32::native(form.hWnd())); // as a host takes a form along
         REQUIRE(form.lost());
     };

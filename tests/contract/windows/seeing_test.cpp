@@ -4,6 +4,7 @@
 #include "contract/windows/hiddenMainForm.h"
 #include "contract/windows/importHook.h"
 #include "contract/windows/ownProcess.h"
+#include "contract/windows/tips.h"
 #include "contract/windows/withoutViews.h"
 #include "contract/world.h"
 #include "forms/frame.h"
@@ -130,32 +131,6 @@ class Spy<number, Result WINAPI(Arguments...)> {
     contract::ImportHook hook_;
 };
 
-struct TipSearch {
-    HWND control;
-    HWND found;
-};
-
-BOOL CALLBACK lookForTip(HWND window, LPARAM search) {
-    auto& sought = *reinterpret_cast<TipSearch*>(search);
-    char name[32] = {};
-    GetClassNameA(window, name, 32);
-    TTTOOLINFOA tool{};
-    tool.cbSize = TTTOOLINFOA_V2_SIZE;
-    tool.hwnd = sought.control;
-    tool.uId = reinterpret_cast<UINT_PTR>(sought.control);
-    if (_stricmp(name, TOOLTIPS_CLASSA) == 0 &&
-        SendMessageA(window, TTM_GETTOOLINFOA, 0, reinterpret_cast<LPARAM>(&tool)) != 0)
-        sought.found = window;
-    return TRUE;
-}
-
-/// The window that shows the tip of a control.
-HWND tipWindowOf(forms::Control& control) {
-    TipSearch search{native(control.hWnd()), nullptr};
-    EnumThreadWindows(GetCurrentThreadId(), lookForTip, reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
-
 BOOL WINAPI chooseNothing(HMENU /*menu*/, UINT /*flags*/, int /*x*/, int /*y*/, int /*reserved*/,
                           HWND /*owner*/, const RECT* /*area*/) {
     Spy<0, decltype(TrackPopupMenu)>::seen.push_back(viewOfThread());
@@ -270,7 +245,8 @@ TEST_CASE("what goes into a host is made in its view, and what is made for that 
         CHECK(makings.allIn(view));
         later.setToolTipText("a tip");
         CHECK(viewOf(later) == view);
-        CHECK(viewOf(tipWindowOf(later)) == view);
+        contract::pointAt(later);
+        CHECK(viewOf(contract::Tip(later).window()) == view);
     }
 }
 
