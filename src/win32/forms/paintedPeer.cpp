@@ -28,7 +28,8 @@ std::uint32_t over(std::uint32_t pixel, std::uint32_t behind) {
 void PaintedPeer::changed(forms::Property property) {
     WindowPeer::changed(property);
     const bool shows = property == forms::Property::picture || property == forms::Property::position;
-    if (shows && handle() != nullptr)
+    // What is hidden is painted when it comes to be seen; a toolbar draws each of its icons on such a window.
+    if (shows && handle() != nullptr && control().visible())
         InvalidateRect(handle(), nullptr, FALSE);
 }
 

@@ -359,7 +359,8 @@ void WindowPeer::applyFont() {
     if (handle_ == nullptr)
         return;
     const std::shared_ptr<const OwnedFont> wanted = fontOf(control_.font(), control_.resolution().dpi());
-    SendMessageA(handle_, WM_SETFONT, reinterpret_cast<WPARAM>(wanted->handle), TRUE);
+    // A new window is still to be painted; for any other the caller sees to that.
+    SendMessageA(handle_, WM_SETFONT, reinterpret_cast<WPARAM>(wanted->handle), FALSE);
     font_ = wanted;
 }
 
