@@ -106,16 +106,16 @@ void BareDialog::read(HWND window, std::size_t parent) {
             read(child, self);
 }
 
-HWND BareDialog::open(HWND host) const {
+HWND BareDialog::open() const {
     std::vector<HWND> made;
     for (const Control& control : controls_) {
         const bool first = made.empty();
         const RECT& place = control.place;
-        const HWND window =
-            CreateWindowExA(control.extendedStyle, control.className.c_str(), control.text.c_str(),
-                            first ? control.style & ~DWORD{WS_VISIBLE} : control.style, place.left, place.top,
-                            place.right - place.left, place.bottom - place.top,
-                            first ? host : made[control.parent], nullptr, GetModuleHandleA(nullptr), nullptr);
+        const HWND window = CreateWindowExA(
+            control.extendedStyle, control.className.c_str(), control.text.c_str(),
+            first ? control.style & ~DWORD{WS_VISIBLE} : control.style, place.left, place.top,
+            place.right - place.left, place.bottom - place.top, first ? nullptr : made[control.parent],
+            nullptr, GetModuleHandleA(nullptr), nullptr);
         made.push_back(window);
         SendMessageA(window, WM_SETFONT, reinterpret_cast<WPARAM>(font_), 0);
         const Rows* const kind = kindOf(control.className);
@@ -130,7 +130,7 @@ HWND BareDialog::open(HWND host) const {
 }
 
 void BareDialog::openAndClose() const {
-    const HWND window = open(nullptr);
+    const HWND window = open();
     win32::servePending();
     DestroyWindow(window);
 }

@@ -16,11 +16,7 @@ class BareDialog {
     BareDialog(const BareDialog&) = delete;
     BareDialog& operator=(const BareDialog&) = delete;
 
-    /// Makes the same windows with the same rows, in a host, or by itself without one. The caller's to
-    /// destroy.
-    HWND open(HWND host) const;
-
-    /// The same, shows them until they are painted, and closes them.
+    /// Makes the same windows with the same rows, shows them until they are painted, and closes them.
     void openAndClose() const;
 
   private:
@@ -35,6 +31,7 @@ class BareDialog {
     };
 
     void read(HWND window, std::size_t parent);
+    HWND open() const;
 
     std::vector<Control> controls_;
     HFONT font_;

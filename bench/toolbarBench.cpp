@@ -1,9 +1,8 @@
 #include "toolbarBench.h"
 
-#include "bareDialog.h"
+#include "bareEditor.h"
 
 #include "core/hauptform.h"
-#include "platform/executable.h"
 #include "store/buttonLists.h"
 #include "store/state.h"
 #include "toolbars/frmToolbar.h"
@@ -12,23 +11,14 @@
 #include <windows.h>
 
 #include <commctrl.h>
-#include <shellapi.h>
 #include <tlhelp32.h>
 
 #include <array>
 #include <cstring>
-#include <string>
 
 namespace bench {
 
 namespace {
-
-constexpr int side = 16;
-
-std::string iconFile(int button) {
-    static const std::array<const char*, 3> files = {"brd.ico", "sch.ico", "lbr.ico"};
-    return platform::programFolder() + "\\" + files[static_cast<std::size_t>(button) % files.size()];
-}
 
 void fillList(int buttonCount) {
     store::boardButtons.redim(buttonCount);
@@ -40,45 +30,6 @@ void fillList(int buttonCount) {
         button.icon = iconFile(row) + ",0";
         button.type = 1;
         button.live = 1;
-    }
-}
-
-/// One picture by the shortest way: the icon drawn over the mask colour, and given to the list.
-void addIcon(HIMAGELIST images, HDC dc, HBITMAP bitmap, int button) {
-    HICON large = nullptr;
-    HICON little = nullptr;
-    ExtractIconExA(iconFile(button).c_str(), 0, &large, &little, 1);
-    const HGDIOBJ former = SelectObject(dc, bitmap);
-    PatBlt(dc, 0, 0, side, side, WHITENESS);
-    DrawIconEx(dc, 0, 0, little, 0, 0, 0, nullptr, DI_NORMAL);
-    SelectObject(dc, former);
-    DestroyIcon(little);
-    ImageList_AddMasked(images, bitmap, RGB(255, 255, 255));
-}
-
-/// A toolbar gets buttons with icons by the shortest way.
-void fillBare(HWND bar, int buttonCount) {
-    while (SendMessageA(bar, TB_BUTTONCOUNT, 0, 0) > 0)
-        SendMessageA(bar, TB_DELETEBUTTON, 0, 0);
-    const HIMAGELIST images = ImageList_Create(side, side, ILC_COLOR32 | ILC_MASK, buttonCount, 1);
-    const HDC screen = GetDC(nullptr);
-    const HDC dc = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, side, side);
-    for (int button = 1; button <= buttonCount; ++button)
-        addIcon(images, dc, bitmap, button);
-    DeleteObject(bitmap);
-    DeleteDC(dc);
-    ReleaseDC(nullptr, screen);
-    const auto former =
-        reinterpret_cast<HIMAGELIST>(SendMessageA(bar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images)));
-    if (former != nullptr)
-        ImageList_Destroy(former);
-    for (int button = 0; button < buttonCount; ++button) {
-        TBBUTTON made{};
-        made.iBitmap = button;
-        made.idCommand = button + 1;
-        made.fsState = TBSTATE_ENABLED;
-        SendMessageA(bar, TB_ADDBUTTONSA, 1, reinterpret_cast<LPARAM>(&made));
     }
 }
 
@@ -121,6 +72,23 @@ class FirstEditor {
     core::Hauptform form;
 };
 
+/// Each editor comes, gets what it gets, and goes. A window that stands all the time, as a running program
+/// has one: the system makes something for the first window of a thread, and ends it with the last.
+template <typename Made>
+void eachEditor(int count, const Made& made) {
+    const HWND standing = CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
+                                          GetModuleHandleA(nullptr), nullptr);
+    for (int round = 0; round < count; ++round)
+        made(newHost());
+    DestroyWindow(standing);
+}
+
+void close(HWND host) {
+    win32::servePending();
+    DestroyWindow(host);
+    win32::servePending();
+}
+
 } // namespace
 
 void load(int count, int buttonCount) {
@@ -151,32 +119,18 @@ void loadBare(int count, int buttonCount) {
 
 void newEditors(int count) {
     FirstEditor editor;
-    for (int round = 0; round < count; ++round) {
-        const HWND host = newHost();
+    eachEditor(count, [&editor](HWND host) {
         editor.form.setWindow();
-        win32::servePending();
-        DestroyWindow(host);
-        win32::servePending();
-    }
+        close(host);
+    });
 }
 
 void newEditorsBare(int count) {
-    FirstEditor editor;
-    const HWND first = newHost();
-    editor.form.setWindow();
-    const BareDialog toolbar(reinterpret_cast<HWND>(editor.form.toolbarsBRD.back()->window()));
-    const BareDialog calculator(reinterpret_cast<HWND>(editor.form.calculators.back()->fraMil.hWnd()));
-    DestroyWindow(first);
-    for (int round = 0; round < count; ++round) {
-        const HWND host = newHost();
+    eachEditor(count, [](HWND host) {
         searchBare();
-        const HWND form = toolbar.open(host);
-        fillBare(FindWindowExA(form, nullptr, TOOLBARCLASSNAMEA, nullptr), editorButtons);
-        calculator.open(host);
-        win32::servePending();
-        DestroyWindow(host);
-        win32::servePending();
-    }
+        const BareEditor editor(host, editorButtons);
+        close(host);
+    });
 }
 
 } // namespace bench

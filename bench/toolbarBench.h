@@ -10,7 +10,7 @@ void loadBare(int count, int buttonCount);
 
 /// The tick that finds a new board, until it has its toolbar of 40 buttons and its calculator.
 void newEditors(int count);
-/// The passes over the processes and the titles, and the same windows, buttons and icons.
+/// The passes over the processes and the titles, and what a new editor gets (bareEditor.h).
 void newEditorsBare(int count);
 
 } // namespace bench
