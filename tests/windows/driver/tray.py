@@ -3,6 +3,7 @@
 from driver.waiting import LIMIT, poll
 
 LEFT, RIGHT = 1, 3  # buttons of the mouse
+OWNER = "Kestrel Strip for EAGLE"  # title of the hidden window that has the icon
 RESTING = 3  # so many looks in a row see an icon that rests at one place
 
 # The menu's lines from its top: five entries, and two separators of half their height.
@@ -48,6 +49,13 @@ class Tray:
             return False
         self._stage.screen.click(*self.place_of(menu, entry))
         return poll(lambda: self.menu() is None)
+
+    def lose_icon(self):
+        """Takes the icon away behind Kestrel's back, as a shell does that starts anew. Gives Kestrel's window that is to
+        be told of it."""
+        owner = next(window for window in self._stage.look().windows.values() if window.text == OWNER)
+        self._stage.witness.order("untray", next(child.handle for child in owner.children if child.class_name == "Edit"))
+        return owner
 
     @staticmethod
     def place_of(menu, entry):

@@ -85,10 +85,8 @@ def configuration(stage, checks, tray):
 
 
 def comes_back(stage, checks, tray):
-    # The shell that has forgotten all icons is played by taking the icon away behind Kestrel's back.
     icon = tray.icon()
-    owner = [window for window in stage.look().windows.values() if window.text == "Kestrel Strip for EAGLE"][0]
-    stage.witness.order("untray", [child.handle for child in owner.children if child.class_name == "Edit"][0])
+    owner = tray.lose_icon()
     checks.that(tray.gone(), "the shell loses the icon")
     stage.witness.order("post", owner.handle, TASKBAR_CREATED, 0, 0)
     back = poll(tray.icon)
