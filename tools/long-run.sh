@@ -16,6 +16,8 @@ steps=(
     'native-random 50 build/native/bin/kestrel-tests -ob=rand -rs=$round'
     'users-check 3 "$PYTHON" tests/windows/whole-check.py'
     'native-walk 100 nativeWalk'
+    'win32-walk 20 "$PYTHON" tests/windows/play-walk.py win32 next'
+    'win32-killed-saves 1 "$PYTHON" tests/windows/killed-saves.py win32'
     'native-growth 1 KESTREL_GROWTH=50 build/native/bin/kestrel-tests -ts=core/growth'
     'win32-growth 4 growth i686'
     'win64-growth 4 growth x86_64'

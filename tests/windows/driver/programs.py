@@ -25,7 +25,7 @@ class Program:
         folder = prefix.path(windows_folder)
         self._control = folder / f"{name}-control.txt"
         self._journal = folder / f"{name}-journal.txt"
-        self._orders = 0
+        self.orders = 0  # that it has been given
 
     def events(self, name=None):
         """All that the journal holds so far, or the events of a name."""
@@ -46,10 +46,10 @@ class Program:
 
     def send(self, verb, *words):
         """Gives an order and does not wait for the answer."""
-        self._orders += 1
+        self.orders += 1
         with self._control.open("a", encoding="utf-8") as control:
-            control.write(fields.joined((self._orders, verb, *words)) + "\n")
-        return self._orders
+            control.write(fields.joined((self.orders, verb, *words)) + "\n")
+        return self.orders
 
     def answered(self, number):
         """The event that answers the order with this number; None as long as there is none."""

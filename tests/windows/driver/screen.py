@@ -13,6 +13,7 @@ class Screen:
     def __init__(self, display, scale=1):
         self._environment = display.environment
         self._scale = scale
+        self.inputs = 0  # presses of buttons, notches of the wheel and keys, since the beginning
 
     def _xdotool(self, *arguments):
         subprocess.run(["xdotool", *map(str, arguments)], env=self._environment, check=True)
@@ -30,12 +31,14 @@ class Screen:
         return tuple(round(int(word.split(":")[1]) / self._scale) for word in shown.stdout.split()[:2])
 
     def click(self, x, y, button=1):
+        self.inputs += 1
         # In two steps, as a hand does it: buttons that light up under the mouse see it come first.
         self.point(x - 1, y)
         self._xdotool("mousemove", *self._pixels(x, y), "click", button)
 
     def press(self, x, y, button=1):
         """Presses and holds."""
+        self.inputs += 1
         self.point(x - 1, y)
         self._xdotool("mousemove", *self._pixels(x, y), "mousedown", button)
 
@@ -43,15 +46,18 @@ class Screen:
         self._xdotool("mouseup", button)
 
     def double_click(self, x, y):
+        self.inputs += 2
         self.point(x - 1, y)
         self._xdotool("mousemove", *self._pixels(x, y), "click", "--repeat", 2, "--delay", 30, 1)
 
     def wheel_down(self, x, y, notches):
+        self.inputs += notches
         self.point(x, y)
         self._xdotool("click", "--repeat", notches, "--delay", 30, 5)
 
     def drag(self, start, end, steps=8):
         """Presses the button at the one place and lets it go at the other, at the speed of a quick hand."""
+        self.inputs += 1
         self.point(*start)
         way = ["mousedown", 1]
         for step in range(1, steps + 1):
@@ -59,10 +65,12 @@ class Screen:
         self._xdotool(*way, "sleep", 0.03, "mouseup", 1)
 
     def type(self, text):
+        self.inputs += len(text)
         self._xdotool("type", "--delay", 15, "--", text)
 
     def key(self, *names):
         """Keys by their X names: Return, Escape, Tab, alt+F4."""
+        self.inputs += len(names)
         self._xdotool("key", "--delay", 15, *names)
 
     def place(self, title, place):

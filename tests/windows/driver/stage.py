@@ -175,17 +175,18 @@ class Stage:
         return Bell(self._display.environment["DISPLAY"])
 
     @staticmethod
-    def _field(editor, desktop):
+    def field(editor, desktop):
+        """The editor's command field."""
         fields = [child for child in desktop.windows[editor.handle].children if child.class_name == "Edit"]
         return fields[0]
 
     def command_field(self, editor):
-        return self._field(editor, self.look(editor))
+        return self.field(editor, self.look(editor))
 
     def command_field_focused(self, editor):
         """Whether Windows has the keyboard's focus in the editor's command field."""
         desktop = self.look()
-        return desktop.foreground == editor.handle and desktop.focus == self._field(editor, desktop).handle
+        return desktop.foreground == editor.handle and desktop.focus == self.field(editor, desktop).handle
 
     def picture(self, name, part=None):
         """Leaves a picture of the screen, or of a rectangle of it."""

@@ -1,0 +1,1 @@
+"""A walk through Kestrel's days under Wine: real mouse and keyboard and what EAGLE does, in random order."""
