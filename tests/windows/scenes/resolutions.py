@@ -3,6 +3,7 @@ one that sees the main screen's, and one that is shown 96 to the inch. All place
 what the last one shows, with the toolbar in it; Wine tells places and takes clicks so, but paints the toolbar as it is."""
 
 import os
+import re
 import subprocess
 from functools import partial
 
@@ -10,12 +11,14 @@ from play import play_on_each
 
 from driver import paths, settings
 from driver.desktop import Rect
+from driver.setup import Setup
 from driver.tray import Tray
 from driver.waiting import poll
 
 DESIGN = 96
 KINDS = {"monitor": ("board", "-D monitor"), "system": ("schematic", "-D system"), "unaware": ("library", "")}
 ICONS = {"board": "brd", "schematic": "sch", "library": "lbr"}
+PAGES = {"board": 1, "schematic": 2, "library": 3}  # of the setup
 COMMANDS = [f"window {number}" for number in range(1, 8)]
 CALCULATOR_WIDTH = 200  # of its form, in pixels of the design, as all below
 FOLLOWED = 700  # the first calculator stands in a host of this width, whatever its own is
@@ -34,7 +37,7 @@ def text():
         rows = [settings.button(command, command, icon="{kestrelpath}\\" + icon + ".ico,0") for command in COMMANDS]
         rows.insert(4, settings.button("gap", "", settings.SEPARATOR))
         lists[kind] = rows
-    return "[Unit]\nVisible=1\n" + settings.made({}, **lists)
+    return "[global]\nlanguage=10000\n[Unit]\nVisible=1\n" + settings.made({}, **lists)
 
 
 def stands(checks, stage, editor, name, dpi):
@@ -83,6 +86,18 @@ def drawing(kind, side):
     return [(at % width, at // width, colour[:3]) for at, colour in enumerate(all_of_it) if colour[3] == 255]
 
 
+def config_drawing(side):
+    """The same of the picture of "Config", as the program's own table has it."""
+    table = (paths.PROJECT / "src" / "toolbars" / "pictures.inc").read_text("ascii")
+    packed = re.search(rf'\{{"Config", {side},((?:\s+"[^"]*")+)sv', table)
+    if not packed:
+        return None
+    count, *data = (int(value, 8) for value in re.findall(r"\\(\d{3})", packed[1]))
+    colours = [tuple(data[3 * number:3 * number + 3]) for number in range(count)]  # the first is the transparent one
+    numbers = [run & 15 for run in data[3 * count:] for _ in range((run >> 4) + 1)]
+    return [(at % side, at // side, colours[number]) for at, number in enumerate(numbers) if number]
+
+
 def shows(stage, place, wanted):
     """Whether the drawing stands somewhere in that place, pixel by pixel."""
     width, seen = pixels("bmp:-", data=stage.screen.shown(place))
@@ -94,22 +109,31 @@ def shows(stage, place, wanted):
 
 
 def sharp(checks, stage, editor, kind, name, dpi):
-    wanted = drawing(kind, PICTURE * dpi // DESIGN)
-    if not wanted:
-        return
+    side = PICTURE * dpi // DESIGN
     stage.screen.point(1, 1199)  # no button is lit up
-    for number, button in enumerate(stage.toolbar(editor).buttons[:len(COMMANDS)], 1):
-        checks.that(poll(lambda place=button.place: shows(stage, place, wanted)), f"{name}: button {number} shows the icon's own pixels")
+    wanted, config = drawing(kind, side), config_drawing(side)
+    if not wanted:  # it is made smaller from the next one
+        checks.that(stage.painted(editor), f"{name}: each button shows a picture")
+        return
+    pictures = [(f"button {number}", wanted) for number in range(1, len(COMMANDS) + 1)] + [("Config", config)]
+    for (button, picture), place in zip(pictures, [button.place for button in stage.toolbar(editor).buttons]):
+        checks.that(poll(lambda picture=picture, place=place: shows(stage, place, picture)), f"{name}: {button} shows its own pixels")
 
 
-def clicks(checks, stage, editor, name):
+def clicks(checks, stage, editor, kind, name):
     editor.to_front()
-    stage.wait_for_focus(editor.handle, 2)  # it need not come: the click is what brings it
-    for number, command in enumerate(COMMANDS):
+    poll(lambda: stage.look().foreground == editor.handle, 2)  # the keys come with the click
+    buttons = stage.toolbar(editor).buttons
+    for number, (command, button) in enumerate(zip(COMMANDS, buttons)):
         before = len(editor.executed())
-        stage.click_button(editor, number)
+        stage.screen.click(*button.place.middle)
         poll(lambda count=before: len(editor.executed()) > count)
         checks.equal(editor.executed()[before:], [command], f"{name}: a click on button {number + 1}")
+    setup = Setup(stage)
+    stage.screen.click(*buttons[-1].place.middle)
+    if checks.that(poll(lambda: setup.form() and setup.page() == PAGES[kind]), f"{name}: a click on Config opens the page of the kind"):
+        setup.press("Cancel")
+        checks.that(setup.gone(), f"{name}: and one on Cancel closes it")
 
 
 def tray_opens(checks, stage, dpi):
@@ -132,7 +156,7 @@ def story(stage, checks, dpi):
             continue
         kind, arguments = KINDS[name]
         stands(checks, stage, editor, f"{name}, {dpi}", dpi)
-        clicks(checks, stage, editor, f"{name}, {dpi}")
+        clicks(checks, stage, editor, kind, f"{name}, {dpi}")
         if arguments:
             sharp(checks, stage, editor, kind, f"{name}, {dpi}", dpi)
         stage.picture(f"{dpi}-{name}", Rect(0, 0, 1600, 1200))
