@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstddef>
+#include <vector>
 
 namespace bench {
 
@@ -107,13 +108,14 @@ void fillBare(HWND bar, int buttonCount) {
         reinterpret_cast<HIMAGELIST>(SendMessageA(bar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images)));
     if (former != nullptr)
         ImageList_Destroy(former);
+    std::vector<TBBUTTON> buttons(static_cast<std::size_t>(buttonCount));
     for (int button = 0; button < buttonCount; ++button) {
-        TBBUTTON made{};
+        TBBUTTON& made = buttons[static_cast<std::size_t>(button)];
         made.iBitmap = button;
         made.idCommand = button + 1;
         made.fsState = TBSTATE_ENABLED;
-        SendMessageA(bar, TB_ADDBUTTONSA, 1, reinterpret_cast<LPARAM>(&made));
     }
+    SendMessageA(bar, TB_ADDBUTTONSA, buttons.size(), reinterpret_cast<LPARAM>(buttons.data()));
 }
 
 BareEditor::BareEditor(HWND host, int buttonCount)

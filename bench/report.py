@@ -23,7 +23,8 @@ with the editors in front three passes that end where a search ends. The program
 
 Of the display nothing is asked in a tick. That the program reads the display's socket twelve times each time, and the bare one
 never, is Wine's look for events before and after it waits, in every thread that has ever made a window.""" + "\n\n" + TABLE),
-    "load": ("Filling a toolbar", TABLE),
+    "load": ("Filling a toolbar", """The bare new board gets the same windows by the same calls in the same order, as a plain program makes them; `bench/bareEditor.h`
+names them.""" + "\n\n" + TABLE),
     "start": ("Start, calculator, memory", "Start-up is what is measured here, the splash's part taken off; elsewhere it is left out.\n\n" + TABLE),
     "setup": ("Setup", "The bare dialog has the same controls with the same rows, and nothing behind them.\n\n" + TABLE),
     "growth": ("Growth", "![Ticks, toolbars and the setup by their size](performance.png)\n"),
