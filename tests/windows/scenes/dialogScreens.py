@@ -23,6 +23,7 @@ INPUT_BOX = (360, 125)
 ERROR_DIALOG = (481, 340)
 ICON = 16
 PAGES = ("general", "board", "schematic", "library")
+WRONG = "a\xa7b"  # a button whose tag cannot be read: a click on it is an error
 PAINTED = 10  # colours of what shows icons or a picture
 LAPTOP = 1366, 768
 LARGE = 2560, 1600
@@ -129,9 +130,22 @@ def message(screen):
         screen.stage.screen.key("Return")
 
 
-def input_box(screen, board):
+def click_row(screen, board, path):
     rows = settings.buttons(screen.stage.settings(), "board")
-    screen.stage.click_button(board, [row["path"] for row in rows].index("ripup"))
+    screen.stage.click_button(board, [row["path"] for row in rows].index(path))
+
+
+def error_box(screen, board, kestrel):
+    click_row(screen, board, WRONG)
+    box = top(screen.stage, "Kestrel", "#32770")
+    if screen.checks.that(box, f"{screen.dpi}: an error is told in a box"):
+        screen.whole(box, "error-box")
+        screen.stage.screen.click(*next(inner for inner in box.inside() if inner.class_name == "Button").place.middle)
+        screen.checks.equal(screen.stage.witness.exit_code(kestrel), 0, f"{screen.dpi}: a click on its OK ends the program")
+
+
+def input_box(screen, board):
+    click_row(screen, board, "ripup")
     form = top(screen.stage, "Input Parameter")
     if screen.checks.that(form, f"{screen.dpi}: a button opens the input box"):
         screen.has(form, INPUT_BOX, "input-box")
@@ -151,6 +165,7 @@ def error_dialog(screen):
 
 def text():
     lists = {kind: settings.rows(settings.start_set(), kind) for kind in settings.SECTIONS}
+    lists["board"].append(settings.button("wrong", WRONG))
     lists["library"].insert(0, settings.button("own", "own", icon="{kestrelpath}\\lbr.ico,0"))
     return "[global]\nlanguage=10000\n[Unit]\nVisible=1\n" + settings.made({"EAGLEpath": "C:\\nowhere\\eagle.exe"}, **lists)
 
@@ -160,13 +175,15 @@ def story(stage, checks, dpi):
     screen = Screen(stage, checks, dpi, size)
     board = stage.start_eagle(arguments="-D monitor").open("board", "C:\\work\\demo.brd")
     board.place(0, 0, round(screen.here(720)), round(screen.here(440)))
-    stage.start_kestrel(text())
+    kestrel = stage.start_kestrel(text())
     checks.that(stage.toolbar(board) and stage.painted(board), f"{dpi}: the toolbar comes")
     input_box(screen, board)
     splash(screen)
     message(screen)
     error_dialog(screen)
     pages(screen, screen.here(SETUP[1]) < size[1] - 2 * TITLE)
+    screen.dpi = dpi
+    error_box(screen, board, kestrel)
 
 
 def laptop(stage, checks):
