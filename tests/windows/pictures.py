@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Makes the pictures of all documents from the real program: pictures.py [LANGUAGE] [PICTURE]...
 
-Without arguments all of them: those of the help, in both languages, into resources/help/pictures, and the moving picture of
-the demonstration, docs/demo.gif.
+Without arguments all of them: those of the help, in both languages, into resources/help/pictures, a toolbar on a fine screen,
+docs/toolbar-150.png, and the moving picture of the demonstration, docs/demo.gif.
 Needs dist/win32, the stand-in EAGLE of the 32-bit build and the witness (tools/build.sh i686 dist eagle;
 tools/build.sh x86_64 witness).
 """
@@ -29,6 +29,8 @@ OFFSETS = {"en": 10000, "de": 0}  # of the program's texts
 COLOURS = 96  # of a picture's palette
 SHOWS_VERSION = ("-set", "Kestrel", version(), "-define", "png:include-chunks=tEXt")  # the check of the help looks for it
 FILM = "demo.gif"
+FINE = "toolbar-150.png"
+FINE_DPI = 144
 DEMO = Path(__file__).resolve().parent / "demo" / "demo.py"
 OWN_WORK = "C:\\work"
 FILES = ("demo.brd", "demo.sch", "parts.lbr", "assembly.txt", "notes.txt", "readme.txt")
@@ -41,6 +43,14 @@ def configured(language):
     options = {"EAGLEpath": "C:\\eagle\\eagle.exe", "winEAGLE": 3, "oneEAGLE": 1}
     return (f"[global]\nlanguage={OFFSETS[language]}\nmend=1\n[Unit]\nVisible=1\nLeftAccuracy=0.##\nRightAccuracy=0.####\n"
             + settings.made(options, **lists))
+
+
+def keep(stage, target, place, *marks):
+    """Keeps a rectangle of the screen as a small picture."""
+    stage.screen.picture(target, place)
+    subprocess.run(["convert", target, "-strip", "+dither", "-colors", str(COLOURS),
+                    "-define", "png:exclude-chunks=date,time", *marks, f"png8:{target}"], check=True)
+    print(f"   {target.parent.name}/{target.name}: {place.width} by {place.height}, {target.stat().st_size} bytes", flush=True)
 
 
 class Artist:
@@ -84,12 +94,8 @@ class Artist:
                     window.client.bottom + side)
 
     def keep(self, name, place, *marks):
-        """Keeps a rectangle of the screen as a small picture, with a mark that is given as options of `convert`."""
-        target = TARGET / self.language / f"{name}.png"
-        self.stage.screen.picture(target, place)
-        subprocess.run(["convert", target, "-strip", "+dither", "-colors", str(COLOURS),
-                        "-define", "png:exclude-chunks=date,time", *marks, f"png8:{target}"], check=True)
-        print(f"   {self.language}/{name}.png: {place.width} by {place.height}, {target.stat().st_size} bytes", flush=True)
+        """Keeps a rectangle of the screen, with a mark that is given as options of `convert`."""
+        keep(self.stage, TARGET / self.language / f"{name}.png", place, *marks)
 
     def rest(self):
         """Puts the mouse where it changes nothing."""
@@ -259,14 +265,35 @@ def film():
     shutil.copy(paths.BUILD / "demo" / FILM, paths.PROJECT / "docs" / FILM)
 
 
+def fine():
+    """Toolbar and calculator in an EAGLE that sees all pixels of its screen."""
+    with Stage(BITS, paths.BUILD / "pictures", dpi=FINE_DPI, pixels=True) as stage:
+        board = stage.start_eagle(arguments="-D monitor").open("board", f"{OWN_WORK}\\demo.brd")
+        width, height = 1056, 390
+        board.place(0, 0, width, height)
+        stage.start_kestrel(configured("en"))
+        stage.toolbar(board)
+        stage.painted(board)
+        for aside in (1, 0):  # the calculator is painted where it stands, as in the help's pictures
+            board.place(aside, 0, width, height)
+        stage.painted(board)
+        stage.screen.point(1500, 1000)
+        window = stage.look(board).windows[board.handle]
+        stage.screen.still(window.place)
+        thinner = 26  # the window manager's title bar, at each resolution the same
+        keep(stage, paths.PROJECT / "docs" / FINE,
+             Rect(window.client.left - 1, window.place.top + thinner, window.client.right + 1, window.client.bottom + 1))
+
+
 def main(arguments):
     languages = [word for word in arguments if word in LOCALES] or list(LOCALES)
-    names = [word for word in arguments if word not in LOCALES] or [*ALL, FILM]
-    if not set(names) <= {*ALL, FILM}:
-        sys.exit(f"{__doc__}\nPictures: {' '.join([*ALL, FILM])}")
-    if FILM in names:
-        film()
-        names.remove(FILM)
+    names = [word for word in arguments if word not in LOCALES] or [*ALL, FINE, FILM]
+    if not set(names) <= {*ALL, FINE, FILM}:
+        sys.exit(f"{__doc__}\nPictures: {' '.join([*ALL, FINE, FILM])}")
+    for name, take in ((FINE, fine), (FILM, film)):
+        if name in names:
+            take()
+            names.remove(name)
     if not names:
         return 0
     for language in languages:
