@@ -4,8 +4,10 @@
 #   tools/long-run.sh [STEP]...    all steps, or those named
 #   tools/long-run.sh --list       what there is, and how far it has come
 #
-# A step has a number of rounds. It may be stopped at any time (Ctrl+C) and goes on with the round that it had reached;
-# rounds of another commit do not count. build/long-run keeps a line for each round, with its date, and what it printed.
+# A step has a number of rounds. It may be stopped at any time (Ctrl+C) and goes on with the round that it had reached.
+# Rounds of another commit do not count, but where a number begins with +: those look for what fails once in many, and
+# add up over commits in tools/rounds.tsv (date, commit, step, passed, failed), which is committed. build/long-run keeps
+# a line for each other round, with its date, and what each printed.
 # Nothing gets a second try here: what test.sh would tell as FLAKY is a failure, and counted.
 set -uo pipefail
 . "$(dirname "$0")/lib.sh"
@@ -13,7 +15,7 @@ cd "$PROJECT" || exit 1
 
 # NAME ROUNDS COMMAND: $round is the number of the round, from 1.
 steps=(
-    'native-random 50 build/native/bin/kestrel-tests -ob=rand -rs=$round'
+    'native-random +50 build/native/bin/kestrel-tests -ob=rand -rs=$round'
     'users-check 3 "$PYTHON" tests/windows/whole-check.py'
     'native-walk 100 nativeWalk'
     'win32-walk 20 "$PYTHON" tests/windows/play-walk.py win32 next'
@@ -26,9 +28,9 @@ steps=(
     'win64-screens 1 KESTREL_DPI=96,120,168,192 "$PYTHON" tests/windows/play-all.py --once win64 resolutions dialogScreens'
     'win64-scenes 1 "$PYTHON" tests/windows/play-all.py --once win64'
     'win64-pages 1 "$PYTHON" tests/windows/play-all.py --once win64 contract-932 contract-65001'
-    'win32-contract 50 tools/test-contract.sh i686'
-    'win64-contract 50 tools/test-contract.sh x86_64'
-    'win32-scenes 50 "$PYTHON" tests/windows/play-all.py --once win32'
+    'win32-contract +50 tools/test-contract.sh i686'
+    'win64-contract +50 tools/test-contract.sh x86_64'
+    'win32-scenes +50 "$PYTHON" tests/windows/play-all.py --once win32'
 )
 
 # What 240 editors leave, with their 4,300 ticks, 120 setups and 120 dialogs of each kind.
@@ -49,21 +51,34 @@ nativeWalk() {
 
 commit=$(git rev-parse --short=10 HEAD)
 kept=build/long-run
+addedUp=tools/rounds.tsv
 mkdir -p "$kept"
 
-# The rounds of a step that this commit has behind it.
-roundsOf() { grep -c " $commit " "$kept/$1" 2>/dev/null || true; }
+# NAME ROUNDS: the step's rounds so far, a line each with commit, passed and failed.
+linesOf() {
+    case $2 in
+        +*) awk -F'\t' -v step="$1" '$3 == step { print $2, $4, $5 }' "$addedUp" ;;
+        *) awk -v commit="$commit" '$1 == commit' "$kept/$1" 2>/dev/null ;;
+    esac
+}
+roundsOf() { linesOf "$@" | wc -l; }
+failuresOf() { linesOf "$@" | awk '$3 > 0' | wc -l; }
 
-# The rounds among them with a failure.
-failuresOf() { grep " $commit " "$kept/$1" 2>/dev/null | grep -vc ' 0 failed$' || true; }
+# NAME ROUNDS PASSED FAILED: one more.
+addRound() {
+    case $2 in
+        +*) printf '%s\t%s\t%s\t%d\t%d\n' "$(date +%F)" "$commit" "$1" "$3" "$4" >>"$addedUp" ;;
+        *) printf '%s %d %d %s\n' "$commit" "$3" "$4" "$(date '+%Y-%m-%d %H:%M')" >>"$kept/$1" ;;
+    esac
+}
 
 tell() {
-    printf '   %-16s %3d of %3d rounds   %d with a failure\n' "$1" "$(roundsOf "$1")" "$2" "$(failuresOf "$1")"
+    printf '   %-18s %3d of %3d rounds   %d with a failure\n' "$1" "$(roundsOf "$1" "$2")" "${2#+}" "$(failuresOf "$1" "$2")"
 }
 
 play() {
     local name=$1 rounds=$2 command=$3 round log good bad code begin
-    for ((round = $(roundsOf "$name") + 1; round <= rounds; ++round)); do
+    for ((round = $(roundsOf "$name" "$rounds") + 1; round <= ${rounds#+}; ++round)); do
         log=$kept/$name-$commit-$round.log
         begin=$SECONDS
         eval "$command" </dev/null >"$log" 2>&1
@@ -71,14 +86,15 @@ play() {
         ((code != 130)) || exit 130 # Ctrl+C is no failure
         read -r good bad < <(awk -f tools/test-counts.awk "$log")
         ((code == 0 || bad > 0)) || bad=1
-        printf '%s %s round %d: %d passed, %d failed\n' "$(date '+%Y-%m-%d %H:%M')" "$commit" "$round" "$good" "$bad" >>"$kept/$name"
-        say "$name, round $round of $rounds: $good passed, $bad failed, $((SECONDS - begin)) s"
+        addRound "$name" "$rounds" "$good" "$bad"
+        ((bad == 0)) || failed=1
+        say "$name, round $round of ${rounds#+}: $good passed, $bad failed, $((SECONDS - begin)) s"
         ((bad > 0)) || rm -f "$log" # only what is to be read
     done
 }
 
 trap 'exit 130' INT
-[ -z "$(git status --porcelain)" ] || say "the checkout has changes; the rounds count for $commit all the same"
+[ -z "$(git status --porcelain -- . ":!$addedUp" ':!*/effort.tsv')" ] || say "the checkout has changes; the rounds count for $commit all the same"
 if [ "${1:-}" != --list ]; then
     tools/setup-toolchain.sh && tools/build.sh native && tools/build.sh i686 && tools/build.sh x86_64 && tools/setup-wine.sh || exit 1
 fi
@@ -87,7 +103,6 @@ for step in "${steps[@]}"; do
     read -r name rounds command <<<"$step"
     if [ "${1:-}" != --list ] && [[ $# = 0 || " $* " = *" $name "* ]]; then
         play "$name" "$rounds" "$command"
-        failed=$((failed + $(failuresOf "$name")))
     fi
     tell "$name" "$rounds"
 done
