@@ -42,6 +42,10 @@ class ToolbarPeer : public WindowPeer {
     ~ToolbarPeer() override {
         if (handle() != nullptr)
             SendMessageA(handle(), TB_SETIMAGELIST, 0, 0);
+        else if (tips_ != nullptr && IsWindow(tips_) != FALSE)
+            // The control takes its tips along, but not where the host's program has been killed: then its
+            // window has heard nothing but that it is gone.
+            DestroyWindow(tips_);
         if (images_ != nullptr)
             ImageList_Destroy(images_);
     }
@@ -149,9 +153,9 @@ class ToolbarPeer : public WindowPeer {
     /// The control makes the window of its tips when it is asked for it, or shows one: not before the mouse
     /// comes, which many a toolbar never sees.
     void showWholeTips() {
-        const auto tips = reinterpret_cast<HWND>(SendMessageA(handle(), TB_GETTOOLTIPS, 0, 0));
-        if (tips != nullptr)
-            SetWindowLongA(tips, GWL_STYLE, GetWindowLongA(tips, GWL_STYLE) | TTS_NOPREFIX | TTS_ALWAYSTIP);
+        tips_ = reinterpret_cast<HWND>(SendMessageA(handle(), TB_GETTOOLTIPS, 0, 0));
+        if (tips_ != nullptr)
+            SetWindowLongA(tips_, GWL_STYLE, GetWindowLongA(tips_, GWL_STYLE) | TTS_NOPREFIX | TTS_ALWAYSTIP);
     }
 
     void copyTip(int commandNumber, char* text, int size) const {
@@ -227,6 +231,7 @@ class ToolbarPeer : public WindowPeer {
 
     forms::Toolbar& toolbar_;
     HIMAGELIST images_ = nullptr;
+    HWND tips_ = nullptr; ///< the control's own window
     int clicked_ = 0;     ///< command number of the button that the control has reported
     bool behind_ = false; ///< the window is to follow a change
     bool imagesDirty_ = true;

@@ -2,9 +2,11 @@
 // nothing but what it leaves on purpose.
 #include "contract/windows/counts.h"
 #include "contract/windows/icons.h"
+#include "contract/windows/tips.h"
 #include "contract/world.h"
 #include "core/hauptform.h"
 #include "platform/executable.h"
+#include "platform/user32.h"
 #include "store/buttonLists.h"
 #include "store/frmIconChooser.h"
 #include "toolbars/frmToolbar.h"
@@ -14,7 +16,10 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -31,6 +36,20 @@ void fillBoardButtons() {
         button.type = 1;
         button.live = 1;
     }
+}
+
+BOOL CALLBACK countTips(HWND window, LPARAM counter) {
+    std::array<char, 32> name{};
+    GetClassNameA(window, name.data(), static_cast<int>(name.size()));
+    *reinterpret_cast<int*>(counter) += lstrcmpiA(name.data(), TOOLTIPS_CLASSA) == 0 ? 1 : 0;
+    return TRUE;
+}
+
+/// Of this thread.
+int tipWindows() {
+    int found = 0;
+    EnumThreadWindows(GetCurrentThreadId(), countTips, reinterpret_cast<LPARAM>(&found));
+    return found;
 }
 
 } // namespace
@@ -86,6 +105,21 @@ TEST_CASE("forms that come and go leave neither handles nor windows") {
         comeAndGo();
     CHECK(openHandles() == handles);
     CHECK(openWindows() == windows);
+}
+
+TEST_CASE("a toolbar whose host's program is ended leaves no window of its tips") {
+    contract::World world;
+    const platform::HWND host = world.openWindow("host", {100, 120, 900, 720});
+    const int before = tipWindows();
+    toolbars::frmToolbarBRD form;
+    form.loadVarBar();
+    form.show();
+    platform::SetParent(form.hWnd(), host);
+    contract::pointAt(form.toolbar); // the control makes its tips when the mouse comes
+    REQUIRE(tipWindows() == before + 1);
+    world.killOtherProgram();
+    CHECK(contract::World::until([&] { return form.hWnd() == platform::HWND::none; }));
+    CHECK(tipWindows() == before);
 }
 
 TEST_CASE("an icon chooser that comes and goes leaves neither icons nor graphics nor handles nor windows") {
