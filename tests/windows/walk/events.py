@@ -310,8 +310,7 @@ def configuration(world):
     """From the tray."""
     window = worked_in(world)
     world.expect(world.tray.choose("configuration"), "Configuration can be chosen")
-    setupEdits.use(world)
-    return leaves(world, window, "the setup from the tray")
+    return leaves(world, setupEdits.use(world) or window, "the setup from the tray")
 
 
 def config(world):
@@ -321,8 +320,7 @@ def config(world):
         return False
     window, _, place = found
     world.stage.screen.click(*place)
-    setupEdits.use(world)
-    return leaves(world, window, "the setup")
+    return leaves(world, setupEdits.use(world) or window, "the setup")
 
 
 def notepad_comes(world):

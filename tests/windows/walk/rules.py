@@ -73,6 +73,8 @@ def _program(world, desktop):
         # A tip may still be there, where the mouse was.
         if window.parent == 0 and window.visible and window.class_name not in (TIP, ICON) and window.place.width > 1:
             return f"nothing of the program is on the desktop: {window.class_name} {window.text!r} {window.place}"
+        if window.class_name == TIP and window.owner and window.owner not in desktop.windows:
+            return "a toolbar's tips go with it"
     if not desktop.top(class_name=ICON):
         return "the icon stands in the tray"
     for file, words in (("execute.txt", "a request is taken"), ("kestrel.sav", "a save comes to its end")):
@@ -138,5 +140,5 @@ def settings_wrong(world):
 
 
 def counts(world, desktop):
-    """Windows of the program by class."""
-    return Counter(window.class_name for window in world.ours(desktop))
+    """Windows of the program by class; a toolbar's tips may come later."""
+    return Counter(window.class_name for window in world.ours(desktop) if window.class_name != TIP)

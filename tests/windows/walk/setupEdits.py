@@ -17,7 +17,7 @@ def stored(world):
 
 
 def use(world):
-    """From its coming to its going."""
+    """From its coming to its going. Gives the window that the user has clicked meanwhile; None if he has not."""
     form = world.wait(world.setup.comes, "the setup comes and has the keyboard")
     before = stored(world)
     lists, calculators = [list(rows) for rows in before[0]], before[1]
@@ -29,14 +29,14 @@ def use(world):
             calculators = 1 - calculators
         else:
             edit(world, lists[page - 1])
-    if world.one(3):
-        held(world, form)
+    clicked = held(world, form) if world.one(3) else None
     saved = world.one(2)
     close(world, saved)
     world.expect(world.setup.gone(), "the setup goes")
     wanted = (lists, calculators) if saved else before
     world.wait(lambda: stored(world) == wanted, f"the settings are {wanted}, not {stored(world)}")
     world.calculators = bool(wanted[1])
+    return clicked
 
 
 def edit(world, rows):
@@ -55,7 +55,8 @@ def edit(world, rows):
 
 
 def held(world, form):
-    """A click on a toolbar does nothing while the setup is up."""
+    """A click on a toolbar does nothing while the setup is up but bring its window to the front. Gives that; None if no toolbar
+    can be clicked."""
     desktop = world.stage.look()
     for window in world.choices():
         for bar in world.stage.toolbars(window.editor, desktop):
@@ -66,10 +67,10 @@ def held(world, form):
             world.stage.screen.click(*place)
             world.expect(stays(lambda: len(window.editor.executed()) == before, 0.3), "the setup holds the toolbars")
             world.expect(world.setup.form(), "the setup stays")
-            # The click has brought EAGLE's window to the front.
             world.stage.screen.click(form.client.left + 30, form.client.bottom - 10)
             world.wait(lambda: world.stage.wait_for_focus(form.handle), "a click brings the setup to the front")
-            return
+            return window
+    return None
 
 
 def close(world, saved):
