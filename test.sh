@@ -38,9 +38,9 @@ step() {
 step 'toolchain' tools/setup-toolchain.sh
 # Mostly waits for the net: it is made while others compile. The step of its own waits for that, and tells of a failure.
 tools/setup-wine.sh >/dev/null 2>&1 &
-step 'native build' tools/build.sh native
-step 'native tests' tools/test-native.sh
-step 'coverage' tools/check-coverage.py
+step 'native build' tools/build.sh native all kestrel-tests-counted
+step 'native tests' tools/test-native.sh --count
+step 'coverage' tools/check-coverage.py --tell
 step 'fuzz' tests/fuzz/run.sh --trial 30
 step 'style' tools/check-style.sh
 step 'second tries' "$PYTHON" tests/windows/check-turns.py

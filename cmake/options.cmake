@@ -12,8 +12,6 @@ if(KESTREL_SANITIZE)
     target_link_options(kestrel-options INTERFACE -fsanitize=address,undefined)
 endif()
 
-option(KESTREL_COVERAGE "Count which lines and branches of the logic run" OFF)
-
 option(KESTREL_FUZZ "Build for clang's fuzzer: its program alone" OFF)
 if(KESTREL_FUZZ AND KESTREL_SANITIZE)
     target_compile_options(kestrel-options INTERFACE -fsanitize=fuzzer-no-link)

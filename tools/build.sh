@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Configures and builds one preset, the whole of it or some targets: build.sh PRESET [TARGET]...
-# CMakePresets.json has the presets: native, coverage, fuzz, fuzz-fast, native-release, i686, x86_64.
+# CMakePresets.json has the presets: native, fuzz, fuzz-fast, native-release, i686, x86_64.
 # The Windows presets leave dist/win32, dist/win64.
 set -euo pipefail
 . "$(dirname "$0")/lib.sh"

@@ -1,8 +1,11 @@
 #!/usr/bin/env python3
 """Builds the native tests so that they count, runs them, and fails where a line or a branch of the logic does not run.
 
-    tools/check-coverage.py          all of src but src/win32
-    tools/check-coverage.py --run    with what is built already
+    tools/check-coverage.py           all of src but src/win32
+    tools/check-coverage.py --play    runs what is built, and leaves the counts
+    tools/check-coverage.py --tell    what has been counted
+
+The tests and the simulated desktop are those of the native build, only the logic is compiled anew.
 
 What cannot run in a test stands in tools/uncovered.tsv, each line of source by itself: file, how many of its branches,
 the line, and why. One that it names in vain is told of. The tests run in one order and with one seed, so that two runs
@@ -17,8 +20,8 @@ import subprocess
 import sys
 
 PROJECT = pathlib.Path(__file__).resolve().parent.parent
-BUILD = PROJECT / 'build/coverage'
-COUNTED = BUILD / 'CMakeFiles/kestrel-logic.dir'
+BUILD = PROJECT / 'build/native'
+COUNTED = BUILD / 'CMakeFiles/kestrel-logic-counted.dir'
 ACCEPTED = PROJECT / 'tools/uncovered.tsv'
 RUNS = [('1252', '*'), ('932', 'runtime/*,store/*'), ('65001', 'runtime/*,store/*')]
 
@@ -29,7 +32,7 @@ def play():
     for page, suites in RUNS:
         print(f'== native tests in code page {page}, suites {suites}', flush=True)
         environment = dict(os.environ, KESTREL_CODE_PAGE=page, KESTREL_SEED='1')
-        subprocess.run([BUILD / 'bin/kestrel-tests', f'-ts={suites}'], cwd=PROJECT, env=environment, check=True)
+        subprocess.run([BUILD / 'bin/kestrel-tests-counted', f'-ts={suites}'], cwd=PROJECT, env=environment, check=True)
 
 
 def counted():
@@ -70,9 +73,12 @@ def accepted():
 
 
 def main():
-    if '--run' not in sys.argv[1:]:
-        subprocess.run([PROJECT / 'tools/build.sh', 'coverage', 'kestrel-tests'], check=True)
-    play()
+    if '--play' in sys.argv[1:]:
+        play()
+        return 0
+    if '--tell' not in sys.argv[1:]:
+        subprocess.run([PROJECT / 'tools/build.sh', 'native', 'kestrel-tests-counted'], check=True)
+        play()
     found = missing(counted())
     named = accepted()
     bad = 0

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Runs the native tests in each code page that the simulated desktop knows, two at a time: test-native.sh. What each run
-# has printed follows when it has ended.
+# Runs the native tests in each code page that the simulated desktop knows, two at a time: test-native.sh [--count]. What
+# each run has printed follows when it has ended. With --count those that count go along, as the last ones, for
+# tools/check-coverage.py --tell: kestrel-tests-counted has to be built then.
 #
 # Each run has an order of its own, by a seed that it prints. KESTREL_SEED=17 tools/test-native.sh plays all as it was.
 set -uo pipefail
@@ -23,13 +24,25 @@ inPage() {
     return $code
 }
 
+# They have an order of their own.
+counted() {
+    local log code
+    log=$(logFile counted)
+    tools/check-coverage.py --play >"$log" 2>&1
+    code=$?
+    flock "$tests" cat <(say "native tests that count, exit code $code") "$log"
+    return $code
+}
+
 bad=0
 runs=()
-for page in 1252 1250 1251 932 65001; do
+each=('inPage 1252' 'inPage 1250' 'inPage 1251' 'inPage 932' 'inPage 65001')
+[ "${1:-}" != --count ] || each+=(counted)
+for run in "${each[@]}"; do
     while (($(jobs -rp | wc -l) >= 2)); do
         wait -n
     done
-    inPage "$page" &
+    $run &
     runs+=($!)
 done
 for run in "${runs[@]}"; do
