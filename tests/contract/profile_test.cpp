@@ -55,7 +55,7 @@ TEST_SUITE_BEGIN("contract/profile");
 TEST_CASE("the settings-file operations do what the table says") {
     contract::World world;
     const auto rows = contract::readProfileTable(world.dataFile("profile.tsv"));
-    CHECK(rows.size() == 97);
+    CHECK(rows.size() == 100);
     for (const contract::ProfileCase& row : rows) {
         // Texts of another code page are none here.
         if (platform::toAnsi(platform::toUtf16(row.expected.text)) != row.expected.text)

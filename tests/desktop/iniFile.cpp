@@ -73,7 +73,7 @@ Line readLine(std::string_view text, std::size_t begin) {
     } else if (const std::size_t mark = body.find('='); mark != std::string_view::npos) {
         line.kind = LineKind::key;
         line.name = stripped(body.substr(0, mark));
-        line.value = stripped(body.substr(mark + 1));
+        line.value = stripped(runtime::untilNul(body.substr(mark + 1)));
         line.valueBegin = text.find('=', begin) + 1;
     } else {
         line.kind = LineKind::other;
