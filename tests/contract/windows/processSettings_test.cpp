@@ -28,12 +28,14 @@ int faultingTimerMain() {
     SetUnhandledExceptionFilter(endByFault);
     forms::Timer faults;
     faults.setInterval(20);
-    faults.onTimer = [] { RaiseException(0xE0000001, 0, 0, nullptr); };
+    bool swallowed = false;
+    faults.onTimer = [&swallowed] {
+        if (swallowed)
+            PostQuitMessage(0);
+        swallowed = true;
+        RaiseException(0xE0000001, 0, 0, nullptr);
+    };
     faults.setEnabled(true);
-    forms::Timer ends;
-    ends.setInterval(1'000);
-    ends.onTimer = [] { PostQuitMessage(0); };
-    ends.setEnabled(true);
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0)
         DispatchMessageA(&message);
