@@ -34,13 +34,18 @@ class Dialog : public forms::Form {
         list.place(*this, {60, 500, 1500, 315});
         for (const char* row : {"alpha", "beta", "gamma", "delta", "epsilon", "zeta"})
             list.addItem(row);
-        list.setListIndex(first);
         list.onClick = [this] { clicks.push_back(list.text()); };
         ok.setCaption("&Ok");
         ok.isDefault = true;
         ok.place(*this, {60, 2000, 1335, 315});
         ok.onClick = [this] { stored = list.text(); };
         show();
+        begin();
+    }
+    /// The first row again, with the keyboard on the list and nothing told.
+    void begin() {
+        list.setListIndex(first);
+        clicks.clear();
         SetFocus(window());
     }
 
@@ -159,13 +164,14 @@ const std::vector<Way>& leavers() {
 /// Each way of opening with each way of moving and each of closing.
 void closeInAllWays(const std::vector<Way>& closings, const std::function<void(Dialog&)>& check) {
     const World world;
-    for (const Way& opening : openings())
+    for (const Way& opening : openings()) {
+        Dialog dialog;
         for (const Way& move : moves())
             for (const Way& closing : closings) {
                 CAPTURE(opening.name);
                 CAPTURE(move.name);
                 CAPTURE(closing.name);
-                Dialog dialog;
+                dialog.begin();
                 opening.go(dialog);
                 REQUIRE(dialog.open());
                 move.go(dialog);
@@ -185,6 +191,7 @@ void closeInAllWays(const std::vector<Way>& closings, const std::function<void(D
                 CHECK(dialog.text() == dialog.list.text());
                 check(dialog);
             }
+    }
 }
 
 } // namespace
