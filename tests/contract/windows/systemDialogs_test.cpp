@@ -193,8 +193,7 @@ TEST_CASE("a dialog of the system finds its owner enabled, and disables it by it
         EnableWindow(win32::native(bystander.hWnd()), TRUE);
         const Disabling disabling(win32::native(dialog.hWnd()), win32::native(bystander.hWnd()));
         contract::withUser(
-            contract::dialogClass, [&] { call.show(dialog.hWnd()); },
-            [](HWND box) { contract::closeBy(box, Key::enter); });
+            contract::dialogClass, [&] { call.show(dialog.hWnd()); }, [](HWND /*box*/) {});
         CHECK(disabling.count == 1);
         CHECK(disabling.otherWasHeld);
         for (forms::Form* form : {static_cast<forms::Form*>(&main), static_cast<forms::Form*>(&dialog),
