@@ -40,7 +40,7 @@ TEST_SUITE_BEGIN("contract/deadServer");
 
 TEST_CASE("icons, programs and file tests of its paths cost three seconds together and find nothing") {
     World world;
-    world.cutOff("dead1.invalid");
+    world.cutOff("dead1.invalid", contract::Waiting::truly);
     const std::int64_t begin = World::clock();
     for (int row = 0; row < 30; ++row) {
         const std::string tool = "\\\\dead1.invalid\\tools\\tool " + std::to_string(row) + ".exe";

@@ -39,6 +39,12 @@ struct IconFile {
     std::function<std::optional<forms::Picture>(int index)> picture;
 };
 
+/// How the program waits for a server that does not answer.
+enum class Waiting {
+    byClock, ///< its clock runs ahead, so that the test does not take as long; the simulated one always does
+    truly,
+};
+
 /// What the shell's icon chooser is called with, and what it does then: gives a result and leaves these
 /// characters at the beginning of its buffer.
 struct ChooserCall {
@@ -109,7 +115,7 @@ class World {
     // --- a server of the network ---
     /// From here on it does not answer: what is asked of it, by "\\\\server\\share\\...", takes half a minute
     /// and fails. One at a time; no two tests have one of the same name, since the program remembers it.
-    void cutOff(const std::string& server);
+    void cutOff(const std::string& server, Waiting waiting = Waiting::byClock);
     /// It answers again; nothing is on it.
     void reconnect();
     /// How often it was asked.

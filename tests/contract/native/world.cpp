@@ -167,7 +167,7 @@ void World::answerQuestion(bool yes) {
     desktop::world().answerQuestion(yes);
 }
 
-void World::cutOff(const std::string& server) {
+void World::cutOff(const std::string& server, Waiting /*waiting*/) {
     impl_->server = server;
     desktop::world().cutOff(server);
 }

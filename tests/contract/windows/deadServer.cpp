@@ -21,6 +21,7 @@ std::string deadServer;  // with its separators, in lower case
 HANDLE answer = nullptr; // signalled once those who wait are let go
 std::atomic<bool> alive; // it answers
 std::atomic<int> calls_;
+std::atomic<int> hanging; // calls that are waited for by the clock
 std::atomic<int> waiting_;
 std::atomic<int> most_;
 
@@ -62,7 +63,10 @@ DWORD askDead() {
     const int now = ++waiting_;
     for (int before = most_; before < now && !most_.compare_exchange_weak(before, now);) {
     }
-    WaitForSingleObject(answer, halfAMinute);
+    {
+        const Hanging here;
+        WaitForSingleObject(answer, halfAMinute);
+    }
     --waiting_;
     return alive ? ERROR_PATH_NOT_FOUND : ERROR_BAD_NETPATH;
 }
@@ -110,9 +114,28 @@ ULONGLONG WINAPI shiftedClock() {
     return systemClock() + ahead;
 }
 
+decltype(&MsgWaitForMultipleObjects) systemWait = nullptr;
+
+DWORD WINAPI waitByClock(DWORD count, const HANDLE* objects, BOOL all, DWORD milliseconds, DWORD input) {
+    if (count == 0 || hanging == 0)
+        return systemWait(count, objects, all, milliseconds, input);
+    const DWORD woken = systemWait(count, objects, all, 0, input);
+    if (woken == WAIT_TIMEOUT)
+        passTime(static_cast<int>(milliseconds));
+    return woken;
+}
+
 } // namespace
 
-DeadServer::DeadServer(const std::string& name) {
+Hanging::Hanging() {
+    ++hanging;
+}
+
+Hanging::~Hanging() {
+    --hanging;
+}
+
+DeadServer::DeadServer(const std::string& name, Waiting waiting) {
     deadServer = "\\\\" + name + "\\";
     answer = CreateEventA(nullptr, TRUE, FALSE, nullptr);
     alive = false;
@@ -134,6 +157,11 @@ DeadServer::DeadServer(const std::string& name) {
 #undef HOOK
     hooks.push_back(std::make_unique<ImportHook>("GetTickCount64", reinterpret_cast<void*>(&shiftedClock)));
     systemClock = reinterpret_cast<decltype(systemClock)>(hooks.back()->original());
+    if (waiting == Waiting::truly)
+        return;
+    hooks.push_back(
+        std::make_unique<ImportHook>("MsgWaitForMultipleObjects", reinterpret_cast<void*>(&waitByClock)));
+    systemWait = reinterpret_cast<decltype(systemWait)>(hooks.back()->original());
 }
 
 DeadServer::~DeadServer() {

@@ -1,6 +1,8 @@
 // A server of the network that does not answer.
 #pragma once
 
+#include "contract/world.h"
+
 #include <cstdint>
 #include <string>
 
@@ -11,7 +13,7 @@ namespace contract {
 /// the real network is never asked for it either. One at a time.
 class DeadServer {
   public:
-    explicit DeadServer(const std::string& name);
+    DeadServer(const std::string& name, Waiting waiting);
     /// Those who wait for it get their answer.
     ~DeadServer();
     DeadServer(const DeadServer&) = delete;
@@ -25,6 +27,16 @@ class DeadServer {
     static int mostAtOnce();
     /// How many threads ask it now.
     static int waiting();
+};
+
+/// A call that hangs, on a thread of its own. While there is a server that is waited for by the clock, who
+/// waits for that thread lets the clock run ahead instead.
+class Hanging {
+  public:
+    Hanging();
+    ~Hanging();
+    Hanging(const Hanging&) = delete;
+    Hanging& operator=(const Hanging&) = delete;
 };
 
 /// The clock that the program reads, in milliseconds, runs ahead from now on until the end of the test's

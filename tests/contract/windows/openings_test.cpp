@@ -18,6 +18,7 @@
 #include <atomic>
 #include <cstdint>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -104,10 +105,12 @@ class SlowShell {
             const Question question;
             WaitForSingleObject(answer_, halfAMinute);
         }
+        std::optional<contract::Hanging> hanging;
         if (meanwhile_ == Meanwhile::hangs)
-            contract::passTime(static_cast<int>(patience)); // those who wait need not
+            hanging.emplace();
         ++answered_;
         WaitForSingleObject(go_, halfAMinute);
+        hanging.reset();
         {
             const std::lock_guard<std::mutex> locked(lock_);
             opened_.emplace_back(call->lpFile);

@@ -248,8 +248,8 @@ void World::answerQuestion(bool yes) {
     MoreRights::answer(yes);
 }
 
-void World::cutOff(const std::string& server) {
-    impl_->server.emplace(server);
+void World::cutOff(const std::string& server, Waiting waiting) {
+    impl_->server.emplace(server, waiting);
 }
 
 void World::reconnect() {
