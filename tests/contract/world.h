@@ -89,6 +89,8 @@ class World {
     /// The thread of its windows sleeps, from before the return on. The simulated desktop has no such state:
     /// nothing there waits for another program.
     void hangOtherProgram(int milliseconds);
+    /// It goes on before that time is up.
+    void wakeOtherProgram();
 
     /// Whether a window and all that it stands in are shown.
     static bool isSeen(platform::HWND window);

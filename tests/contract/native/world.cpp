@@ -92,6 +92,8 @@ void World::killOtherProgram() {
 
 void World::hangOtherProgram(int /*milliseconds*/) {}
 
+void World::wakeOtherProgram() {}
+
 bool World::isSeen(platform::HWND window) {
     return desktop::world().isSeen(window);
 }

@@ -176,8 +176,9 @@ TEST_CASE("a host that is busy while its drawing is switched on again draws afte
     };
     platform::SendMessageA(host, WM_SETREDRAW, 0, 0);
     REQUIRE_FALSE(draws());
-    world.hangOtherProgram(1'000);
+    world.hangOtherProgram(5'000);
     platform::SendMessageA(host, WM_SETREDRAW, static_cast<std::uintptr_t>(-1), 0);
+    world.wakeOtherProgram();
     CHECK(World::until(draws));
 }
 

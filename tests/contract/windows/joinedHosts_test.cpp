@@ -247,11 +247,12 @@ TEST_CASE("a dialog of a toolbar goes while the toolbar's own host hangs, and le
         contract::dialogClass, [&] { openFile(guest.hWnd()); },
         [&](HWND dialog) {
             CHECK(contract::comes([&] { return IsWindowEnabled(win32::native(editor)) == FALSE; }));
-            world.hangOtherProgram(4'000);
+            world.hangOtherProgram(longHang);
             begin = std::chrono::steady_clock::now();
             PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
         });
     CHECK(std::chrono::steady_clock::now() - begin < soon);
+    world.wakeOtherProgram();
     // Under Wine a window of another program is enabled when that wakes.
     CHECK(World::until([&] { return IsWindowEnabled(win32::native(editor)) != FALSE; }));
 }
@@ -264,10 +265,11 @@ TEST_CASE("a host that answers stays joined, one that hangs is joined again when
     shown.show();
     shown.hide();
     CHECK(joined(editor));
-    world.hangOtherProgram(1'000);
+    world.hangOtherProgram(longHang);
     shown.show();
     CHECK_FALSE(joined(editor));
     shown.hide();
+    world.wakeOtherProgram();
     CHECK(World::until([&] { return joined(editor); }));
     CHECK(guest.hWnd() != platform::HWND::none);
 }
@@ -277,8 +279,9 @@ TEST_CASE("a host that hangs is left without a change of ours, since the user ma
     const platform::HWND editor = world.openEditor();
     Guest guest(editor);
     REQUIRE(joined(editor));
-    world.hangOtherProgram(3'000);
+    world.hangOtherProgram(longHang);
     CHECK(World::until([&] { return !joined(editor); }));
+    world.wakeOtherProgram();
     CHECK(World::until([&] { return joined(editor); }));
 }
 
@@ -319,9 +322,10 @@ TEST_CASE("a click on a field of ours is not lost while its host is busy, nor wh
         CHECK(click() == MA_ACTIVATE);
     }
     SUBCASE("hangs") {
-        world.hangOtherProgram(2'500);
+        world.hangOtherProgram(longHang);
         CHECK(click() == MA_NOACTIVATE);
         CHECK_FALSE(joined(editor));
+        world.wakeOtherProgram();
         CHECK(World::until([&] { return joined(editor); }));
     }
     CHECK(World::until([&] { return hasFocus(guest.field); }));

@@ -21,6 +21,7 @@ constexpr const char* ghostClass = "Ghost"; // as the system's own are named
 constexpr int editorId = 100;
 
 HANDLE hanging = nullptr; // set as soon as the thread of the windows sleeps
+HANDLE woken = nullptr;   // set when it is to go on before its time
 
 struct Order {
     std::istringstream words;
@@ -149,7 +150,7 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
         return 0;
     case hangMessage:
         SetEvent(hanging);
-        Sleep(static_cast<DWORD>(wParam));
+        WaitForSingleObject(woken, static_cast<DWORD>(wParam));
         return 0;
     case WM_SETFOCUS:
         if (const HWND editor = GetDlgItem(window, editorId); editor != nullptr)
@@ -167,8 +168,11 @@ void takeOrders(HWND receiver) {
         Order order{std::istringstream(line)};
         DWORD milliseconds = 0;
         if (line.starts_with("hang ") && std::istringstream(line.substr(5)) >> milliseconds) {
+            ResetEvent(woken);
             PostMessageA(receiver, hangMessage, milliseconds, 0);
             WaitForSingleObject(hanging, INFINITE);
+        } else if (line == "wake") {
+            SetEvent(woken);
         } else {
             SendMessageA(receiver, orderMessage, 0, reinterpret_cast<LPARAM>(&order));
         }
@@ -181,6 +185,7 @@ void takeOrders(HWND receiver) {
 
 int otherProgramMain() {
     hanging = CreateEventA(nullptr, FALSE, FALSE, nullptr);
+    woken = CreateEventA(nullptr, TRUE, FALSE, nullptr);
     WNDCLASSA description{};
     description.lpfnWndProc = windowProcedure;
     description.hInstance = GetModuleHandleA(nullptr);

@@ -373,11 +373,12 @@ TEST_CASE("what is typed to a host that is busy for longer goes to no other wind
     const Guest guest(editor);
     std::optional<win32::FocusKeeper> keeper(std::in_place);
     world.typeInto(dialog.second, "");
-    world.hangOtherProgram(3'500);
+    world.hangOtherProgram(5'000);
     keeper.reset();
     REQUIRE(World::foreground() == dialog.hWnd());
     const platform::KeyStroke typed{.character = 'x'};
     platform::sendKeys({&typed, 1}, true);
+    world.wakeOtherProgram();
     // What it gets meanwhile it gets on Windows; Wine has no focus to give it to before the host wakes.
     CHECK(World::until([&] { return World::foreground() == editor; }));
     CHECK(dialog.second.text().empty());

@@ -175,6 +175,10 @@ void World::hangOtherProgram(int milliseconds) {
     impl_->other.order("hang " + std::to_string(milliseconds));
 }
 
+void World::wakeOtherProgram() {
+    impl_->other.order("wake");
+}
+
 bool World::isSeen(platform::HWND window) {
     return IsWindowVisible(native(window)) != FALSE;
 }
