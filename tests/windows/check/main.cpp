@@ -96,7 +96,7 @@ static void playAll(const Order& order, const std::wstring& kit, Privacy& privac
     privacy.addFolder(place.folder(), L"<folder>");
     std::optional<Eyes> eyes;
     bool goesOn = played(report, L"the copy in a temporary folder", [&] {
-        waiting::pause(5000); // the user still has a hand on the mouse
+        waiting::pause(3000); // the user still has a hand on the mouse
         for (const std::wstring& bits : order.bits)
             place.copy(kit + L"\\" + bits, bits);
         place.copy(kit + L"\\" + ownBits, L"eyes");
@@ -156,8 +156,8 @@ static int check(const Order& order) {
             "kestrel-check.txt cannot be written here. Please unpack the zip into a folder of yours.");
     std::printf(
         "Kestrel %ls: a check of the program on this Windows.\n"
-        "It uses mouse and keyboard for some four minutes. Please leave both alone; any key stops it.\n"
-        "Es braucht etwa vier Minuten lang Maus und Tastatur. Bitte beide ruhen lassen; jede Taste "
+        "It uses mouse and keyboard for some two minutes. Please leave both alone; any key stops it.\n"
+        "Es braucht etwa zwei Minuten lang Maus und Tastatur. Bitte beide ruhen lassen; jede Taste "
         "bricht ab.\n",
         KESTREL_VERSION);
     report.line(L"Kestrel " KESTREL_VERSION L", checked on " + today());
