@@ -310,7 +310,7 @@ def configuration(world):
     """From the tray."""
     window = worked_in(world)
     world.expect(world.tray.choose("configuration"), "Configuration can be chosen")
-    return leaves(world, setupEdits.use(world) or window, "the setup from the tray")
+    return leaves(world, None if setupEdits.use(world) else window, "the setup from the tray")
 
 
 def config(world):
@@ -320,7 +320,7 @@ def config(world):
         return False
     window, _, place = found
     world.stage.screen.click(*place)
-    return leaves(world, setupEdits.use(world) or window, "the setup")
+    return leaves(world, None if setupEdits.use(world) else window, "the setup")
 
 
 def notepad_comes(world):

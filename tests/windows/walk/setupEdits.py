@@ -17,7 +17,8 @@ def stored(world):
 
 
 def use(world):
-    """From its coming to its going. Gives the window that the user has clicked meanwhile; None if he has not."""
+    """From its coming to its going. Gives whether the user has clicked a window of EAGLE's meanwhile: who has the keyboard
+    afterwards is a matter of the display then."""
     form = world.wait(world.setup.comes, "the setup comes and has the keyboard")
     before = stored(world)
     lists, calculators = [list(rows) for rows in before[0]], before[1]
@@ -29,7 +30,7 @@ def use(world):
             calculators = 1 - calculators
         else:
             edit(world, lists[page - 1])
-    clicked = held(world, form) if world.one(3) else None
+    clicked = world.one(3) and held(world, form)
     saved = world.one(2)
     close(world, saved)
     world.expect(world.setup.gone(), "the setup goes")
@@ -55,8 +56,7 @@ def edit(world, rows):
 
 
 def held(world, form):
-    """A click on a toolbar does nothing while the setup is up but bring its window to the front. Gives that; None if no toolbar
-    can be clicked."""
+    """A click on a toolbar does nothing while the setup is up. False if none can be clicked."""
     desktop = world.stage.look()
     for window in world.choices():
         for bar in world.stage.toolbars(window.editor, desktop):
@@ -69,8 +69,8 @@ def held(world, form):
             world.expect(world.setup.form(), "the setup stays")
             world.stage.screen.click(form.client.left + 30, form.client.bottom - 10)
             world.wait(lambda: world.stage.wait_for_focus(form.handle), "a click brings the setup to the front")
-            return window
-    return None
+            return True
+    return False
 
 
 def close(world, saved):
