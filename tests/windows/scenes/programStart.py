@@ -47,6 +47,8 @@ def story(stage, checks):
     click("own arguments")
     click("blanks")
     checks.that(run_by(stage, "note pad.exe", 1), "a path with a blank needs no quotes")
+    # Coming up later, its window would take the keyboard from what the next click brings.
+    poll(lambda: len(stage.look().top("Notepad")) == 2)
     desktop = stage.look()
     checks.equal(len(desktop.running("notepad.exe")), 1, "a path with arguments of its own starts nothing")
     checks.equal(desktop.top(class_name="#32770"), [], "a missing program gives no message")
