@@ -67,6 +67,7 @@ void Hauptform::idleTest() {
 /// Whether the toolbar in front has followed its host to another resolution.
 bool Hauptform::trackKind(EditorKind kind, EditorSearch& search) {
     const platform::HWND host = search.front(kind);
+    front_[static_cast<std::size_t>(kind)] = host;
     // No other window of the kind is tried when this one is refused.
     if (host == platform::HWND::none || runtime::holdsIgnoringCase(getWindowCaption(host), excluded))
         return false;
@@ -179,11 +180,13 @@ bool Hauptform::followResolution(toolbars::frmToolbar& toolbar) {
 }
 
 /// The next toolbar in turn that has a window follows its host: however many there are, a tick asks one.
+/// Those in front have been asked.
 bool Hauptform::followNext() {
     std::size_t number = 0;
     for (const EditorKind kind : store::editorKinds)
         for (const auto& toolbar : toolbarsOf(kind))
-            if (number++ >= turn_ && toolbar->hWnd() != platform::HWND::none) {
+            if (number++ >= turn_ && toolbar->hWnd() != platform::HWND::none &&
+                toolbar->eagHND != front_[static_cast<std::size_t>(kind)]) {
                 turn_ = number;
                 return followResolution(*toolbar);
             }

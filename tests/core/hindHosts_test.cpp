@@ -161,6 +161,18 @@ TEST_CASE("a tick asks for no more resolutions with twenty boards than with two"
     CHECK(asked(20) == 2);
 }
 
+TEST_CASE("a tick asks each of those in front once, and nobody else where nobody is behind") {
+    Editors program;
+    for (const char* title : {"Board", "Schematic", "Library"})
+        program.open(title);
+    program.ticks(2);
+    for (int tick = 1; tick <= 5; ++tick) {
+        program.desk().resolutionsAsked = 0;
+        program.ticks(1);
+        CHECK(program.desk().resolutionsAsked == 3);
+    }
+}
+
 TEST_CASE("a host that hangs behind others holds nobody up") {
     Editors program;
     const HWND hung = program.open("Board");
