@@ -41,7 +41,9 @@ GhostWalk::GhostWalk() : number_(++walks) {}
 bool GhostWalk::isGhost(HWND window) {
     auto entry = std::ranges::lower_bound(known(), window, {}, &Known::window);
     if (entry == known().end() || entry->window != window)
-        entry = known().insert(entry, {window, hasGhostClass(window), 0});
+        entry = known().insert(entry, {window, hasGhostClass(window), number_});
+    else if (entry->ghost && entry->met != number_)
+        entry->ghost = hasGhostClass(window);
     entry->met = number_;
     return entry->ghost;
 }

@@ -9,6 +9,8 @@ namespace win32 {
 /// first met; it is forgotten when a whole walk, or each of many that ended early, has not met it. So a walk
 /// asks about new windows alone, and a handle that another window has got since is asked anew: there is a
 /// walk with every tick, and the system gives a handle again only after tens of thousands of other windows.
+/// One that was a picture is asked in every walk all the same: there is seldom any, and an editor that was
+/// given its handle between two walks would never be found.
 class GhostWalk {
   public:
     GhostWalk();
