@@ -1,4 +1,5 @@
 // The OK button: what it writes and in which order, its two checks, and what the rest of the program gets.
+#include "desktop/faults.h"
 #include "setup/dialog.h"
 
 #include "store/textCatalogue.h"
@@ -205,7 +206,18 @@ TEST_CASE("OK shows the hourglass until the form has closed, and leaves the norm
     Saving dialog;
     dialog.open(0);
     const setup::frmSetup& form = dialog.form();
+    int writes = 0;
+    int closings = 0;
+    desktop::faults().onCall = [&](const std::string& call) {
+        if (call == "WritePrivateProfileStringA" && dialog.hourglass())
+            ++writes;
+    };
+    setup::frmSetup::onWindowReset = [&] { closings += dialog.hourglass() ? 1 : 0; };
     dialog.ok();
+    setup::frmSetup::onWindowReset = nullptr;
+    desktop::faults().onCall = nullptr;
+    CHECK(writes > 0);
+    CHECK(closings == 2); // for the button, and as the form is unloaded
     CHECK(form.closed());
     CHECK(form.mousePointer() == forms::MousePointer::standard);
 }
