@@ -17,7 +17,7 @@ MAGNITUDES = range(-1, 6)  # powers of ten that a diagram can have
 
 def _tick(count, _bench):
     with Desk(count) as desk:
-        return desk.compare("none", "bare", rounds=2)
+        return desk.compare("none", "bare", rounds=3)
 
 
 def _pair(work, bare, few, many):
