@@ -106,6 +106,21 @@ void BareDialog::read(HWND window, std::size_t parent) {
             read(child, self);
 }
 
+/// Rows are painted once, when all are there.
+void BareDialog::addRows(HWND window, const Control& control) {
+    const Rows* const kind = kindOf(control.className);
+    if (kind == nullptr) {
+        for (std::size_t tab = 0; tab < control.rows.size(); ++tab)
+            addTab(window, tab, control.rows[tab]);
+        return;
+    }
+    SendMessageA(window, WM_SETREDRAW, FALSE, 0);
+    for (const std::string& row : control.rows)
+        SendMessageA(window, kind->add, 0, reinterpret_cast<LPARAM>(row.c_str()));
+    SendMessageA(window, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(window, nullptr, TRUE);
+}
+
 HWND BareDialog::open() const {
     std::vector<HWND> made;
     for (const Control& control : controls_) {
@@ -118,12 +133,7 @@ HWND BareDialog::open() const {
             nullptr, GetModuleHandleA(nullptr), nullptr);
         made.push_back(window);
         SendMessageA(window, WM_SETFONT, reinterpret_cast<WPARAM>(font_), 0);
-        const Rows* const kind = kindOf(control.className);
-        for (std::size_t row = 0; row < control.rows.size(); ++row)
-            if (kind != nullptr)
-                SendMessageA(window, kind->add, 0, reinterpret_cast<LPARAM>(control.rows[row].c_str()));
-            else
-                addTab(window, row, control.rows[row]);
+        addRows(window, control);
     }
     ShowWindow(made.front(), SW_SHOW);
     return made.front();

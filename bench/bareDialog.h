@@ -32,6 +32,7 @@ class BareDialog {
 
     void read(HWND window, std::size_t parent);
     HWND open() const;
+    static void addRows(HWND window, const Control& control);
 
     std::vector<Control> controls_;
     HFONT font_;

@@ -3,12 +3,13 @@
 #include "bareDialog.h"
 
 #include "platform/executable.h"
-#include "platform/kernel32.h"
 #include "setup/frmSetup.h"
 #include "store/buttonLists.h"
 #include "store/settings.h"
 #include "store/state.h"
 #include "win32/common/messages.h"
+
+#include <windows.h>
 
 #include <string>
 #include <vector>
@@ -111,8 +112,8 @@ void okBare(int count, int buttons) {
     for (int round = 0; round < count; ++round)
         for (const Write& write : all) {
             const bool removes = write.key.empty();
-            platform::WritePrivateProfileStringA(write.section, removes ? nullptr : write.key.c_str(),
-                                                 removes ? nullptr : write.value.c_str(), file.c_str());
+            ::WritePrivateProfileStringA(write.section, removes ? nullptr : write.key.c_str(),
+                                         removes ? nullptr : write.value.c_str(), file.c_str());
         }
 }
 
