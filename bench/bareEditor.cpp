@@ -32,9 +32,8 @@ constexpr DWORD controlStyle = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
 
 /// One picture by the shortest way: the icon drawn over the mask colour, and given to the list.
 void addIcon(HIMAGELIST images, HDC dc, HBITMAP bitmap, int button) {
-    HICON large = nullptr;
     HICON little = nullptr;
-    ExtractIconExA(iconFile(button).c_str(), 0, &large, &little, 1);
+    ExtractIconExA(iconFile(button).c_str(), 0, nullptr, &little, 1);
     const HGDIOBJ former = SelectObject(dc, bitmap);
     PatBlt(dc, 0, 0, side, side, WHITENESS);
     DrawIconEx(dc, 0, 0, little, 0, 0, 0, nullptr, DI_NORMAL);
@@ -64,25 +63,6 @@ void switchDrawingOn(HWND window) {
     RECT client{};
     GetClientRect(window, &client);
     RedrawWindow(window, &client, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-}
-
-/// One window shows all tips.
-HWND tips() {
-    static const HWND window = CreateWindowExA(
-        WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
-        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
-    return window;
-}
-
-void addTip(HWND label) {
-    char text[] = "For setup or help => click right mouse button";
-    TTTOOLINFOA tool{};
-    tool.cbSize = TTTOOLINFOA_V2_SIZE;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tool.hwnd = label;
-    tool.uId = reinterpret_cast<UINT_PTR>(label);
-    tool.lpszText = text;
-    SendMessageA(tips(), TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 } // namespace
@@ -236,7 +216,7 @@ void BareEditor::makeCalculator() {
     constexpr Pair pairs[] = {{"mm", {96, 2, 112, 15}, {120, 0, 189, 18}},
                               {"mil", {0, 2, 12, 15}, {24, 0, 93, 18}}};
     for (const Pair& pair : pairs) {
-        addTip(makeControl("STATIC", pair.unit, SS_NOTIFY | SS_LEFTNOWORDWRAP, 0, pair.label));
+        makeControl("STATIC", pair.unit, SS_NOTIFY | SS_LEFTNOWORDWRAP, 0, pair.label);
         makeControl("EDIT", "0", ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, pair.field);
     }
     ShowWindow(calculator_, SW_SHOWNA);

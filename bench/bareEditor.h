@@ -7,11 +7,14 @@
 // - Its resize routine raises the host, switches the drawing of both off, takes the form out, sets the height
 //   that the rows need, puts it in again and has both drawn at once. It runs with each new size, so also
 //   inside itself when it sets the height, and once by itself. Where the form is already, it stays.
-// - The calculator's form is made with frame, labels, fields and the labels' tips, shown and narrowed; the
-//   frame goes into the host, is placed and shown. The form stays behind and goes with the frame.
+// - The calculator's form is made with frame, labels and fields, shown and narrowed; the frame goes into the
+//   host, is placed and shown. The form stays behind and goes with the frame. Tips come with the mouse alone.
 //
 // What the program adds to that is not here: waiting for a host that hangs, following the host's screen,
-// giving back, one window of settings and events for each control.
+// giving back, one window of settings and events for each control, the large icon beside each small one.
+//
+// Beside the program as beside the bare calls the host is a window of the same thread; an editor of EAGLE is
+// one of another process, and would have to answer each message that goes to it.
 #pragma once
 
 #include <windows.h>

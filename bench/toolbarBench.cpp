@@ -41,13 +41,23 @@ HWND newHost() {
                            nullptr);
 }
 
-BOOL CALLBACK readTitle(HWND window, LPARAM wanted) {
+/// One title, in which each kind of editor is looked for.
+BOOL CALLBACK readTitle(HWND window, LPARAM found) {
     std::array<char, 256> title;
     GetWindowTextA(window, title.data(), static_cast<int>(title.size()));
-    return std::strstr(title.data(), reinterpret_cast<const char*>(wanted)) == nullptr;
+    for (const char* text : {"Board -", "Schematic -", "Schaltplan -", "Library -", "Bibliothek -"})
+        if (std::strstr(title.data(), text) != nullptr)
+            *reinterpret_cast<HWND*>(found) = window;
+    return TRUE;
 }
 
-/// What a tick asks: each process, and the titles for each kind of editor.
+/// A pass over all windows.
+void readTitlesBare() {
+    HWND found = nullptr;
+    EnumWindows(readTitle, reinterpret_cast<LPARAM>(&found));
+}
+
+/// What a tick asks first: each process, and the titles.
 void searchBare() {
     const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
     PROCESSENTRY32 entry{};
@@ -55,8 +65,7 @@ void searchBare() {
     for (BOOL more = Process32First(snapshot, &entry); more != FALSE; more = Process32Next(snapshot, &entry))
         static_cast<void>(lstrcmpiA(entry.szExeFile, "eagle.exe"));
     CloseHandle(snapshot);
-    for (const char* text : {"Board -", "Schematic -", "Schaltplan -", "Library -", "Bibliothek -"})
-        EnumWindows(readTitle, reinterpret_cast<LPARAM>(text));
+    readTitlesBare();
 }
 
 /// The main form once it has found a new editor.
@@ -129,6 +138,7 @@ void newEditorsBare(int count) {
     eachEditor(count, [](HWND host) {
         searchBare();
         const BareEditor editor(host, editorButtons);
+        readTitlesBare(); // anew, since something has been made
         close(host);
     });
 }

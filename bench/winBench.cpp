@@ -5,7 +5,7 @@
 //   win-bench load N [BUTTONS]      N times loadVarBar with buttons that have icons
 //   win-bench load-bare N [BUTTONS] N times the icon extraction and the toolbar calls for them
 //   win-bench editor N              N times the tick that finds a new board, with toolbar and calculator
-//   win-bench editor-bare N         N times a pass over the titles for each search, and the same windows
+//   win-bench editor-bare N         N times a pass over the titles before and after making the same windows
 //   win-bench setup-open N [ROWS]   opens and cancels the setup N times, with three lists of so many rows
 //   win-bench setup-open-bare N [ROWS]
 //                                   opens and closes a dialog with the same controls and rows N times
