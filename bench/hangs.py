@@ -3,6 +3,7 @@
 import os
 import time
 
+import raw
 from driver import settings
 from driver.hungEagle import HungEagle
 from driver.settings import button
@@ -50,6 +51,7 @@ class Trials:
     def _row(self, words, once):
         """First with all that answer, then while one hangs."""
         free, hung = once(False), once(True)
+        raw.note("hangs", work=words, hung_ms=hung, free_ms=free)
         return row(f"{words} while an EAGLE hangs", hung, free, "ms", "1000 ms", 0)
 
     def appears(self, words, prepare, class_name, title, close=None):

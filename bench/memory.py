@@ -2,6 +2,7 @@
 
 import time
 
+import raw
 from driver import paths, settings
 from driver.stage import Stage
 from measuring import BITS, FOLDER, private_kb
@@ -25,6 +26,7 @@ def ticking_memory(minutes=MINUTES):
         yield from HEAD
         for minute in range(minutes + 1):
             own, bare = private_kb(stage.prefix, "kestrel.exe"), private_kb(stage.prefix, "tick-bench.exe")
+            raw.note("ticking_memory", minute=minute, own_kb=own, bare_kb=bare)
             yield f"| {minute} | {own} KB | {bare} KB | {own / bare:.2f} |"
             if minute < minutes:
                 time.sleep(60)

@@ -17,16 +17,18 @@ turn; the last column has the most that it should be. `build/bench` has the raw 
 TABLE = "| Work | Kestrel | Bare calls | Ratio | At most |\n| --- | --- | --- | --- | --- |\n"
 # By measurement, in the order of the document: its heading, and what it is.
 SECTIONS = {
-    "ticks": ("Ticking", """The finished program, its icon in the tray, ticks by itself beside EAGLE's control panel for 25 seconds in each case. The bare
-program makes the same calls from a timer: the processes until EAGLE is found, four passes over all titles, one look for a file;
-with the editors in front three passes that end where a search ends. The program reads the titles once a tick.
+    "ticks": ("Ticking", """The finished program, its icon in the tray, ticks by itself beside EAGLE's control panel for seven times five seconds in
+each case, of which the middle one counts. The bare program makes the same calls from a timer: the processes until EAGLE is
+found, four passes over all titles, one look for a file; with the editors in front three passes that end where a search ends. The program reads the titles once a tick.
 
 Of the display nothing is asked in a tick. That the program reads the display's socket twelve times each time, and the bare one
 never, is Wine's look for events before and after it waits, in every thread that has ever made a window.""" + "\n\n" + TABLE),
-    "load": ("Filling a toolbar", """The bare new board gets the same windows by the same calls in the same order, as a plain program makes them; `bench/bareEditor.h`
-names them.""" + "\n\n" + TABLE),
+    "load": ("Filling a toolbar", """The bare new board gets the same windows by the same calls in the same order, as a plain program makes them, and
+the titles are read once before and once after; `bench/bareEditor.h` names the calls. In both the host is a window of the same
+thread, which an editor of EAGLE is not.""" + "\n\n" + TABLE),
     "start": ("Start, calculator, memory", "Start-up is what is measured here, the splash's part taken off; elsewhere it is left out.\n\n" + TABLE),
-    "setup": ("Setup", "The bare dialog has the same controls with the same rows, and nothing behind them.\n\n" + TABLE),
+    "setup": ("Setup", """The bare dialog has the same controls with the same rows, which each list paints once when all are there, and nothing behind
+them. The bare OK makes the same calls of the system that write to the settings file.""" + "\n\n" + TABLE),
     "growth": ("Growth", "![Ticks, toolbars and the setup by their size](performance.png)\n"),
     "hangs": ("While an EAGLE hangs", """What is asked for while an EAGLE hangs is measured by the clock until it is seen, beside the same with none that hangs; its
 limit is for a machine that does nothing else.""" + "\n\n" + TABLE),
@@ -35,7 +37,8 @@ a test watches).""" + "\n\n"),
     "memory": ("Memory while ticking", """Private memory under Wine with three hosted toolbars, beside a bare program that makes the calls of a tick as often (at most
 1.5 times, and flat over the second half).""" + "\n\n"),
     "contents": ("What is in the program", "Bytes of the 32-bit program by library and by symbol, the largest first.\n\n"),
-    "sizes": ("Sizes", "The program is stripped and needs no library of its own; `packaging/sizes.py` writes this table alone.\n\n"),
+    "sizes": ("Sizes", """The program is stripped and needs no library of its own. Taken on {day} or, by `packaging/sizes.py`, which writes this table
+alone, later; what was not built then keeps its former line.""" + "\n\n"),
 }
 
 
@@ -71,6 +74,6 @@ def write(measured):
         heading, words = SECTIONS[name]
         bodies[heading] = f"{occasion}\n\n{words}{text}".strip() + "\n"
     heading, words = SECTIONS["sizes"]
-    bodies[heading] = words + _sizes(bodies.get(heading, ""))
+    bodies[heading] = words.format(day=time.strftime("%Y-%m-%d")) + _sizes(bodies.get(heading, ""))
     parts = [f"## {heading}\n\n{bodies[heading]}" for heading, _ in SECTIONS.values() if heading in bodies]
     DOCUMENT.write_text("\n".join([INTRODUCTION, *parts]), encoding="utf-8")

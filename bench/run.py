@@ -9,6 +9,7 @@ a later measurement fails. build/bench has the raw figures.
 import argparse
 import contextlib
 import os
+import re
 import subprocess
 import sys
 import time
@@ -20,10 +21,12 @@ sys.path[:0] = [str(PROJECT / "tests" / "windows"), str(PROJECT / "packaging")]
 import contents  # noqa: E402, the way to it stands above
 import growth  # noqa: E402
 import hangs  # noqa: E402
+import raw  # noqa: E402
 import report  # noqa: E402
 import ticking  # noqa: E402
 import work  # noqa: E402
 from driver.display import Display  # noqa: E402
+from driver.programs import OrderFailed  # noqa: E402
 from memory import ticking_memory  # noqa: E402
 
 TITLES, MEMORY, CONTENTS = "titles", "memory", "contents"
@@ -31,6 +34,7 @@ TITLES, MEMORY, CONTENTS = "titles", "memory", "contents"
 MEASUREMENTS = {"ticks": ticking.ticks, "load": work.load, "start": work.start, "setup": work.setup, "growth": growth.growth,
                 "hangs": hangs.hangs}
 OTHERS = (TITLES, CONTENTS)
+TITLE_COST = re.compile(r"(.*?) +([\d.]+) ns a title, of these +([\d.]+) ns ")  # a line of title-bench
 # What is built of each preset for a measurement: the drivers' stage, where one plays on it, and the programs measured.
 STAGE = {"i686": {"dist", "eagle"}, "x86_64": {"witness"}}
 BENCH = {"i686": {"win-bench"}}
@@ -100,6 +104,9 @@ def title_cost():
         text = subprocess.run([PROJECT / "build" / "native-release" / "bin" / "title-bench"], check=True, text=True,
                               stdout=subprocess.PIPE).stdout
         print(text, end="", flush=True)
+    for line in text.splitlines():
+        title, whole, bare = TITLE_COST.match(line).groups()
+        raw.note("titles", title=title, whole_ns=float(whole), bare_ns=float(bare))
     return f"```\n{text}```"
 
 
@@ -130,7 +137,7 @@ def main():
                                         (CONTENTS, contents.contents, CONTENTS in chosen)):
                 if made:
                     occasion = report.Occasion()
-                    measured[name] = occasion if name != CONTENTS else "", measure()
+                    measured[name] = occasion, measure()
         finally:
             if measured:
                 report.write(measured)
@@ -142,5 +149,7 @@ if __name__ == "__main__":
         main()
     except KeyboardInterrupt:
         sys.exit("!! broken off")
+    except OrderFailed as error:
+        sys.exit(f"!! a program of the stage: {error}")
     except (OSError, RuntimeError, subprocess.CalledProcessError) as error:
         sys.exit(f"!! {error}")

@@ -67,7 +67,9 @@ def start_memory():
         stage.witness.run(FOLDER + "\\start-bench.exe tray")
         if not poll(lambda: len(stage.look().top(class_name="__wine_tray_icon")) == 2):
             raise RuntimeError("the bare tray icon is missing")
-        return private_kb(stage.prefix, "kestrel.exe"), private_kb(stage.prefix, "start-bench.exe")
+        own, bare = private_kb(stage.prefix, "kestrel.exe"), private_kb(stage.prefix, "start-bench.exe")
+        raw.note("start_memory", own_kb=own, bare_kb=bare)
+        return own, bare
 
 
 def toolbar_memory():
