@@ -35,6 +35,7 @@ class ToolbarPeer : public WindowPeer {
         SendMessageA(handle(), TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
         SendMessageA(handle(), TB_SETUNICODEFORMAT, FALSE, 0);
         SendMessageA(handle(), TB_SETMAXTEXTROWS, 0, 0);
+        showWholeTips();
         behind_ = true;
         catchUp();
     }
@@ -118,13 +119,9 @@ class ToolbarPeer : public WindowPeer {
   protected:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
         switch (message) {
-        case WM_MOUSEMOVE:
-            if (!std::exchange(showsWholeTips_, true))
-                showWholeTips();
-            catchUp();
-            break;
         case catchUpMessage:
         case WM_PAINT:
+        case WM_MOUSEMOVE:
         case WM_LBUTTONDOWN:
         // Asked from outside: the answer is to be the present one.
         case TB_GETROWS:
@@ -150,8 +147,9 @@ class ToolbarPeer : public WindowPeer {
         return result;
     }
 
-    /// The control makes the window of its tips when it is asked for it, or shows one: not before the mouse
-    /// comes, which many a toolbar never sees.
+    /// The control makes the window of its tips when it is asked for it, or shows one; the top window that it
+    /// then stands in owns it. Asked for here that is our form, which is not in a host yet: a host that owned
+    /// it would be joined with us by it, also one that hangs.
     void showWholeTips() {
         tips_ = reinterpret_cast<HWND>(SendMessageA(handle(), TB_GETTOOLTIPS, 0, 0));
         if (tips_ != nullptr)
@@ -236,7 +234,6 @@ class ToolbarPeer : public WindowPeer {
     bool behind_ = false; ///< the window is to follow a change
     bool imagesDirty_ = true;
     bool hadImages_ = false;
-    bool showsWholeTips_ = false;
 };
 
 } // namespace

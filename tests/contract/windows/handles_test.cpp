@@ -2,7 +2,6 @@
 // nothing but what it leaves on purpose.
 #include "contract/windows/counts.h"
 #include "contract/windows/icons.h"
-#include "contract/windows/tips.h"
 #include "contract/world.h"
 #include "core/hauptform.h"
 #include "platform/executable.h"
@@ -115,7 +114,6 @@ TEST_CASE("a toolbar whose host's program is ended leaves no window of its tips"
     form.loadVarBar();
     form.show();
     platform::SetParent(form.hWnd(), host);
-    contract::pointAt(form.toolbar); // the control makes its tips when the mouse comes
     REQUIRE(tipWindows() == before + 1);
     world.killOtherProgram();
     CHECK(contract::World::until([&] { return form.hWnd() == platform::HWND::none; }));

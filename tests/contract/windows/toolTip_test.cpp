@@ -4,6 +4,7 @@
 #include "contract/windows/tips.h"
 #include "contract/world.h"
 #include "forms/label.h"
+#include "platform/user32.h"
 
 #include <doctest/doctest.h>
 
@@ -55,18 +56,21 @@ TEST_CASE("a tip that is there follows its text") {
     CHECK(Tip(form.label).text() == "a tip");
 }
 
-TEST_CASE("a toolbar's tips show each text whole once the mouse has come") {
-    const World world;
+TEST_CASE("a toolbar's tips show each text whole, and its host does not own them") {
+    World world;
     contract::BarForm form;
     form.tip = "Drill & mill";
     form.fill("bb");
     form.load();
     form.show();
+    platform::SetParent(form.hWnd(), world.openEditor());
     pointAt(form.bar);
     const auto tips = reinterpret_cast<HWND>(contract::ask(form.bar, TB_GETTOOLTIPS));
     REQUIRE(tips != nullptr);
     constexpr LONG whole = TTS_NOPREFIX | TTS_ALWAYSTIP;
     CHECK((GetWindowLongA(tips, GWL_STYLE) & whole) == whole);
+    const HWND owner = GetWindow(tips, GW_OWNER);
+    CHECK((owner == nullptr || GetWindowThreadProcessId(owner, nullptr) == GetCurrentThreadId()));
 }
 
 TEST_SUITE_END();
