@@ -3,7 +3,7 @@
 from driver.waiting import poll
 
 HANG = 15  # seconds
-FIRST_MOMENT = 2  # seconds in which Kestrel has to leave it to itself
+FIRST_MOMENT = 5  # seconds in which Kestrel has to leave it to itself
 
 
 class HungEagle:
