@@ -94,5 +94,5 @@ def setup(display):
     with Bench(display, "win-bench", "windows", 1) as bench:
         opening, bare = in_turn(bench, "setup-open", "setup-open-bare", 1, 11)
         yield row(f"Opening the setup, {BUTTONS}", opening, bare, "ms", "1.50")
-        both, bare = in_turn(bench, "setup-ok", "setup-ok-bare", 1, 4, rounds=3)
+        both, bare = in_turn(bench, "setup-ok", "setup-ok-bare", 1, 3)
         yield row(f"OK of the setup, {BUTTONS}", both - opening, bare, "ms", "1.05", 0)
