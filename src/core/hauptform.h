@@ -76,7 +76,8 @@ class Hauptform : public forms::Form {
 
   private:
     platform::NOTIFYICONDATA trayRecord_;
-    std::array<platform::HWND, 3> front_ = {}; ///< host in front in this tick, by editor kind
+    /// By editor kind, the host in front whose toolbar has been found in this tick.
+    std::array<platform::HWND, 3> front_ = {};
     std::size_t turn_ = 0; ///< whose host is asked for its resolution next, among all toolbars
     int trayTries_ = 0;    ///< how often the icon was added since addSystray; 0 before
 

@@ -14,6 +14,8 @@
 #include "store/settings.h"
 #include "store/state.h"
 
+#include <algorithm>
+
 namespace core {
 
 namespace {
@@ -64,10 +66,11 @@ void Hauptform::idleTest() {
     }
 }
 
-/// Whether the toolbar in front has followed its host to another resolution.
+/// Whether the host in front has another resolution than a toolbar in it had.
 bool Hauptform::trackKind(EditorKind kind, EditorSearch& search) {
     const platform::HWND host = search.front(kind);
-    front_[static_cast<std::size_t>(kind)] = host;
+    platform::HWND& asked = front_[static_cast<std::size_t>(kind)];
+    asked = platform::HWND::none;
     // No other window of the kind is tried when this one is refused.
     if (host == platform::HWND::none || runtime::holdsIgnoringCase(getWindowCaption(host), excluded))
         return false;
@@ -76,6 +79,7 @@ bool Hauptform::trackKind(EditorKind kind, EditorSearch& search) {
     const std::size_t scanned = scan(kind, host, found);
     if (found) {
         toolbars::frmToolbar& known = *toolbarsOf(kind)[scanned];
+        asked = host;
         const bool changed = followResolution(known);
         placeCalculator(static_cast<std::size_t>(known.milIndex), host);
         return changed;
@@ -86,7 +90,12 @@ bool Hauptform::trackKind(EditorKind kind, EditorSearch& search) {
         return false;
     search.forget(); // what is made raises its host, also if the host then refuses it
     placeCalculator(addToolbar(kind, host, scanned), host);
-    return false;
+    // Further toolbars may stand in the host, if it is a library.
+    const Toolbars& list = toolbarsOf(kind);
+    const forms::Resolution now = list.back()->resolution();
+    return std::ranges::any_of(list, [&](const auto& other) {
+        return other->hWnd() != platform::HWND::none && other->eagHND == host && other->resolution() != now;
+    });
 }
 
 /// Index of the toolbar that stands in the host, or the first index beyond the bound.
@@ -180,7 +189,7 @@ bool Hauptform::followResolution(toolbars::frmToolbar& toolbar) {
 }
 
 /// The next toolbar in turn that has a window follows its host: however many there are, a tick asks one.
-/// Those in front have been asked.
+/// Those in front whose toolbar has been found have been asked.
 bool Hauptform::followNext() {
     std::size_t number = 0;
     for (const EditorKind kind : store::editorKinds)

@@ -39,8 +39,8 @@ struct Editors : Running {
                 desk().window(host).screen = screen;
     }
     int dpi(EditorKind kind, std::size_t number) { return toolbar(kind, number).resolution().dpi(); }
-    const desktop::Window& bar(std::size_t number) {
-        return desk().window(toolbar(EditorKind::board, number).window());
+    const desktop::Window& bar(std::size_t number, EditorKind kind = EditorKind::board) {
+        return desk().window(toolbar(kind, number).window());
     }
     const desktop::Window& calculator(std::size_t number) {
         return desk().window(form().calculators.at(number)->fraMil.hWnd());
@@ -95,7 +95,40 @@ TEST_CASE("so do all kinds and all editors, one of which is dead and one of anot
     CHECK(program.dpi(EditorKind::board, 4) == 96);
     CHECK(program.dpi(EditorKind::schematic, 1) == 144);
     CHECK(program.dpi(EditorKind::schematic, 2) == 144);
+    REQUIRE(program.hosted(EditorKind::library) >= 2);
+    for (std::size_t number = 1; number <= program.hosted(EditorKind::library); ++number) {
+        CAPTURE(number);
+        CHECK(program.dpi(EditorKind::library, number) == 144);
+        CHECK(program.bar(number, EditorKind::library).rect.top == 32);
+    }
     CHECK(program.desk().awarenessResets == 0);
+}
+
+TEST_CASE("all toolbars of a library that gets one with each tick follow, in both directions") {
+    for (const std::size_t first : {0U, 1U}) {
+        CAPTURE(first);
+        Editors program;
+        const std::size_t second = 1 - first;
+        const int dpi = second == 1 ? 144 : 96;
+        const HWND host = program.desk().openWindow("Library - x - EAGLE", {0, 0, 1024, 700});
+        program.desk().window(host).awareness = Awareness::perMonitor;
+        program.desk().window(host).screen = first;
+        program.ticks(3);
+        REQUIRE(program.hosted(EditorKind::library) == 3);
+        const auto width = [&](std::size_t number) {
+            const platform::RECT& rect = program.bar(number, EditorKind::library).rect;
+            return rect.right - rect.left;
+        };
+        program.desk().window(host).screen = second;
+        program.ticks(1);
+        REQUIRE(program.hosted(EditorKind::library) == 4);
+        for (std::size_t number = 1; number <= 4; ++number) {
+            CAPTURE(number);
+            CHECK(program.dpi(EditorKind::library, number) == dpi);
+            // As one that is made there.
+            CHECK(width(number) == (second == 1 ? 192 : 128));
+        }
+    }
 }
 
 TEST_CASE("while they follow no host comes to the front of another and none gets the keyboard") {
@@ -214,6 +247,39 @@ TEST_CASE("a host that dies while others follow takes none of these with it") {
         CHECK_FALSE(program.desk().ended);
     }
     CHECK(made > 10);
+}
+
+TEST_CASE("a call that fails while toolbars follow ends nothing, and each has its place all the same") {
+    int made = 1;
+    int refused = 0;
+    for (int failing = 1; made >= failing; ++failing) {
+        Editors program;
+        program.open("Board");
+        program.open("Board");
+        program.scaleAll();
+        desktop::faults().watch(failing);
+        program.ticks(1);
+        desktop::faults().stop();
+        made = desktop::faults().calls();
+        const std::string failed = desktop::faults().failed();
+        CAPTURE(failing);
+        CAPTURE(failed);
+        program.ticks(2);
+        for (const std::size_t number : {1U, 2U}) {
+            CHECK(program.dpi(EditorKind::board, number) == 144);
+            if (failed == "MoveWindow") {
+                ++refused;
+                CHECK(program.bar(number).rect.left == 1307);
+                CHECK(program.bar(number).rect.top == 32);
+            }
+        }
+        CHECK(program.desk().messageBoxes.empty());
+        CHECK_FALSE(program.desk().ended);
+        program.open("Board");
+        CHECK(program.hosted(EditorKind::board) == 3);
+    }
+    CHECK(made > 10);
+    CHECK(refused > 0);
 }
 
 TEST_SUITE_END();
