@@ -76,6 +76,7 @@ void frmToolbar::followResolution(forms::Resolution resolution) {
     // Icons of files and our own are drawn in several sizes: what was taken for the former one is not grown.
     // The list may have other rows by now than the form has been made high enough for.
     loadVarBar();
+    // The window has its place by now. If the system refuses the height, it keeps that of the rows before.
     const float newHeight = toolbar.height() + height() - scaleHeight();
     platform::MoveWindow(window(), x, y, resolution.toPixels(width()), resolution.toPixels(newHeight), true);
 }

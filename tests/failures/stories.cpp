@@ -61,7 +61,7 @@ void runWithEditors(Program& program) {
     program.ticks(1);
 }
 
-// --- the six
+// --- the seven
 
 /// EAGLE is started by the start of the program, and brought to the front by the menu later on.
 void start(Program& program) {
@@ -76,6 +76,24 @@ void start(Program& program) {
 
 void editors(Program& program) {
     openEditors(program);
+    program.ticks(2);
+}
+
+/// Two boards, one behind the other, each with its toolbar and its calculator.
+void runWithTwoBoards(Program& program) {
+    run(program);
+    program.desk().screens = {{96}, {144}};
+    for (const char* title : {"1 Board - C:\\a.brd - EAGLE", "2 Board - C:\\b.brd - EAGLE"}) {
+        const HWND board = program.desk().openWindow(title, {0, 0, 1024, 700});
+        program.desk().window(board).awareness = desktop::Awareness::perMonitor;
+        program.ticks(1);
+    }
+}
+
+/// Both follow with the first tick; the second finds nothing to do.
+void screens(Program& program) {
+    for (const HWND window : program.desk().order)
+        program.desk().window(window).screen = 1;
     program.ticks(2);
 }
 
@@ -209,6 +227,7 @@ void tellUser(desktop::World& desk, Facts& facts) {
 const std::array<Story, storyCount> stories = {{
     {"start", prepare, start},
     {"editors", run, editors},
+    {"screens", runWithTwoBoards, screens},
     {"clicks", runWithEditors, clicks},
     {"setup", run, setup},
     {"request", run, runRequest},

@@ -1,4 +1,4 @@
-// Six stories of a run, told one after the other by the same program, and what there is to see after each.
+// Seven stories of a run, told one after the other by the same program, and what there is to see after each.
 //
 // The tests that let something fail tell each of them again and again, with another call or allocation
 // failing.
@@ -23,7 +23,7 @@ struct Story {
     void (*tell)(desktop::Program& program);
 };
 
-inline constexpr std::size_t storyCount = 6;
+inline constexpr std::size_t storyCount = 7;
 extern const std::array<Story, storyCount> stories;
 
 Facts factsOf(desktop::Program& program);
