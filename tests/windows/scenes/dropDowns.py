@@ -80,7 +80,8 @@ def close(stage, checks, dropped, opening, closing):
     if not checks.that(dropped.open(opening), f"{words}: the list opens"):
         return before
     stage.screen.key("Down")
-    stage.screen.point(*dropped.row(0))
+    # To another row than that from before, which is the first: those that were taken were pointed at there.
+    stage.screen.point(*dropped.row(0 if takes else 1))
     if name == "Enter" and opening == "click":
         stage.picture("open-list")
     way(stage, dropped)
