@@ -50,6 +50,16 @@ def opens(world):
     return True
 
 
+def worked_in(world):
+    """A window that the user has just chosen to work in; None if there is none."""
+    found = world.choices()
+    if not found:
+        return None
+    window = world.random.choice(found)
+    world.take(window)
+    return window
+
+
 def closes(world):
     found = world.choices()
     if not found:
@@ -93,11 +103,7 @@ def moved(world):
 
 
 def raised(world):
-    found = world.choices()
-    if not found:
-        return False
-    world.take(world.random.choice(found))
-    return True
+    return worked_in(world) is not None
 
 
 def clicked(world):
@@ -156,11 +162,9 @@ def hangs(world):
 # The user in EAGLE
 
 def types(world):
-    found = world.choices()
-    if not found:
+    window = worked_in(world)
+    if not window:
         return False
-    window = world.random.choice(found)
-    world.take(window)
     world.wait(lambda: world.stage.wait_for_focus(window.handle), "the keys go to EAGLE")
     before = len(window.editor.executed())
     text = world.random.choice(("rat", "drc", "grid"))
@@ -260,16 +264,6 @@ def calculates(world):
 
 
 # The tray, the setup, the system
-
-def worked_in(world):
-    """A window that the user works in when he turns to the tray; None if there is none."""
-    found = world.choices()
-    if not found:
-        return None
-    window = world.random.choice(found)
-    world.take(window)
-    return window
-
 
 def leaves(world, window, words):
     if window:
