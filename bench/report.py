@@ -47,8 +47,8 @@ and each routine on the way has to be in them. `libmingwex` is the reading and f
 What could go has gone: the library's own exceptions (85 KB), and its threads over POSIX (28 KB). Optimising while linking is not
 to be had, GCC 12 ended in an internal error of its own. 480 KB, which were aimed at, are not reached: the program's own code and its
 tables alone are 436 KB, the pictures and icons 46, and what else would go is written for people to read.""" + "\n\n"),
-    "sizes": ("Sizes", """The program is stripped and needs no library of its own. Taken on {day} or, by `packaging/sizes.py`, which writes this table
-alone, later; what was not built then keeps its former line.""" + "\n\n"),
+    "sizes": ("Sizes", """The program is stripped and needs no library of its own. `packaging/sizes.py` writes this table alone; what was not built then
+keeps its former line.""" + "\n\n"),
 }
 
 
@@ -71,12 +71,6 @@ def _former():
     return dict(zip(parts[::2], (part.strip() + "\n" for part in parts[1::2])))
 
 
-def _sizes(former):
-    """The table; what is not built here stays as it was."""
-    rows = {line.split("|")[1]: line for text in (former, sizes.table()) for line in text.splitlines() if line.startswith("|")}
-    return "\n".join(rows.values()) + "\n"
-
-
 def write(measured):
     """`measured` are the texts of the measurements made, with their occasions. The sizes are taken each time."""
     bodies = _former()
@@ -84,6 +78,6 @@ def write(measured):
         heading, words = SECTIONS[name]
         bodies[heading] = f"{occasion}\n\n{words}{text}".strip() + "\n"
     heading, words = SECTIONS["sizes"]
-    bodies[heading] = words.format(day=time.strftime("%Y-%m-%d")) + _sizes(bodies.get(heading, ""))
+    bodies[heading] = words + sizes.taken(bodies.get(heading, ""))
     parts = [f"## {heading}\n\n{bodies[heading]}" for heading, _ in SECTIONS.values() if heading in bodies]
     DOCUMENT.write_text("\n".join([INTRODUCTION, *parts]), encoding="utf-8")
