@@ -28,24 +28,36 @@ constexpr std::array<Search, editorSearches> searches = {{
     {EditorKind::library, "bibliothek -"},
 }};
 
+/// Titles with this text belong to EAGLE's windows that are no editors.
+constexpr std::string_view excluded = "eagle:";
+
+/// `title`: as far as a search looks at it. Of a longer one the caption may hold more, since it does not
+/// begin with blanks.
+bool isEditor(HWND window, std::string_view title) {
+    if (isCut(title))
+        return !runtime::holdsIgnoringCase(getWindowCaption(window), excluded);
+    return !runtime::holdsIgnoringCase(title, excluded);
+}
+
 } // namespace
 
 HWND EditorSearch::front(EditorKind kind) {
     if (!walked_ || kind < first_)
         walk(kind);
-    foundWindow = HWND::none;
-    for (std::size_t search = 0; search < searches.size() && foundWindow == HWND::none; ++search)
+    Found found;
+    for (std::size_t search = 0; search < searches.size() && found.window == HWND::none; ++search)
         if (searches[search].kind == kind) {
             searchTitle = searches[search].text;
-            foundWindow = found_[search];
+            found = found_[search];
         }
-    return foundWindow;
+    foundWindow = found.window;
+    return found.isEditor ? found.window : HWND::none;
 }
 
 void EditorSearch::walk(EditorKind first) {
     walked_ = true;
     first_ = first;
-    found_.fill(HWND::none);
+    found_.fill({});
     platform::EnumWindows(onWindow, std::bit_cast<std::intptr_t>(this));
 }
 
@@ -58,7 +70,7 @@ int EditorSearch::onWindow(HWND window, std::intptr_t self) {
         if (!walking.isOpen(search))
             continue;
         if (runtime::holdsIgnoringCase(title, searches[search].text))
-            walking.found_[search] = window;
+            walking.found_[search] = {window, isEditor(window, title)};
         else
             more = true;
     }
@@ -68,9 +80,9 @@ int EditorSearch::onWindow(HWND window, std::intptr_t self) {
 /// Whether a search has still to find something that counts.
 bool EditorSearch::isOpen(std::size_t search) const {
     const EditorKind kind = searches[search].kind;
-    if (kind < first_ || found_[search] != HWND::none)
+    if (kind < first_ || found_[search].window != HWND::none)
         return false;
-    return search == 0 || searches[search - 1].kind != kind || found_[search - 1] == HWND::none;
+    return search == 0 || searches[search - 1].kind != kind || found_[search - 1].window == HWND::none;
 }
 
 } // namespace core

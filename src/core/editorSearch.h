@@ -16,21 +16,27 @@ inline constexpr std::size_t editorSearches = 5;
 /// them all: it reads each title once and goes no further than one of the searches would.
 class EditorSearch {
   public:
-    /// The front window of a kind: what findWindowByTitle gives for the kind's text, or for its second text
-    /// if the first is in no title; none if neither is. searchTitle and foundWindow are as it leaves them.
+    /// The front editor of a kind: what findWindowByTitle gives for the kind's text, or for its second text
+    /// if the first is in no title; none if neither is, or if the window found is one of EAGLE's that are no
+    /// editors. searchTitle and foundWindow are as findWindowByTitle leaves them.
     platform::HWND front(store::EditorKind kind);
 
     /// The order of the windows may have changed: the next search walks anew.
     void forget() { walked_ = false; }
 
   private:
+    struct Found {
+        platform::HWND window = platform::HWND::none; ///< until the search finds something
+        bool isEditor = false;
+    };
+
     void walk(store::EditorKind first);
     static int onWindow(platform::HWND window, std::intptr_t self);
     [[nodiscard]] bool isOpen(std::size_t search) const;
 
     bool walked_ = false;
-    store::EditorKind first_ = store::EditorKind::board;    ///< kinds ahead of it are not looked for any more
-    std::array<platform::HWND, editorSearches> found_ = {}; ///< of each search, none until it finds something
+    store::EditorKind first_ = store::EditorKind::board; ///< kinds ahead of it are not looked for any more
+    std::array<Found, editorSearches> found_ = {};       ///< of each search
 };
 
 } // namespace core

@@ -9,7 +9,6 @@
 #include "platform/user32.h"
 #include "runtime/characters.h"
 #include "runtime/runtimeError.h"
-#include "runtime/text.h"
 #include "store/mends.h"
 #include "store/settings.h"
 #include "store/state.h"
@@ -25,9 +24,6 @@ using store::EditorKind;
 /// Of each editor kind, the key that its latest file is written to.
 constexpr std::array<const char*, 3> keysWritten = {store::key::lastBoard, store::key::lastSCH,
                                                     store::key::lastLbrWritten};
-
-/// Titles with this text belong to EAGLE's windows that are no editors.
-constexpr const char* excluded = "eagle:";
 
 /// Outer width in the pixels that the host sees; 0 for a window that has just died.
 std::int32_t hostWidth(platform::HWND host) {
@@ -71,8 +67,8 @@ bool Hauptform::trackKind(EditorKind kind, EditorSearch& search) {
     const platform::HWND host = search.front(kind);
     platform::HWND& asked = front_[static_cast<std::size_t>(kind)];
     asked = platform::HWND::none;
-    // No other window of the kind is tried when this one is refused.
-    if (host == platform::HWND::none || runtime::holdsIgnoringCase(getWindowCaption(host), excluded))
+    // No other window of the kind is tried when the front one is no editor.
+    if (host == platform::HWND::none)
         return false;
     const platform::InAwarenessOf seen(host);
     bool found = false;

@@ -25,6 +25,10 @@ platform::HWND findWindowByTitle(std::string_view text);
 /// nothing.
 using TitleBuffer = std::array<char, 256>;
 std::string_view titleForSearch(platform::HWND window, TitleBuffer& buffer);
+/// Whether such a title may be longer than it shows.
+inline bool isCut(std::string_view title) {
+    return title.size() + 1 == TitleBuffer{}.size();
+}
 
 /// Callback of findWindowByTitle: 0 on a match, else 1. Allocates nothing.
 int enumTitleCallback(platform::HWND window, std::intptr_t extra);

@@ -5,6 +5,7 @@
 #include "core/running.h"
 #include "core/windoInf.h"
 #include "fuzz/random.h"
+#include "runtime/text.h"
 
 #include <doctest/doctest.h>
 
@@ -34,11 +35,11 @@ std::vector<const char*> textsOf(EditorKind kind) {
     return {"Library -", "Bibliothek -"};
 }
 
-/// By a search for each text.
+/// By a search for each text, and a look at the title of what it has found.
 HWND separately(EditorKind kind) {
     for (const char* text : textsOf(kind))
         if (const HWND found = core::findWindowByTitle(text); found != HWND::none)
-            return found;
+            return runtime::holdsIgnoringCase(core::getWindowCaption(found), "eagle:") ? HWND::none : found;
     return HWND::none;
 }
 
@@ -61,7 +62,9 @@ Answer answer(Search search) {
 /// Windows with few and with many editors, German ones, several kinds in one title, titles that only just are
 /// none.
 struct RandomDesktop : Session {
-    explicit RandomDesktop(std::uint32_t seed) : random(seed) {
+    /// With `longTitles` some go on beyond the 255 characters that a search looks at.
+    explicit RandomDesktop(std::uint32_t seed, bool longTitles = false)
+        : random(seed), longest(longTitles ? 400 : 254) {
         const std::size_t rarity = 1 + random.below(6);
         for (std::size_t count = random.below(30); count > 0; --count)
             open(random.below(rarity) == 0);
@@ -79,6 +82,10 @@ struct RandomDesktop : Session {
             title += random.text(" -bs", 3) + random.oneOf(pieces) + random.text(" -.", 3);
         if (!editor && random.below(3) > 0)
             title += western("Posteingang \xC4\xF6\xFC - ") + random.bytes(9);
+        if (random.below(8) == 0)
+            title = std::string(200 + random.below(56), ' ') + title +
+                    "Eagle: "; // a caption begins behind blanks
+        title.resize(std::min(title.size(), longest));
         std::replace(title.begin(), title.end(), '\0', '0');
         const HWND window = world().openWindow(title);
         world().window(window).visible = random.below(4) > 0;
@@ -92,6 +99,7 @@ struct RandomDesktop : Session {
     }
 
     fuzz::Random random;
+    std::size_t longest; ///< title, in bytes
 };
 
 /// Those of other programs whose titles a walk can read, in their order.
@@ -135,7 +143,7 @@ TEST_SUITE_BEGIN("core/editorSearch");
 TEST_CASE("one walk finds on random desktops what a search for each text finds") {
     for (std::uint32_t seed = 0; seed < desktops; ++seed) {
         CAPTURE(seed);
-        RandomDesktop desk(seed);
+        RandomDesktop desk(seed, true);
         EditorSearch search;
         for (const EditorKind kind : store::editorKinds) {
             CAPTURE(static_cast<int>(kind));
@@ -200,7 +208,7 @@ TEST_CASE("a kind's second text counts only if the first is in no title at all")
     CHECK(core::searchTitle == "schaltplan -");
 }
 
-TEST_CASE("a tick reads each title once, but for those of the editors that it deals with") {
+TEST_CASE("a tick reads each title once, also those of the editors that it deals with") {
     Running program;
     const HWND behind = program.desk().openWindow("Inbox");
     const std::vector<HWND> editors = {program.desk().openWindow("Board - x.brd - EAGLE"),
@@ -217,7 +225,7 @@ TEST_CASE("a tick reads each title once, but for those of the editors that it de
     CHECK(count(front) == 1);
     CHECK(count(behind) == 0);
     for (const HWND editor : editors)
-        CHECK(count(editor) == 2);
+        CHECK(count(editor) == 1);
     for (const HWND editor : editors)
         program.desk().closeWindow(editor);
     reads.windows.clear();
