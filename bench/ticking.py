@@ -20,6 +20,7 @@ from work import PICTURES, row
 WINDOWS = (10, 100, 500)
 ROUNDS = 7
 SECONDS = 5  # of each round, for each of the two
+SELDOM, USUAL = 500, 20  # milliseconds between two looks of the witness and the stand-in EAGLE for orders
 SETTLE = 0.6  # seconds until a program that goes on has done what it was late with
 BENCH = FOLDER + "\\tick-bench.exe"
 # How much of the bare program the ticks may be, with no editor or all behind the other windows.
@@ -161,6 +162,18 @@ class Desk:
             raise RuntimeError(f"tick-bench {bare} does not start")
         return found.pop()
 
+    @contextlib.contextmanager
+    def _still(self):
+        """The driver's own programs hardly look for orders: the server would be busy with that."""
+        def pace(milliseconds):
+            for program in (self._stage.witness, self._eagle):
+                program.order("pace", milliseconds)
+        pace(SELDOM)
+        try:
+            yield
+        finally:
+            pace(USUAL)
+
     def compare(self, name, bare, rounds=ROUNDS):
         """Milliseconds of a tick of both, the middle of some rounds: in turn, so that what else the machine does meets both
         alike, and one in which the server had other work to do does not count."""
@@ -169,14 +182,15 @@ class Desk:
                     "bare": Ticking(self._started(bare), prefix.path(FOLDER))}
         costs = {who: [] for who in programs}
         try:
-            for turn in range(rounds):
-                for who, program in programs.items():
-                    own, served, count = program.measure(self._server)
-                    raw.note("ticks", windows=self._windows, editors=name, round=turn, program=who, own_s=own, server_s=served,
-                             ticks=count)
-                    if count == 0:
-                        raise RuntimeError(f"{who} makes no tick in {SECONDS} s beside {self._windows} windows")
-                    costs[who].append((own + served) / count * 1000)
+            with self._still():
+                for turn in range(rounds):
+                    for who, program in programs.items():
+                        own, served, count = program.measure(self._server)
+                        raw.note("ticks", windows=self._windows, editors=name, round=turn, program=who, own_s=own,
+                                 server_s=served, ticks=count)
+                        if count == 0:
+                            raise RuntimeError(f"{who} makes no tick in {SECONDS} s beside {self._windows} windows")
+                        costs[who].append((own + served) / count * 1000)
         finally:
             programs["bare"].end()
             programs["kestrel"].let_go()

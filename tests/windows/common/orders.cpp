@@ -44,23 +44,30 @@ static LARGE_INTEGER sizeOf(const std::wstring& path) {
     return size;
 }
 
-static void handleLine(const std::string& line, const std::function<void(const Order&)>& handler) {
+constexpr long long usualPace = 20; // milliseconds between two looks
+
+static void handleLine(const std::string& line, const std::function<void(const Order&)>& handler,
+                       long long& pace) {
     std::vector<std::wstring> words = text::fields(line);
     if (words.size() < 2)
         return;
     Order order{words[0], words[1], {words.begin() + 2, words.end()}};
-    handler(order);
+    if (order.verb != L"pace")
+        return handler(order);
+    pace = order.numberAt(0);
+    done(order);
 }
 
 void listen(const std::wstring& path, std::function<void(const Order&)> handler) {
     LARGE_INTEGER place = sizeOf(path);
     std::thread([path, place, handler = std::move(handler)]() mutable {
         std::string pending;
+        long long pace = usualPace;
         for (;;) {
             readOn(path, place, pending);
             for (size_t end; (end = pending.find('\n')) != std::string::npos; pending.erase(0, end + 1))
-                handleLine(pending.substr(0, end), handler);
-            Sleep(20);
+                handleLine(pending.substr(0, end), handler, pace);
+            Sleep(static_cast<DWORD>(pace));
         }
     }).detach();
 }

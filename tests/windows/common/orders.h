@@ -1,6 +1,7 @@
 // Orders of the driver: lines that it adds to a file, which a thread watches. A line holds fields separated
 // by tabs: the order's number, a verb, and what the verb needs. Each order is answered in the journal by
-// "done" or "failed", the number, and a text.
+// "done" or "failed", the number, and a text. The file is looked at every 20 ms; the order "pace" with
+// another number of milliseconds changes that, for what is measured beside it.
 #pragma once
 #include <functional>
 #include <string>
