@@ -52,7 +52,7 @@ bool settingsSound(const Story& story, const Told& told, const Told& whole) {
 }
 
 void tryAllocation(const Story& story, const Told& whole, int failing, Failing how) {
-    CAPTURE(story.name);
+    CAPTURE(std::string(story.name));
     CAPTURE(failing);
     int allocations = 0;
     const Told told = tell(story, failing, how, allocations);

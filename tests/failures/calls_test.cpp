@@ -62,7 +62,7 @@ bool fits(const Outcome& outcome, const Story& story, const Told& told) {
 void tryCall(const Story& story, const Told& whole, int failing,
              std::map<const Outcome*, std::set<std::string>>& seen) {
     const Told told = tell(story, failing);
-    CAPTURE(story.name);
+    CAPTURE(std::string(story.name));
     CAPTURE(failing);
     CAPTURE(told.failed);
     REQUIRE_FALSE(told.failed.empty());
