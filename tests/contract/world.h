@@ -72,9 +72,11 @@ class World {
     // --- another program: a process of its own, which starts with its first window ---
     /// Bare file name of its executable.
     static std::string otherProgramName();
-    /// Opens one of its windows on top of the order.
-    platform::HWND openWindow(const std::string& title, platform::RECT rect = {60, 60, 460, 360},
-                              bool visible = true);
+    /// Opens one of its windows on top of the order. What a real display shows of it covers none of the last
+    /// few that were opened so: the order stays.
+    platform::HWND openWindow(const std::string& title);
+    /// The same at a given place. Another one that it overlaps may come to the top once more, a moment later.
+    platform::HWND openWindow(const std::string& title, platform::RECT rect, bool visible = true);
     /// Opens a window of the class that the system gives its pictures of windows that hang.
     platform::HWND openGhost(const std::string& title);
     void closeWindow(platform::HWND window);

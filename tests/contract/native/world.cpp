@@ -46,6 +46,10 @@ std::string World::otherProgramName() {
     return "Other.exe";
 }
 
+platform::HWND World::openWindow(const std::string& title) {
+    return openWindow(title, {60, 60, 460, 360});
+}
+
 platform::HWND World::openWindow(const std::string& title, platform::RECT rect, bool visible) {
     if (!impl_->otherRuns)
         desktop::world().startProcess(otherProgramName(), otherProcess);

@@ -135,7 +135,7 @@ TEST_CASE("the dpi messages of windows in other windows change nothing: the tick
     MapWindowPoints(native(bar.form.eagHND), nullptr, reinterpret_cast<POINT*>(&host), 1);
     // It stays in the host meanwhile, and the host where it is: another one may be in front.
     messages = 0;
-    const HWND inFront = native(bar.world.openWindow("another host", {150, 150, 600, 500}));
+    const HWND inFront = native(bar.world.openWindow("another host", {920, 120, 1400, 720}));
     {
         const contract::ImportHook hook("SetParent", reinterpret_cast<void*>(&putAndTell));
         put = reinterpret_cast<HWND(WINAPI*)(HWND, HWND)>(hook.original());

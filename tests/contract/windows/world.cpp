@@ -67,6 +67,19 @@ bool comesToFront(HWND window, const std::function<bool()>& hasFocus, const std:
     });
 }
 
+/// Side by side, in three columns and three rows of an ordinary screen, then from the first place on again.
+///
+/// Under Wine a window that the display tells to paint itself is put above those that it overlaps in the
+/// order, since it is to be seen there. The display does so when its window manager comes to it, on a busy
+/// machine long after the next window has been opened.
+platform::RECT placeOf(int number) {
+    constexpr int columns = 3;
+    constexpr int places = 9;
+    const int left = 60 + 420 * (number % columns);
+    const int top = 60 + 320 * (number % places / columns);
+    return {left, top, left + 400, top + 300};
+}
+
 /// What a started program leaves beside itself: its command line.
 std::string reportOf(const std::string& program) {
     return program + ".started";
@@ -89,6 +102,7 @@ int WINAPI answeringChooser(HWND /*owner*/, wchar_t* file, UINT size, int* index
 struct World::Impl {
     std::string scratch = scratchFolder();
     OtherProgram other;
+    int placed = 0; ///< windows of it that have got a place of their own
     std::vector<HANDLE> locks;
     std::optional<DeadServer> server;
     std::optional<MoreRights> rights;
@@ -130,6 +144,10 @@ bool World::until(const std::function<bool()>& condition) {
 std::string World::otherProgramName() {
     const std::string own = ownPath();
     return own.substr(own.find_last_of('\\') + 1);
+}
+
+platform::HWND World::openWindow(const std::string& title) {
+    return openWindow(title, placeOf(impl_->placed++));
 }
 
 platform::HWND World::openWindow(const std::string& title, platform::RECT rect, bool visible) {
