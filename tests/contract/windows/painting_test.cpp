@@ -1,6 +1,8 @@
 // Our windows while the program is at work that takes long.
 #include "contract/toolForm.h"
+#include "contract/windows/importHook.h"
 #include "contract/world.h"
+#include "forms/pictureBox.h"
 #include "platform/kernel32.h"
 
 #include <doctest/doctest.h>
@@ -8,8 +10,26 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 namespace {
+
+/// Windows that were asked to be painted.
+std::vector<HWND> asked;
+/// Whether each font that a window has got asked for that too.
+std::vector<bool> fonts;
+decltype(&SendMessageA) systemSend = nullptr;
+
+BOOL WINAPI noteWindow(HWND window, const RECT* /*area*/, BOOL /*erase*/) {
+    asked.push_back(window);
+    return TRUE;
+}
+
+LRESULT WINAPI noteFont(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_SETFONT)
+        fonts.push_back(lParam != FALSE);
+    return systemSend(window, message, wParam, lParam);
+}
 
 bool isPainted(HWND window) {
     return GetUpdateRect(window, nullptr, FALSE) == FALSE;
@@ -40,6 +60,43 @@ TEST_CASE("a window that is uncovered while many settings are written is painted
     // Nothing else was served.
     MSG message{};
     CHECK(PeekMessageA(&message, window, WM_NULL, WM_NULL, PM_REMOVE) != FALSE);
+}
+
+TEST_CASE(
+    "a picture box asks to be painted when its picture changes where it is seen, and not where hidden") {
+    const contract::World world;
+    contract::ToolForm form;
+    forms::PictureBox box;
+    box.place(form, {0, 0, 300, 300});
+    form.load();
+    form.show();
+    const auto window = reinterpret_cast<HWND>(box.hWnd());
+    const contract::ImportHook hook("InvalidateRect", reinterpret_cast<void*>(&noteWindow));
+    REQUIRE(hook.original() != nullptr);
+    for (const bool seen : {true, false}) {
+        CAPTURE(seen);
+        box.setVisible(seen);
+        box.setAutoRedraw(true);
+        asked.clear();
+        box.refresh();
+        CHECK(asked == (seen ? std::vector{window} : std::vector<HWND>()));
+        asked.clear();
+        box.setPicture({1, 1, {forms::opaque}});
+        CHECK(asked == (seen ? std::vector{window} : std::vector<HWND>()));
+    }
+}
+
+TEST_CASE("a new window gets its font without being asked to be painted for it") {
+    const contract::World world;
+    contract::ToolForm form;
+    forms::PictureBox box;
+    box.place(form, {0, 0, 300, 300});
+    const contract::ImportHook hook("SendMessageA", reinterpret_cast<void*>(&noteFont));
+    systemSend = reinterpret_cast<decltype(systemSend)>(hook.original());
+    REQUIRE((systemSend != nullptr));
+    fonts.clear();
+    form.load();
+    CHECK(fonts == std::vector{false});
 }
 
 TEST_SUITE_END();
