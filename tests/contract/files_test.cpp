@@ -101,6 +101,7 @@ TEST_CASE("a copy of nothing, or into nothing, fails and leaves what is there") 
     CHECK_FALSE(platform::copyFile(to, world.path("nosuch\\a.sav")));
     world.makeFolder(world.path("folder"));
     CHECK_FALSE(platform::copyFile(to, world.path("folder")));
+    CHECK(platform::dir(world.path("folder~")).empty());
 }
 
 TEST_CASE("a file gets another name, in place of what has it") {

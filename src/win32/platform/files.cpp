@@ -16,7 +16,22 @@ runtime::RuntimeError lastError() {
     return win32::lastFileError(runtime::ErrorNumber::fileNotFound);
 }
 
-constexpr DWORD replaceAtOnce = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+/// Gives a file a name, in place of what has it. Either may be held for a moment: what has just been written
+/// is what a virus scanner opens.
+bool moveOver(const std::wstring& from, const std::wstring& to) {
+    constexpr DWORD replaceAtOnce = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+    const ULONGLONG begin = GetTickCount64();
+    while (MoveFileExW(from.c_str(), to.c_str(), replaceAtOnce) == FALSE) {
+        // A name whose file is held is refused in the same words as one that may not be replaced at all.
+        const DWORD failure = GetLastError();
+        if (!win32::isHeld(failure) && failure != ERROR_ACCESS_DENIED)
+            return false;
+        if (GetTickCount64() - begin >= win32::heldPatience)
+            return false;
+        Sleep(win32::betweenTries);
+    }
+    return true;
+}
 
 /// The bare name of the first plain file that a path matches, none if there is none. Tells whether the path's
 /// host has answered.
@@ -59,13 +74,16 @@ bool copyFile(std::string_view from, std::string_view to) {
     const std::wstring half = target + L"~";
     // One that may not be written could not be replaced by the next.
     const std::wstring source = win32::widePath(from);
-    return win32::awaitHeld([&] { return CopyFileW(source.c_str(), half.c_str(), FALSE); }) != FALSE &&
-           SetFileAttributesW(half.c_str(), FILE_ATTRIBUTE_NORMAL) != FALSE &&
-           MoveFileExW(half.c_str(), target.c_str(), replaceAtOnce) != FALSE;
+    if (win32::awaitHeld([&] { return CopyFileW(source.c_str(), half.c_str(), FALSE); }) == FALSE)
+        return false;
+    if (SetFileAttributesW(half.c_str(), FILE_ATTRIBUTE_NORMAL) != FALSE && moveOver(half, target))
+        return true;
+    DeleteFileW(half.c_str());
+    return false;
 }
 
 bool renameFile(std::string_view from, std::string_view to) {
-    return MoveFileExW(win32::widePath(from).c_str(), win32::widePath(to).c_str(), replaceAtOnce) != FALSE;
+    return moveOver(win32::widePath(from), win32::widePath(to));
 }
 
 std::string currentDirectory() {

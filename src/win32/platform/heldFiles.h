@@ -5,21 +5,25 @@
 
 namespace win32 {
 
-/// Milliseconds that a file which is held is waited for.
+/// Milliseconds that a file which is held is waited for, and those between two tries.
 inline constexpr ULONGLONG heldPatience = 500;
+inline constexpr DWORD betweenTries = 10;
+
+/// Whether a failure says that a file is held.
+inline bool isHeld(DWORD failure) {
+    return failure == ERROR_SHARING_VIOLATION || failure == ERROR_LOCK_VIOLATION;
+}
 
 /// Does a call that leaves its failure with the thread, again and again while a file is held. One that is
 /// held longer is waited for once: the next calls fail at once, until one finds it free.
 template <typename Call>
 auto awaitHeld(Call&& call) {
     static bool givenUp = false;
-    constexpr DWORD betweenTries = 10;
     const ULONGLONG begin = GetTickCount64();
     for (;;) {
         SetLastError(ERROR_SUCCESS);
         const auto result = call();
-        const DWORD failure = GetLastError();
-        const bool held = failure == ERROR_SHARING_VIOLATION || failure == ERROR_LOCK_VIOLATION;
+        const bool held = isHeld(GetLastError());
         if (!held || givenUp || GetTickCount64() - begin >= heldPatience) {
             givenUp = held;
             return result;

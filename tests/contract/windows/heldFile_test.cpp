@@ -93,6 +93,36 @@ TEST_CASE("a file that is held for a moment is copied") {
     CHECK(valueIn(copy) == "old");
 }
 
+TEST_CASE("a copy takes the place of a file that is held for a moment") {
+    Settings settings;
+    const std::string copy = settings.world.path("held.sav");
+    settings.world.writeFile(copy, "older");
+    Held held(copy);
+    held.letGoSoon();
+    CHECK(platform::copyFile(settings.file, copy));
+    CHECK(valueIn(copy) == "old");
+}
+
+TEST_CASE("a file gets another name while it, or the one in its place, is held for a moment") {
+    Settings settings;
+    const std::string kept = settings.world.path("held.bak");
+    settings.world.writeFile(kept, "older");
+    std::string heldOne;
+    SUBCASE("the file") {
+        heldOne = settings.file;
+    }
+    SUBCASE("the one in its place") {
+        heldOne = kept;
+    }
+    {
+        Held held(heldOne);
+        held.letGoSoon();
+        CHECK(platform::renameFile(settings.file, kept));
+    }
+    CHECK(valueIn(kept) == "old");
+    CHECK(platform::dir(settings.file).empty());
+}
+
 TEST_CASE("a file that stays held is waited for once, and is free again when it is let go") {
     const Settings settings;
     {
