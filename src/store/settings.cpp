@@ -6,6 +6,7 @@
 #include "runtime/characters.h"
 #include "runtime/numbers.h"
 #include "runtime/text.h"
+#include "store/state.h"
 
 #include <array>
 
@@ -40,8 +41,8 @@ std::int16_t setini(const std::string& section, const std::string& key, const st
 
 void keepSettings() {
     const std::string kept = besideSettings("sav");
-    if (platform::dir(kept).empty())
-        platform::copyFile(besideSettings("ini"), kept);
+    if ((keptByThisRun || platform::dir(kept).empty()) && platform::copyFile(besideSettings("ini"), kept))
+        keptByThisRun = true;
 }
 
 void settingsWritten() {

@@ -17,5 +17,7 @@ inline std::int16_t unitCalcActive = 0;
 /// Unit names and number formats of the calculator, left and right.
 inline std::array<std::string, 2> unitName;
 inline std::array<std::string, 2> unitAccuracy;
+/// This run has made a kestrel.sav (store/settings): one that is there is not of a run that was killed.
+inline bool keptByThisRun = false;
 
 } // namespace store

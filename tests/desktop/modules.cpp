@@ -22,6 +22,7 @@ void resetModules() {
     store::unitCalcActive = 0;
     store::unitName = {};
     store::unitAccuracy = {};
+    store::keptByThisRun = false;
     store::currentRoutine.clear();
     store::eagleFolder.clear();
     store::boardButtons = {};

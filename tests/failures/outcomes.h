@@ -24,7 +24,7 @@ inline constexpr Outcome outcomes[] = {
     {"GetPrivateProfileStringA", "start", 53, "", "EAGLE's path is none when it is to be started"},
     {"WritePrivateProfileStringA", nullptr, 0, "settings", "the key keeps its value, a section its rows"},
     {"copyFile", nullptr, 0, "kept", "OK keeps no old settings"},
-    {"renameFile", nullptr, 0, "kept", "the old settings have the name of a run that was killed"},
+    {"renameFile", nullptr, 0, "kept", "the old settings stay kestrel.sav, which the next OK writes anew"},
 
     // --- windows: what fails is missing for this tick, or until the toolbar is built again
     {"EnumWindows", nullptr, 0, "", "the next tick finds the window"},

@@ -93,6 +93,33 @@ TEST_CASE(
     CHECK(last > 30);
 }
 
+TEST_CASE("what could not get its last name is of this run, and the next OK keeps what is there then") {
+    for (const bool stillHeld : {false, true})
+        for (int last = 1;; ++last) {
+            CAPTURE(stillHeld);
+            CAPTURE(last);
+            Edited program;
+            world().writeFile(beside("bak"), "older");
+            desktop::File& held = world().files[desktop::pathKey(beside("bak"))];
+            held.locked = true;
+            program.ok();
+            REQUIRE(world().fileText(beside("sav")) == program.before);
+            held.locked = stillHeld;
+            program.open(1);
+            program.select(0, 0);
+            program.enter(program.form().txtTitle[0], "newest");
+            program.before = world().settings();
+            if (!killedAt(program, last)) {
+                CHECK(last > 30);
+                break;
+            }
+            bool whole = false;
+            for (const char* extension : {"ini", "sav", "bak"})
+                whole = whole || world().fileText(beside(extension)) == program.before;
+            CHECK(whole);
+        }
+}
+
 TEST_CASE("what a killed run has kept outlives the next OK, which writes over torn settings") {
     Edited program;
     world().writeFile(beside("sav"), program.before);
