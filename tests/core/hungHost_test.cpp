@@ -99,6 +99,27 @@ TEST_CASE("a host that hangs while its toolbar is resized draws again when it wa
     CHECK(program.desk().window(program.board).redraw);
 }
 
+TEST_CASE("a host that hangs is waited for once, and not to its end, when its own window is to change") {
+    Host program;
+    const std::int64_t begin = program.desk().now;
+    program.desk().hang(program.board, minute);
+    SUBCASE("raised") {
+        program.desk().event([&] { platform::SetWindowPos(program.board, 0, 0, 0, 0, 0, 3); });
+    }
+    SUBCASE("brought to the front") {
+        program.desk().event([&] { platform::BringWindowToTop(program.board); });
+    }
+    SUBCASE("moved") {
+        program.desk().event([&] { platform::MoveWindow(program.board, 0, 0, 300, 300, true); });
+    }
+    CHECK(program.desk().now - begin == 200);
+    program.desk().event([&] { platform::SetWindowPos(program.board, 0, 0, 0, 0, 0, 3); });
+    CHECK(program.desk().now - begin == 200);
+    CHECK(program.desk().order.front() == program.elsewhere);
+    program.desk().run(minute);
+    CHECK(program.desk().order.front() == program.board);
+}
+
 TEST_CASE("while a host hangs a window of another one gets its toolbar with the next tick") {
     Host program;
     constexpr std::uint32_t other = 8;

@@ -187,6 +187,12 @@ class World {
     bool answers(HWND window);
     /// Now, or when the window's program wakes.
     void whenAwake(HWND window, const std::function<void()>& change);
+    /// Before a window comes, goes or moves the program asks the hosts that its windows stand in, once for a
+    /// hang, and is parted from those that do not answer.
+    void partFromSilentHosts();
+    /// What the system carries out in the thread of the window: not at once, unless the input of the two is
+    /// joined. Then it waits for as long as that one hangs.
+    void leaveTo(HWND window, const std::function<void()>& change);
     /// Was to come in front and did not answer; whoever can wait brings it there. Forgotten with the next
     /// event.
     HWND owedKeyboard = HWND::none;
@@ -409,8 +415,11 @@ class World {
     struct Hang {
         std::int64_t since;
         std::int64_t until;
+        bool missed;                                ///< was asked in vain
         std::vector<std::function<void()>> changes; ///< that wait for its end
     };
+    /// Whether a window of ours stands in one of this program.
+    bool isJoined(std::uint32_t process);
     /// Programs whose time has come wake.
     void wake();
     /// A top-level window stands on a screen; it hears so if it saw another number of pixels to an inch

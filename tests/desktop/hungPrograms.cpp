@@ -14,7 +14,7 @@ constexpr std::int64_t betweenLooks = 50;
 } // namespace
 
 void World::hang(HWND hung, std::int64_t milliseconds) {
-    hangs_[window(hung).process] = {now, now + milliseconds, {}};
+    hangs_[window(hung).process] = {now, now + milliseconds, false, {}};
 }
 
 bool World::hangs(HWND asked) {
@@ -26,11 +26,40 @@ bool World::hangs(HWND asked) {
 bool World::answers(HWND asked) {
     if (!hangs(asked))
         return find(asked) != nullptr;
-    const Hang& hang = hangs_.at(window(asked).process);
+    Hang& hang = hangs_.at(window(asked).process);
+    hang.missed = true;
     if (now - hang.since >= knownToHang)
         return false;
     now = std::min(now + patience, hang.until);
     return !hangs(asked);
+}
+
+bool World::isJoined(std::uint32_t process) {
+    return std::ranges::any_of(windows_, [&](const auto& one) {
+        return one.second.process == programProcess && window(rootOf(one.first)).process == process;
+    });
+}
+
+void World::partFromSilentHosts() {
+    wake();
+    std::vector<HWND> asked;
+    for (const HWND host : order)
+        if (const auto hang = hangs_.find(window(host).process);
+            hang != hangs_.end() && !hang->second.missed && isJoined(hang->first))
+            asked.push_back(host);
+    for (const HWND host : asked)
+        if (hangs(host) && !hangs_.at(window(host).process).missed)
+            static_cast<void>(answers(host));
+}
+
+void World::leaveTo(HWND told, const std::function<void()>& change) {
+    if (hangs(told))
+        if (const Hang& hang = hangs_.at(window(told).process);
+            !hang.missed && isJoined(window(told).process)) {
+            now = hang.until;
+            wake();
+        }
+    whenAwake(told, change);
 }
 
 void World::whenAwake(HWND told, const std::function<void()>& change) {

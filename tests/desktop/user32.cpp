@@ -31,8 +31,9 @@ void noteCall(const char* name, std::initializer_list<std::string> arguments) {
     world().note(call);
 }
 
-void raiseWhenAwake(platform::HWND window) {
-    world().whenAwake(window, [window] {
+void raise(platform::HWND window) {
+    world().partFromSilentHosts();
+    world().leaveTo(window, [window] {
         if (world().find(window) != nullptr)
             world().raise(window);
     });
@@ -201,7 +202,9 @@ bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint) 
     height = toWindow(window, height);
     const int oldWidth = moved->rect.right - moved->rect.left;
     const int oldHeight = moved->rect.bottom - moved->rect.top;
-    world().whenAwake(window, [=] {
+    if (moved->process != desktop::programProcess)
+        world().partFromSilentHosts();
+    world().leaveTo(window, [=] {
         if (Window* awake = world().find(window)) {
             const bool elsewhere = awake->rect.left != x || awake->rect.top != y;
             awake->rect = {x, y, x + oldWidth, y + oldHeight};
@@ -222,7 +225,7 @@ bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int widt
                               number(height), number(static_cast<std::intptr_t>(flags))});
     if (const Window* found = world().find(window); found == nullptr || found->elevated)
         return false;
-    raiseWhenAwake(window);
+    raise(window);
     return true;
 }
 
@@ -237,7 +240,7 @@ bool BringWindowToTop(HWND window) {
         world().foreground = window;
     else
         world().owedKeyboard = window;
-    raiseWhenAwake(window);
+    raise(window);
     return true;
 }
 

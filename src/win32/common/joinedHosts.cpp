@@ -51,8 +51,12 @@ void ask(DWORD thread, Host& host) {
     host.asked = SendMessageCallbackA(host.windows.front(), WM_NULL, 0, 0, heard, thread) != FALSE;
 }
 
+bool belongsTo(DWORD thread, HWND window) {
+    return GetWindowThreadProcessId(window, nullptr) == thread;
+}
+
 bool isInFront(DWORD thread) {
-    return GetWindowThreadProcessId(GetForegroundWindow(), nullptr) == thread;
+    return belongsTo(thread, GetForegroundWindow());
 }
 
 /// How often we had been joined with it: each window that has gone in there has done so once more.
@@ -67,7 +71,11 @@ void lookEvery(UINT milliseconds);
 
 void part(DWORD thread, Host& host) {
     host.silent = true;
+    const HWND front = GetForegroundWindow();
     host.joins = std::max(host.joins, leave(thread));
+    // Under Wine what was joined goes on as the host's, and stays what is in front: no window is then.
+    if (belongsTo(GetCurrentThreadId(), front) && GetForegroundWindow() != front)
+        SetForegroundWindow(front);
     ask(thread, host);
     lookEvery(closeLooks);
 }

@@ -57,15 +57,18 @@ bool raiseWindow(HWND window) {
     // The click that brought us here gives us the right to choose the window in front.
     if (windowAnswers(window))
         activateWindow(window);
-    else
+    else {
         oweKeyboard(window);
+        partFromSilentHosts();
+    }
     return SetWindowPos(window, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_ASYNCWINDOWPOS) != FALSE;
 }
 
 bool orderWindow(HWND window, HWND after, const RECT& place, UINT flags) {
-    if (isForeign(window))
+    if (isForeign(window)) {
+        partFromSilentHosts();
         flags |= SWP_ASYNCWINDOWPOS;
-    else if (IsWindowVisible(window) == FALSE)
+    } else if (IsWindowVisible(window) == FALSE)
         flags |= SWP_NOACTIVATE;
     else
         prepare(window);

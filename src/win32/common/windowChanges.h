@@ -3,12 +3,13 @@
 // A form that stands in a host's window shares its input with the host's thread from then on, and the system
 // does none of this before that thread has heard of it. So all of these calls stand here, the rest of the
 // Windows side makes none by itself, and each parts us from hosts that do not answer first (joinedHosts.h).
-// There alone stands one more: it gives the focus to the field that the user has clicked on, when the field's
-// host has just answered. A control with a number takes its place among its siblings by itself when its
-// window is made (forms/windowPeer.cpp), with its form and before that goes into a host. A place or a size
-// that changes without a change of order needs none of this; the peers set it by themselves.
-// What the system does on its own at the start and the end of its dialogs and menus cannot be had here: who
-// opens one holds our forms (Hold), which sees to that, and gives the keyboard back (FocusKeeper).
+// There alone stand two more: the focus goes to the field that the user has clicked on, when the field's host
+// has just answered, and a window of ours stays in front when we are parted from a host. A control with a
+// number takes its place among its siblings by itself when its window is made (forms/windowPeer.cpp), with
+// its form and before that goes into a host. A place or a size that changes without a change of order needs
+// none of this; the peers set it by themselves. What the system does on its own at the start and the end of
+// its dialogs and menus cannot be had here: who opens one holds our forms (Hold), which sees to that, and
+// gives the keyboard back (FocusKeeper).
 #pragma once
 
 #include <windows.h>
@@ -19,8 +20,10 @@ namespace win32 {
 void activateWindow(HWND window);
 
 /// Gives a window its place in the order of windows after this one (or HWND_TOP, HWND_TOPMOST), and the rest
-/// that the flags SWP_* leave to be changed. One of another program does it when it comes to it, and one of
-/// ours that nobody sees takes the keyboard from nobody. False if there is no such window.
+/// that the flags SWP_* leave to be changed. One of another program does it when it comes to it: the system
+/// leaves the change with that program's thread as long as its input is not joined with ours, so that we are
+/// parted from hosts that do not answer first. One of ours that nobody sees takes the keyboard from nobody.
+/// False if there is no such window.
 bool orderWindow(HWND window, HWND after, const RECT& place, UINT flags);
 
 /// Gives the keyboard to a window of ours, or to one whose thread shares its input with ours. Null takes it
@@ -38,7 +41,8 @@ bool showWindow(HWND window, int command);
 /// Shows a window of ours where it is, in front of nothing that it is behind, and leaves the keyboard alone.
 void showInPlace(HWND window);
 
-/// Moves and sizes a window of ours where it stands, with further flags SWP_*. What it covered is drawn when
+/// Moves and sizes a window of ours where it stands, with further flags SWP_*; one of another program is a
+/// matter of `orderWindow`. What it covered is drawn when
 /// its own program comes to it: the system would else have it erased at once, in our thread, and under Wine
 /// wait for each window of a host that is asked.
 bool moveWindow(HWND window, const RECT& place, UINT more = 0);

@@ -107,8 +107,8 @@ bool MoveWindow(HWND window, int x, int y, int width, int height, bool repaint) 
     const UINT more = repaint ? 0U : SWP_NOREDRAW;
     if (!isForeign(moved))
         return win32::moveWindow(moved, {x, y, x + width, y + height}, more);
-    constexpr UINT keep = SWP_NOZORDER | SWP_NOACTIVATE | SWP_ASYNCWINDOWPOS;
-    return ::SetWindowPos(moved, nullptr, x, y, width, height, keep | more) != FALSE;
+    return win32::orderWindow(moved, nullptr, {x, y, x + width, y + height},
+                              SWP_NOZORDER | SWP_NOACTIVATE | more);
 }
 
 bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int width, int height,

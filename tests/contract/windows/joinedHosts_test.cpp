@@ -91,14 +91,45 @@ class Waits {
     contract::ImportHook hook_{"SendMessageTimeoutA", reinterpret_cast<void*>(send)};
 };
 
-bool joined(platform::HWND host) {
+bool joined(HWND host) {
     // Under Wine the input of two threads is one object, and parting fails when it is not.
-    const DWORD thread = GetWindowThreadProcessId(win32::native(host), nullptr);
+    const DWORD thread = GetWindowThreadProcessId(host, nullptr);
     if (AttachThreadInput(GetCurrentThreadId(), thread, FALSE) == FALSE)
         return false;
     AttachThreadInput(GetCurrentThreadId(), thread, TRUE);
     return true;
 }
+
+bool joined(platform::HWND host) {
+    return joined(win32::native(host));
+}
+
+/// Counts the changes of other programs' windows that the system would carry out at once: it leaves one with
+/// the other thread only while the input of the two is not joined. Wine always does.
+class ChangesAtOnce {
+  public:
+    ChangesAtOnce() {
+        count_ = 0;
+        all_ = 0;
+        original_ = reinterpret_cast<decltype(original_)>(hook_.original());
+    }
+    static int count() { return count_; }
+    static int all() { return all_; }
+
+  private:
+    static BOOL WINAPI place(HWND window, HWND after, int x, int y, int width, int height, UINT flags) {
+        if (win32::isForeign(window)) {
+            ++all_;
+            count_ += joined(window) || (flags & SWP_ASYNCWINDOWPOS) == 0 ? 1 : 0;
+        }
+        return original_(window, after, x, y, width, height, flags);
+    }
+
+    static inline int count_ = 0;
+    static inline int all_ = 0;
+    static inline decltype(&SetWindowPos) original_ = nullptr;
+    contract::ImportHook hook_{"SetWindowPos", reinterpret_cast<void*>(place)};
+};
 
 /// Asked for again: a window manager may move the keyboard a moment later.
 void takeFront(platform::HWND editor) {
@@ -235,6 +266,29 @@ TEST_CASE("nothing that comes up or goes waits for a host that has the keyboard 
         takesShort([&] { guest.field.setFocus(); });
     }
     CHECK(guest.hWnd() != platform::HWND::none);
+    world.killOtherProgram();
+}
+
+TEST_CASE("a host that hangs is not joined while its own window is raised or moved") {
+    World world;
+    const platform::HWND editor = world.openEditor();
+    const Guest guest(editor);
+    REQUIRE(joined(editor));
+    const ChangesAtOnce changes;
+    const Waits waits;
+    world.hangOtherProgram(longHang);
+    SUBCASE("raised by a click") {
+        platform::BringWindowToTop(editor);
+    }
+    SUBCASE("put on top, as a toolbar does that takes its height") {
+        platform::SetWindowPos(editor, 0, 0, 0, 0, 0, 3);
+    }
+    SUBCASE("moved") {
+        platform::MoveWindow(editor, 0, 0, 300, 300, true);
+    }
+    CHECK(ChangesAtOnce::all() == 1);
+    CHECK(ChangesAtOnce::count() == 0);
+    CHECK(Waits::inVain() == 1);
     world.killOtherProgram();
 }
 
