@@ -84,6 +84,7 @@ static HWND addChild(Editor& editor, const wchar_t* className, const wchar_t* te
         CreateWindowExW(exStyle, className, text, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | style, 0, 0, 0, 0,
                         editor.frame, nullptr, GetModuleHandleW(nullptr), nullptr);
     SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), FALSE);
+    guests::besideOwn(child);
     return child;
 }
 

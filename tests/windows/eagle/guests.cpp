@@ -1,5 +1,7 @@
 #include "eagle/guests.h"
 
+#include <commctrl.h>
+
 namespace guests {
 
 static constexpr UINT_PTR repaintTimer = 1;
@@ -14,12 +16,27 @@ static void repaintGuests(HWND window) {
     }
 }
 
+static void repaintSoon(HWND window) {
+    SetTimer(window, repaintTimer, repaintDelay, nullptr);
+}
+
+static LRESULT CALLBACK ownProc(HWND child, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+    const LRESULT result = DefSubclassProc(child, message, wParam, lParam);
+    if (message == WM_PAINT || message == WM_SETTEXT) // some controls paint a new text at once
+        repaintSoon(GetParent(child));
+    return result;
+}
+
+void besideOwn(HWND child) {
+    SetWindowSubclass(child, ownProc, 0, 0);
+}
+
 void afterMessage(HWND window, UINT message, WPARAM wParam) {
     switch (message) {
     case WM_PAINT:
     case WM_ACTIVATE:
     case WM_WINDOWPOSCHANGED:
-        SetTimer(window, repaintTimer, repaintDelay, nullptr);
+        repaintSoon(window);
         break;
     case WM_TIMER:
         if (wParam == repaintTimer) {

@@ -4,10 +4,15 @@
 
 namespace guests {
 
-// To be told of every message of an editor window, after it has been handled.
-//
 // Under Wine a window that paints itself, or is uncovered, wipes the windows of other programs inside it to
-// black, and those are not told to paint. Windows knows no such thing: there the extra painting is not seen.
+// black, and those are not told to paint. So it does where two windows of its own paint at a time and a guest
+// stands between them: what Wine brings to the screen is the rectangle around both. Windows knows no such
+// thing: there the extra painting is not seen.
+
+// To be told of every message of an editor window, after it has been handled.
 void afterMessage(HWND window, UINT message, WPARAM wParam);
+
+// To be told of each of an editor window's own children.
+void besideOwn(HWND child);
 
 } // namespace guests
