@@ -47,7 +47,8 @@ class Toolbar : public Control {
     /// The same with the key of an image, which is looked up in the toolbar's list.
     ToolbarButton& addButton(std::string_view key, std::string_view caption, ButtonStyle style,
                              std::string_view imageKey);
-    /// A toolbar without a window for good keeps the keys alone: it answers as any other, and has no buttons.
+    /// A toolbar without a window for good keeps the keys of what is added alone, until it is told so again:
+    /// it answers as any other, and has no buttons.
     const std::deque<ToolbarButton>& buttons() const;
     /// Null if there is no button with this key.
     ToolbarButton* findButton(std::string_view key);

@@ -41,6 +41,10 @@ void frmToolbar::loadVarBar() {
     config.toolTipText = "Configuration";
     config.description = "Configuration";
     config.tag = configKey;
+    // Without a window, which the system has refused while the form was loaded, or which has gone with its
+    // host, nobody will see what has just been filled in.
+    if (lost())
+        windowLost();
     if (differences_.resizesAtEnd)
         Form_Resize();
 }

@@ -88,8 +88,17 @@ TEST_CASE("a toolbar that is built anew without its window makes nothing, and fa
     CHECK(program.openThings() == before);
     CHECK(toolbar.toolbar.buttons().empty());
     CHECK(toolbar.toolbar.findButton("Config") == nullptr);
-    CHECK_THROWS_AS(toolbar.toolbar.addButton("Config", "", forms::ButtonStyle::standard, 0),
-                    runtime::RuntimeError);
+    CHECK(toolbar.ImageList1.count() == 0);
+    CHECK_NOTHROW(toolbar.toolbar.addButton("Config", "", forms::ButtonStyle::standard, 0)); // keys go, too
+    CHECK_THROWS_WITH_AS(toolbar.toolbar.addButton("Config", "", forms::ButtonStyle::standard, 0),
+                         "Key is not unique in collection", runtime::RuntimeError);
+    store::ButtonList& list = *store::listOf(EditorKind::schematic).buttons;
+    list.redim(11); // two rows with the key "a1"
+    for (std::int32_t row = 1; row <= list.upperBound(); ++row) {
+        list[row].live = 1;
+        list[row].name = row == 1 ? "a1" : "a";
+    }
+    CHECK_THROWS_WITH_AS(toolbar.loadVarBar(), "Key is not unique in collection", runtime::RuntimeError);
 }
 
 TEST_CASE("editors that come and go leave no more than their entries") {
@@ -127,10 +136,9 @@ TEST_CASE("what the system refuses to make is done without, and all that exists 
                 const calculator::frmMil& calculator = *program.form().calculators.back();
                 CHECK(calculator.loaded());
                 CHECK(calculator.windowsMade());
-                if (program.toolbar(refused, entry).hWnd() != HWND::none)
-                    CHECK(program.toolbar(refused, entry).toolbar.buttons().size() == 3);
-                else
-                    CHECK(program.toolbar(refused, entry).toolbar.buttons().empty());
+                const bool made = program.toolbar(refused, entry).hWnd() != HWND::none;
+                CHECK(program.toolbar(refused, entry).toolbar.buttons().size() == (made ? 3 : 0));
+                CHECK(program.toolbar(refused, entry).ImageList1.count() == (made ? 4 : 0));
             }
             REQUIRE_FALSE(program.desk().ended);
             CHECK(program.desk().messageBoxes.empty());
