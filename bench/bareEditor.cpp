@@ -73,8 +73,9 @@ std::string iconFile(int button) {
 }
 
 void fillBare(HWND bar, int buttonCount) {
-    while (SendMessageA(bar, TB_BUTTONCOUNT, 0, 0) > 0)
-        SendMessageA(bar, TB_DELETEBUTTON, 0, 0);
+    SendMessageA(bar, WM_SETREDRAW, FALSE, 0);
+    for (auto left = SendMessageA(bar, TB_BUTTONCOUNT, 0, 0); left > 0; --left)
+        SendMessageA(bar, TB_DELETEBUTTON, static_cast<WPARAM>(left - 1), 0);
     const HIMAGELIST images = ImageList_Create(side, side, ILC_COLOR32 | ILC_MASK, buttonCount, 1);
     const HDC screen = GetDC(nullptr);
     const HDC dc = CreateCompatibleDC(screen);
@@ -96,6 +97,8 @@ void fillBare(HWND bar, int buttonCount) {
         made.fsState = TBSTATE_ENABLED;
     }
     SendMessageA(bar, TB_ADDBUTTONSA, buttons.size(), reinterpret_cast<LPARAM>(buttons.data()));
+    SendMessageA(bar, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(bar, nullptr, TRUE);
 }
 
 BareEditor::BareEditor(HWND host, int buttonCount)

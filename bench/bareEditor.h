@@ -26,7 +26,8 @@ namespace bench {
 /// The file that a button's icon comes from.
 std::string iconFile(int button);
 
-/// Gives a toolbar control buttons with icons by the shortest way, in place of those that it has.
+/// Gives a toolbar control buttons with icons by the shortest way, in place of those that it has: those go
+/// from the last on, and nothing is painted before all are there.
 void fillBare(HWND bar, int buttonCount);
 
 /// To be made for a host of this thread, and to go right after it.
