@@ -73,4 +73,52 @@ TEST_CASE("a toolbar's tips show each text whole, and its host does not own them
     CHECK((owner == nullptr || GetWindowThreadProcessId(owner, nullptr) == GetCurrentThreadId()));
 }
 
+TEST_CASE("a toolbar that is filled again has one tip for each button, where the button is") {
+    const World world;
+    contract::BarForm form;
+    form.fill("bbsbbbb");
+    form.load();
+    form.show();
+    const auto tips = reinterpret_cast<HWND>(contract::ask(form.bar, TB_GETTOOLTIPS));
+    REQUIRE(tips != nullptr);
+    const HWND bar = win32::native(form.bar.hWnd());
+    for (const char* kinds : {"bbsbbbb", "bbb", "bbbbsbsbb", "b"}) {
+        CAPTURE(kinds);
+        form.fill(kinds);
+        const auto buttons = static_cast<int>(contract::ask(form.bar, TB_BUTTONCOUNT));
+        for (int button = 0; button < buttons; ++button) {
+            if (kinds[button] == 's')
+                continue;
+            TBBUTTON made{};
+            contract::ask(form.bar, TB_GETBUTTON, static_cast<WPARAM>(button),
+                          reinterpret_cast<LPARAM>(&made));
+            RECT place{};
+            contract::ask(form.bar, TB_GETITEMRECT, static_cast<WPARAM>(button),
+                          reinterpret_cast<LPARAM>(&place));
+            TTTOOLINFOA tool{};
+            tool.cbSize = TTTOOLINFOA_V2_SIZE;
+            tool.hwnd = bar;
+            tool.uId = static_cast<UINT_PTR>(made.idCommand);
+            REQUIRE(SendMessageA(tips, TTM_GETTOOLINFOA, 0, reinterpret_cast<LPARAM>(&tool)) != 0);
+            CHECK(EqualRect(&tool.rect, &place) != FALSE);
+        }
+        // A separator may have one too, which shows nothing.
+        CHECK(SendMessageA(tips, TTM_GETTOOLCOUNT, 0, 0) <= buttons);
+    }
+}
+
+TEST_CASE("a toolbar's tips go with it") {
+    const World world;
+    HWND tips = nullptr;
+    {
+        contract::BarForm form;
+        form.fill("bb");
+        form.load();
+        form.show();
+        tips = reinterpret_cast<HWND>(contract::ask(form.bar, TB_GETTOOLTIPS));
+        REQUIRE(IsWindow(tips) != FALSE);
+    }
+    CHECK(IsWindow(tips) == FALSE);
+}
+
 TEST_SUITE_END();
