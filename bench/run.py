@@ -39,7 +39,7 @@ TITLE_COST = re.compile(r"(.*?) +([\d.]+) ns a title, of these +([\d.]+) ns ")  
 STAGE = {"i686": {"dist", "eagle"}, "x86_64": {"witness"}}
 BENCH = {"i686": {"win-bench"}}
 TICKS = {"i686": {"tick-bench"}}
-NEEDS = {"ticks": [STAGE, TICKS], "load": [BENCH], "setup": [BENCH], "start": [STAGE, {"i686": {"start-bench"}}],
+NEEDS = {"ticks": [STAGE, TICKS], "load": [BENCH], "setup": [BENCH], "start": [STAGE, {"i686": {"start-bench", "tray-bench"}}],
          "growth": [STAGE, TICKS, BENCH], "hangs": [STAGE], MEMORY: [STAGE, TICKS],
          TITLES: [{"native-release": {"title-bench"}}], CONTENTS: [{"i686": {"dist"}}]}
 

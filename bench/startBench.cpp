@@ -1,16 +1,14 @@
-// The start of the program up to its tray icon, and a key in the calculator, each beside a bare counterpart.
+// What the start of the program is measured with, and a key in the calculator beside a bare counterpart.
 // Measured from outside by bench/run.py.
 //
-//   start-bench nothing      the end at once
-//   start-bench splash       the splash until it goes by itself, then the end
-//   start-bench start        Hauptform's load, the splash among it, then the end
-//   start-bench start-bare   a hidden window with a tray icon, then the end
-//   start-bench tray         the same, and stays
-//   start-bench keys N       N releases of a key in the calculator's left field
-//   start-bench keys-bare N  N releases of a key in a field whose owner sets the text of another
+//   start-bench nothing        the end at once
+//   start-bench splash         the splash until it goes by itself, then the end
+//   start-bench stay           says that it is ready and stays, so that the system does
+//   start-bench launch FILE    the same; a second later it starts a program, and ends after that
+//   start-bench keys N         N releases of a key in the calculator's left field
+//   start-bench keys-bare N    N releases of a key in a field whose owner sets the text of another
 #include "calculator/frmMil.h"
 #include "core/frmSplash.h"
-#include "core/hauptform.h"
 #include "store/state.h"
 #include "win32/common/messages.h"
 
@@ -18,7 +16,6 @@
 
 #include <commctrl.h>
 #include <objbase.h>
-#include <shellapi.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -27,36 +24,32 @@
 
 namespace {
 
-constexpr UINT trayMessage = 512;
-
-void bareTrayIcon() {
-    const HWND window =
-        CreateWindowExA(0, "EDIT", "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
-    NOTIFYICONDATAA record{};
-    record.cbSize = NOTIFYICONDATAA_V1_SIZE;
-    record.hWnd = window;
-    record.uID = 2;
-    record.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
-    record.uCallbackMessage = trayMessage;
-    record.hIcon = static_cast<HICON>(
-        LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON, 16, 16, LR_SHARED));
-    lstrcpynA(record.szTip, "A tray icon", sizeof record.szTip);
-    Shell_NotifyIconA(NIM_ADD, &record);
-}
-
-[[noreturn]] void start() {
-    auto* const form = new core::Hauptform; // to the end
-    form->load();
-    form->delSystray();
-    ExitProcess(0);
-}
-
-void stay() {
+void sayReady() {
     std::puts("ready");
     std::fflush(stdout);
+}
+
+/// With a window: the system makes something for the first one, and ends it with the last.
+void stay() {
+    CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+    sayReady();
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0)
         DispatchMessageA(&message);
+}
+
+/// Whoever waits for it has seen by the second's end that it is ready.
+bool launch(const char* file) {
+    constexpr DWORD aSecond = 1000;
+    sayReady();
+    Sleep(aSecond);
+    STARTUPINFOA start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION made{};
+    if (CreateProcessA(file, nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &made) == FALSE)
+        return false;
+    WaitForSingleObject(made.hProcess, INFINITE);
+    return true;
 }
 
 void keys(int count) {
@@ -113,13 +106,10 @@ int main(int count, char** arguments) {
     } else if (what == "splash") {
         core::splashForm().showModal();
         ExitProcess(0);
-    } else if (what == "start") {
-        start();
-    } else if (what == "start-bare") {
-        bareTrayIcon();
-    } else if (what == "tray") {
-        bareTrayIcon();
+    } else if (what == "stay") {
         stay();
+    } else if (what == "launch" && count > 2) {
+        return launch(arguments[2]) ? 0 : 1;
     } else if (what == "keys") {
         keys(number);
     } else if (what == "keys-bare") {
