@@ -31,12 +31,26 @@ steps=(
     'win32-contract +50 tools/test-contract.sh i686'
     'win64-contract +50 tools/test-contract.sh x86_64'
     'win32-scenes +50 "$PYTHON" tests/windows/play-all.py --once win32'
+    'gate +3 gate'
+    'mutations 1 "$PYTHON" tools/mutate.py 400'
+    'fuzzing 10 tests/fuzz/run.sh 3600'
 )
 
 # What 240 editors leave, with their 4,300 ticks, 120 setups and 120 dialogs of each kind.
 growth() {
     PYTHONPATH=tests/windows timeout -k 10 3600 "$PYTHON" -m driver.display \
         tools/wine-run.sh --env KESTREL_GROWTH=12 "build/$1/bin/contract-tests.exe" -ts=contract/windows/growth
+}
+
+# What each change has to pass, in a fresh clone. It gives some a second try, which is none here.
+gate() {
+    local clone=$kept/gate whole=$kept/gate.log code
+    rm -rf "$clone"
+    git clone -q . "$clone" && (cd "$clone" && .ci/run) >"$whole" 2>&1
+    code=$?
+    rm -rf "$clone"
+    tail -n 1 "$whole"
+    ! grep 'FLAKY:' "$whole" && return $code
 }
 
 # Ten worlds of 10,000 events, with seeds that have not been played yet. tests/walk/effort.tsv keeps a line for each
