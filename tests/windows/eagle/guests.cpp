@@ -17,7 +17,9 @@ static void repaintGuests(HWND window) {
 }
 
 static void repaintSoon(HWND window) {
-    SetTimer(window, repaintTimer, repaintDelay, nullptr);
+    static const bool wine = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+    if (wine)
+        SetTimer(window, repaintTimer, repaintDelay, nullptr);
 }
 
 static LRESULT CALLBACK ownProc(HWND child, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
