@@ -4,6 +4,7 @@
 #include "platform/messages.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace contract {
 
@@ -24,21 +25,16 @@ void serve(HANDLE object, DWORD milliseconds) {
     platform::doEvents();
 }
 
-} // namespace
-
-OtherProgram::~OtherProgram() {
-    end();
-}
-
-void OtherProgram::start() {
+OrderedProcess start() {
+    OrderedProcess started;
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
     HANDLE itsInput = nullptr;
     HANDLE itsOutput = nullptr;
-    CreatePipe(&itsInput, &orders_, &inherited, 0);
-    CreatePipe(&answers_, &itsOutput, &inherited, 0);
+    CreatePipe(&itsInput, &started.orders, &inherited, 0);
+    CreatePipe(&started.answers, &itsOutput, &inherited, 0);
     // The process must not hold our ends open, or it would never see the end of its input.
-    SetHandleInformation(orders_, HANDLE_FLAG_INHERIT, 0);
-    SetHandleInformation(answers_, HANDLE_FLAG_INHERIT, 0);
+    SetHandleInformation(started.orders, HANDLE_FLAG_INHERIT, 0);
+    SetHandleInformation(started.answers, HANDLE_FLAG_INHERIT, 0);
 
     char program[MAX_PATH] = {};
     GetModuleFileNameA(nullptr, program, MAX_PATH);
@@ -50,32 +46,30 @@ void OtherProgram::start() {
     start.hStdOutput = itsOutput;
     start.hStdError = GetStdHandle(STD_ERROR_HANDLE);
     PROCESS_INFORMATION made{};
-    const BOOL started = CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                                        nullptr, &start, &made);
+    const BOOL done = CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                                     &start, &made);
     CloseHandle(itsInput);
     CloseHandle(itsOutput);
-    if (started == FALSE)
+    if (done == FALSE)
         throw std::runtime_error("the other program does not start");
     CloseHandle(made.hThread);
-    process_ = made.hProcess;
-    AllowSetForegroundWindow(made.dwProcessId);
+    started.process = made.hProcess;
+    return started;
 }
 
-std::string OtherProgram::order(const std::string& line) {
-    if (process_ == nullptr)
-        start();
-    const std::string sent = line + "\n";
-    DWORD written = 0;
-    WriteFile(orders_, sent.data(), static_cast<DWORD>(sent.size()), &written, nullptr);
-    return answer();
+/// The next one. It comes up beside the test that runs, since that takes longer than most of them; without an
+/// order it has no window, and it ends with us.
+OrderedProcess& next() {
+    static OrderedProcess process = start();
+    return process;
 }
 
-std::string OtherProgram::answer() {
+std::string answerOf(const OrderedProcess& asked) {
     std::string line;
     const ULONGLONG begin = GetTickCount64();
     while (GetTickCount64() - begin < longestAnswer) {
         DWORD waiting = 0;
-        if (PeekNamedPipe(answers_, nullptr, 0, nullptr, &waiting, nullptr) == FALSE)
+        if (PeekNamedPipe(asked.answers, nullptr, 0, nullptr, &waiting, nullptr) == FALSE)
             break;
         if (waiting == 0) {
             serve(nullptr, 2);
@@ -83,7 +77,7 @@ std::string OtherProgram::answer() {
         }
         char character = 0;
         DWORD got = 0;
-        if (ReadFile(answers_, &character, 1, &got, nullptr) == FALSE || got == 0)
+        if (ReadFile(asked.answers, &character, 1, &got, nullptr) == FALSE || got == 0)
             break;
         if (character == '\n')
             return line;
@@ -93,15 +87,44 @@ std::string OtherProgram::answer() {
     throw std::runtime_error("the other program does not answer");
 }
 
-void OtherProgram::end() {
-    if (process_ != nullptr) {
-        TerminateProcess(process_, 1);
-        while (WaitForSingleObject(process_, 0) == WAIT_TIMEOUT)
-            serve(process_, INFINITE);
+std::string ask(const OrderedProcess& asked, const std::string& line) {
+    const std::string sent = line + "\n";
+    DWORD written = 0;
+    WriteFile(asked.orders, sent.data(), static_cast<DWORD>(sent.size()), &written, nullptr);
+    return answerOf(asked);
+}
+
+} // namespace
+
+OtherProgram::OtherProgram() {
+    next();
+}
+
+OtherProgram::~OtherProgram() {
+    end();
+}
+
+std::string OtherProgram::order(const std::string& line) {
+    if (own_.process == nullptr) {
+        own_ = std::exchange(next(), start());
+        AllowSetForegroundWindow(GetProcessId(own_.process));
     }
-    closeHandle(process_);
-    closeHandle(orders_);
-    closeHandle(answers_);
+    return ask(own_, line);
+}
+
+void OtherProgram::awaitNext() {
+    ask(next(), "nothing");
+}
+
+void OtherProgram::end() {
+    if (own_.process != nullptr) {
+        TerminateProcess(own_.process, 1);
+        while (WaitForSingleObject(own_.process, 0) == WAIT_TIMEOUT)
+            serve(own_.process, INFINITE);
+    }
+    closeHandle(own_.process);
+    closeHandle(own_.orders);
+    closeHandle(own_.answers);
 }
 
 } // namespace contract

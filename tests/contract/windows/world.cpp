@@ -190,6 +190,7 @@ void World::killOtherProgram() {
 }
 
 void World::hangOtherProgram(int milliseconds) {
+    OtherProgram::awaitNext();
     impl_->other.order("hang " + std::to_string(milliseconds));
 }
 
