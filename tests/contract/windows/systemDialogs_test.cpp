@@ -398,7 +398,7 @@ TEST_CASE("a host that is too busy to come to the front does so before it is typ
     const platform::HWND editor = world.openEditor();
     const Guest guest(editor);
     world.typeInto(dialog.second, "");
-    world.hangOtherProgram(1'900);
+    world.hangOtherProgram(700);
     // What a click on a button does, in one go.
     platform::BringWindowToTop(editor);
     REQUIRE(World::foreground() == dialog.hWnd());
@@ -416,11 +416,12 @@ TEST_CASE("what a host was too busy to take back is not pressed on it later") {
     const platform::HWND editor = world.openEditor();
     std::optional<win32::FocusKeeper> keeper(std::in_place);
     world.typeInto(dialog.second, "");
-    world.hangOtherProgram(1'200);
+    world.hangOtherProgram(5'000);
     keeper.reset();
     PostMessageA(win32::native(dialog.hWnd()), WM_NULL, 0, 0);
     world.typeInto(dialog.second, "abc");
     CHECK(World::until([&] { return dialog.second.text() == "abc"; }));
+    world.wakeOtherProgram();
     CHECK(world.editorText(editor).empty());
 }
 
