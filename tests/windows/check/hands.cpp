@@ -38,6 +38,17 @@ static POINT middleOf(const RECT& place) {
     return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
 }
 
+void awaitRest() {
+    constexpr DWORD rest = 2000; // milliseconds
+    // A mouse on a table that shakes never rests.
+    (void)waiting::until(
+        [] {
+            LASTINPUTINFO last = {sizeof last, 0};
+            return !GetLastInputInfo(&last) || GetTickCount() - last.dwTime >= rest;
+        },
+        10);
+}
+
 bool reach(HWND window, const RECT& place) {
     return GetAncestor(WindowFromPoint(middleOf(place)), GA_ROOT) == window;
 }
@@ -52,6 +63,10 @@ void click(HWND window, const RECT& place) {
     waiting::pause(20);
     send({mouse(middle, 0), mouse(middle, swapped ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN),
           mouse(middle, swapped ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP)});
+}
+
+void point(const RECT& place) {
+    send({mouse(middleOf(place), 0)});
 }
 
 static void needKeyboard() {

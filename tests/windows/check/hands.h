@@ -7,11 +7,15 @@
 
 namespace hands {
 
+// Waits until the user has let go of mouse and keyboard: no input has come for some seconds.
+void awaitRest();
 // Whether a click in the middle of a rectangle of the screen would reach this top-level window or what is in
 // it.
 [[nodiscard]] bool reach(HWND window, const RECT& place);
 // A click there with the main button; the window may take a moment to be reached.
 void click(HWND window, const RECT& place);
+// The pointer goes to the middle of a rectangle of the screen.
+void point(const RECT& place);
 void type(const std::wstring& text);
 void press(WORD key);
 

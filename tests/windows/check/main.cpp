@@ -96,11 +96,11 @@ static void playAll(const Order& order, const std::wstring& kit, Privacy& privac
     privacy.addFolder(place.folder(), L"<folder>");
     std::optional<Eyes> eyes;
     bool goesOn = played(report, L"the copy in a temporary folder", [&] {
-        waiting::pause(3000); // the user still has a hand on the mouse
         for (const std::wstring& bits : order.bits)
             place.copy(kit + L"\\" + bits, bits);
         place.copy(kit + L"\\" + ownBits, L"eyes");
         eyes.emplace(place, L"eyes");
+        hands::awaitRest();
         report.check(true, L"the programs stand there and the witness sees", L"so it is");
     });
     const KeptClipboard clipboard;

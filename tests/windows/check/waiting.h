@@ -31,7 +31,7 @@ template <typename Condition>
     while (!condition()) {
         if (GetTickCount64() >= end)
             return false;
-        pause(50);
+        pause(10);
     }
     return true;
 }
