@@ -9,6 +9,7 @@
 // ask Windows for is the same in both. Started with arguments it does not wait at its end for its last line
 // to be read. Exit code: 0 if every check passed, 1 if not, 2 if nothing was played.
 #include "check/clipboard.h"
+#include "check/console.h"
 #include "check/contractSuite.h"
 #include "check/hands.h"
 #include "check/machine.h"
@@ -106,14 +107,15 @@ static void playAll(const Order& order, const std::wstring& kit, Privacy& privac
     const KeptClipboard clipboard;
     privacy.add(clipboard.text(), L"<clipboard>");
     for (const std::wstring& bits : order.bits) {
-        const std::wstring name = bits == L"win32" ? L"32 bits" : L"64 bits";
+        const std::wstring number = bits == L"win32" ? L"32" : L"64";
+        const std::wstring name = number + L" bits";
         if (goesOn && eyes) {
-            notice.say(L"The main scene, " + name);
+            notice.say(L"The main scene, " + name + L" / Die Hauptszene, " + number + L" Bit");
             goesOn = played(report, L"the main scene, " + name,
                             [&] { mainScene::play(place, bits, *eyes, notice, report); });
         }
         if (goesOn && eyes && std::ranges::find(order.suites, bits) != order.suites.end()) {
-            notice.say(L"The contract tests, " + name);
+            notice.say(L"The contract tests, " + name + L" / Die Einzeltests, " + number + L" Bit");
             goesOn = played(report, L"the contract tests, " + name,
                             [&] { contractSuite::run(place, bits, order.options, notice, privacy, report); });
         }
@@ -128,8 +130,8 @@ static std::wstring above(const std::wstring& path) {
     return path.substr(0, path.rfind(L'\\'));
 }
 
-static int failed(const char* why) {
-    std::printf("%s\n", why);
+static int failed(const std::wstring& english, const std::wstring& german) {
+    console::say(english, german);
     return 2;
 }
 
@@ -143,8 +145,8 @@ static std::wstring today() {
 
 static int check(const Order& order) {
     if (const std::wstring found = intruder(); !found.empty())
-        return failed(
-            ("Please close " + text::narrow(found) + " first: this check would disturb it.").c_str());
+        return failed(L"Please close " + found + L" first: this check would disturb it.",
+                      L"Bitte zuerst " + found + L" beenden: diese Pr\u00FCfung w\u00FCrde es st\u00F6ren.");
     wchar_t own[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, own, MAX_PATH);
     const std::wstring kit = above(above(own));
@@ -152,14 +154,16 @@ static int check(const Order& order) {
     Privacy privacy;
     Report report(above(kit), privacy);
     if (!report.opened())
-        return failed(
-            "kestrel-check.txt cannot be written here. Please unpack the zip into a folder of yours.");
-    std::printf(
-        "Kestrel %ls: a check of the program on this Windows.\n"
-        "It uses mouse and keyboard for some two minutes. Please leave both alone; any key stops it.\n"
-        "Es braucht etwa zwei Minuten lang Maus und Tastatur. Bitte beide ruhen lassen; jede Taste "
-        "bricht ab.\n",
-        KESTREL_VERSION);
+        return failed(L"kestrel-check.txt cannot be written here.\r\n"
+                      L"Please unpack the zip into a folder of yours.",
+                      L"kestrel-check.txt l\u00E4sst sich hier nicht schreiben.\r\n"
+                      L"Bitte das Zip in einen eigenen Ordner auspacken.");
+    console::say(L"Kestrel " KESTREL_VERSION L": a check of the program on this Windows.",
+                 L"Kestrel " KESTREL_VERSION L": eine Pr\u00FCfung des Programms auf diesem Windows.");
+    console::say(L"It uses mouse and keyboard for some two minutes.\r\n"
+                 L"Please leave both alone; any key stops it.",
+                 L"Sie braucht etwa zwei Minuten lang Maus und Tastatur.\r\n"
+                 L"Bitte beide ruhen lassen; jede Taste bricht ab.");
     report.line(L"Kestrel " KESTREL_VERSION L", checked on " + today());
     machine::describe(report);
     try {
@@ -175,10 +179,15 @@ static int check(const Order& order) {
         report.check(false, L"the check is played to its end", text::widen(failure.what()));
     }
     const int code = report.finish();
-    std::printf("%s kestrel-check.txt and its pictures stand beside check.cmd.\n",
-                code == 0            ? "All is well."
-                : waiting::stopped() ? "Stopped."
-                                     : "Something is wrong.");
+    const bool stopped = waiting::stopped();
+    console::say(std::wstring(code == 0 ? L"All is well."
+                              : stopped ? L"Stopped."
+                                        : L"Something is wrong.") +
+                     L" kestrel-check.txt and its pictures stand beside check.cmd.",
+                 std::wstring(code == 0 ? L"Alles in Ordnung."
+                              : stopped ? L"Abgebrochen."
+                                        : L"Etwas stimmt nicht.") +
+                     L" kestrel-check.txt und die Bilder liegen neben check.cmd.");
     return code;
 }
 
@@ -190,16 +199,17 @@ static BOOL WINAPI consoleEnds(DWORD) {
 }
 
 int wmain(int count, wchar_t** arguments) {
-    std::setvbuf(stdout, nullptr, _IONBF, 0);
     over = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     SetConsoleCtrlHandler(consoleEnds, TRUE);
     int code = 2;
     try {
         code = check(orderFrom(count, arguments));
     } catch (const std::exception& failure) {
-        failed(failure.what());
+        const std::wstring why = text::widen(failure.what());
+        failed(L"The check cannot be played: " + why,
+               L"Die Pr\u00FCfung l\u00E4sst sich nicht spielen: " + why);
     } catch (const waiting::Stopped&) {
-        failed("Stopped.");
+        failed(L"Stopped.", L"Abgebrochen.");
     }
     SetEvent(over);
     if (count == 1)

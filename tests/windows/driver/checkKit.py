@@ -37,7 +37,7 @@ class CheckKit:
 
     def printed(self):
         """Lines that the console shows so far."""
-        return self._stage.prefix.path(PRINTED).read_text(encoding="cp1252").splitlines()
+        return self._stage.prefix.path(PRINTED).read_text(encoding="utf-8").splitlines()
 
     def report(self):
         """All of it so far; empty if there is none."""

@@ -59,16 +59,22 @@ def remember(stage, name, program):
     stage.witness.exit_code(stage.witness.run(f'reg.exe add "{TRACES}\\{name}" /v ExecutablePath /d {program} /f'))
 
 
+def please_close(program):
+    """What the check says where it would disturb a program of the user's."""
+    return [f"Please close {program} first: this check would disturb it.",
+            f"Bitte zuerst {program} beenden: diese Prüfung würde es stören."]
+
+
 def intruders(stage, checks, kit):
     """It ends at once where it would disturb the user."""
     eagle = stage.start_eagle()
     checks.equal(kit.run(), 2, "an EAGLE runs: nothing is played")
-    checks.equal(kit.printed(), ["Please close eagle.exe first: this check would disturb it."], "it says so in one line")
+    checks.equal(kit.printed(), please_close("eagle.exe"), "it says so in one line, in both languages")
     eagle.order("quit")
     kestrel = stage.start_kestrel()
     poll(lambda: stage.look().running("kestrel.exe"))
     checks.equal(kit.run(), 2, "a Kestrel runs: nothing is played")
-    checks.equal(kit.printed(), ["Please close kestrel.exe first: this check would disturb it."], "it says so in one line")
+    checks.equal(kit.printed(), please_close("kestrel.exe"), "it says so in one line, in both languages")
     stage.witness.order("terminate", kestrel)
     stage.witness.exit_code(kestrel)
     checks.equal(kit.report(), "", "neither leaves a report")
@@ -82,6 +88,11 @@ def leaves_nothing(stage, checks, kit, why):
     checks.equal(len(stage.look().running("witness.exe")), 1, f"{why}: nor its witness")
 
 
+def ends_with(checks, kit, english, german):
+    said = [line.partition(" kestrel-check.txt")[0] for line in kit.printed()[-2:]]
+    checks.equal(said, [english, german], "its last words are told in both languages")
+
+
 def stopped(stage, checks, kit):
     """By a key, in the middle of it."""
     process = kit.start(SHORT, system=32)
@@ -90,6 +101,7 @@ def stopped(stage, checks, kit):
     checks.equal(stage.witness.exit_code(process), 1, "a key stops it within seconds")
     checks.equal(kit.failures(), ["FAIL  the main scene, 32 bits is played to its end; seen: a key of the user's has stopped it"],
                  "the report says so")
+    ends_with(checks, kit, "Stopped.", "Abgebrochen.")
     leaves_nothing(stage, checks, kit, "stopped")
 
 
@@ -116,7 +128,11 @@ def whole(stage, checks, kit, system):
 def told(stage, checks, kit, bits):
     report = kit.report()
     lines = kit.printed()
-    checks.that("some two minutes" in lines[1] and "any key stops it" in lines[1], "it says first that it takes mouse and keyboard", lines)
+    said = " ".join(lines[:6])
+    for words in ("some two minutes", "any key stops it", "etwa zwei Minuten", "jede Taste bricht ab"):
+        checks.that(words in said, "it says first that it takes mouse and keyboard", said)
+    checks.that(max(map(len, lines)) <= 80, "no line is broken in the console", lines)
+    ends_with(checks, kit, "All is well.", "Alles in Ordnung.")
     for words in (r"^Windows: 10\.0\.\d+ ", r"^Screen 1: 1600 x 1200 at 0,0, .*, 96 dpi \(100 %\), primary$", r"^Code pages: ANSI 1252,"):
         checks.that(re.search(words, report, re.M), f"the report tells the system: {words}", report[:800])
     for name in bits:
@@ -147,6 +163,7 @@ def broken(stage, checks, kit):
     checks.that(poll(lambda: stage.look().top("later plan")), "a window comes up meanwhile")
     checks.equal(stage.witness.exit_code(process, 180), 1, "with a Kestrel that does not work the exit code tells")
     checks.that(kit.counts() and kit.counts()[1] > 0, "so does the last line", kit.counts())
+    ends_with(checks, kit, "Something is wrong.", "Etwas stimmt nicht.")
     checks.that(any("board: a toolbar appears; seen: 0 toolbars" in line for line in kit.failures()), "the report tells what is missing",
                 kit.failures())
     report = kit.report()
