@@ -1,7 +1,5 @@
 #include "eagle/guests.h"
 
-#include <commctrl.h>
-
 namespace guests {
 
 static constexpr UINT_PTR repaintTimer = 1;
@@ -22,15 +20,23 @@ static void repaintSoon(HWND window) {
         SetTimer(window, repaintTimer, repaintDelay, nullptr);
 }
 
-static LRESULT CALLBACK ownProc(HWND child, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
-    const LRESULT result = DefSubclassProc(child, message, wParam, lParam);
+// Where a child keeps the procedure that it came with.
+static constexpr wchar_t procedureProperty[] = L"EagleProcedure";
+
+static LRESULT CALLBACK ownProc(HWND child, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto procedure = reinterpret_cast<WNDPROC>(GetPropW(child, procedureProperty));
+    if (message == WM_NCDESTROY)
+        RemovePropW(child, procedureProperty);
+    const LRESULT result = CallWindowProcW(procedure, child, message, wParam, lParam);
     if (message == WM_PAINT || message == WM_SETTEXT) // some controls paint a new text at once
         repaintSoon(GetParent(child));
     return result;
 }
 
 void besideOwn(HWND child) {
-    SetWindowSubclass(child, ownProc, 0, 0);
+    const LONG_PTR procedure = GetWindowLongPtrW(child, GWLP_WNDPROC);
+    if (SetPropW(child, procedureProperty, reinterpret_cast<HANDLE>(procedure)))
+        SetWindowLongPtrW(child, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(ownProc));
 }
 
 void afterMessage(HWND window, UINT message, WPARAM wParam) {
