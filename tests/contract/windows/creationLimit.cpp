@@ -8,8 +8,10 @@
 #include <objbase.h>
 #include <olectl.h>
 
+#include <climits>
 #include <memory>
 #include <type_traits>
+#include <vector>
 
 namespace contract {
 
@@ -36,8 +38,10 @@ template <typename Name, typename Result, typename... Arguments>
 struct Limited<Name, Result WINAPI(Arguments...)> {
     using Function = Result(WINAPI*)(Arguments...);
     inline static Function original = nullptr;
+    inline static int calls = 0;
 
     static Result WINAPI call(Arguments... arguments) {
+        ++calls;
         if (roomLeft > 0) {
             --roomLeft;
             return original(arguments...);
@@ -54,6 +58,29 @@ struct Limited<Name, Result WINAPI(Arguments...)> {
     }
 };
 
+struct Entry {
+    const char* name;
+    std::unique_ptr<ImportHook> (*hook)(const char* name);
+    int& calls;
+};
+
+template <typename Name, typename Function>
+Entry entryOf(const char* name) {
+    return {name, &Limited<Name, Function>::hook, Limited<Name, Function>::calls};
+}
+
+#define ENTRY(name) entryOf<struct Name##name, decltype(name)>(#name)
+const Entry entries[] = {
+    ENTRY(CreateWindowExA),          ENTRY(CreateWindowExW),
+    ENTRY(CreateFontIndirectA),      ENTRY(PrivateExtractIconsW),
+    ENTRY(CreateIconFromResourceEx), ENTRY(CreateIconIndirect),
+    ENTRY(ImageList_Create),         ENTRY(ImageList_Add),
+    ENTRY(CreateDIBSection),         ENTRY(CreateBitmap),
+    ENTRY(CreateSolidBrush),         ENTRY(CreateCompatibleDC),
+    ENTRY(OleLoadPicture),
+};
+#undef ENTRY
+
 std::unique_ptr<ImportHook> hook;
 
 } // namespace
@@ -61,23 +88,9 @@ std::unique_ptr<ImportHook> hook;
 CreationLimit::CreationLimit(std::string_view function, int left) {
     roomLeft = left;
     failedOnce = false;
-#define LIMIT(name)                                                                                          \
-    if (function == #name)                                                                                   \
-    hook = Limited<struct Name##name, decltype(name)>::hook(#name)
-    LIMIT(CreateWindowExA);
-    LIMIT(CreateWindowExW);
-    LIMIT(CreateFontIndirectA);
-    LIMIT(PrivateExtractIconsW);
-    LIMIT(CreateIconFromResourceEx);
-    LIMIT(CreateIconIndirect);
-    LIMIT(ImageList_Create);
-    LIMIT(ImageList_Add);
-    LIMIT(CreateDIBSection);
-    LIMIT(CreateBitmap);
-    LIMIT(CreateSolidBrush);
-    LIMIT(CreateCompatibleDC);
-    LIMIT(OleLoadPicture);
-#undef LIMIT
+    for (const Entry& entry : entries)
+        if (function == entry.name)
+            hook = entry.hook(entry.name);
 }
 
 CreationLimit::~CreationLimit() {
@@ -86,6 +99,20 @@ CreationLimit::~CreationLimit() {
 
 bool CreationLimit::met() {
     return failedOnce;
+}
+
+std::map<std::string_view, int> creationsOf(const std::function<void()>& action) {
+    std::vector<std::unique_ptr<ImportHook>> hooks;
+    roomLeft = INT_MAX;
+    for (const Entry& entry : entries) {
+        entry.calls = 0;
+        hooks.push_back(entry.hook(entry.name));
+    }
+    action();
+    std::map<std::string_view, int> called;
+    for (const Entry& entry : entries)
+        called[entry.name] = entry.calls;
+    return called;
 }
 
 } // namespace contract

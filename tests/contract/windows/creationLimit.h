@@ -1,6 +1,8 @@
 // The system has no room left: from some call on, a function that makes something gives nothing.
 #pragma once
 
+#include <functional>
+#include <map>
 #include <string_view>
 
 namespace contract {
@@ -25,5 +27,8 @@ class CreationLimit {
     /// Whether a call has failed.
     static bool met();
 };
+
+/// How often each of them is called in the course of an action.
+std::map<std::string_view, int> creationsOf(const std::function<void()>& action);
 
 } // namespace contract
