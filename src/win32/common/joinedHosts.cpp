@@ -23,7 +23,7 @@ struct Host {
     ULONGLONG askedAt = 0;     ///< milliseconds of the system's clock
     HWND clicked = nullptr;    ///< field of ours in it that the user has clicked on while we were parted
     bool silent = false;       ///< it did not answer in time, and we are parted from it
-    int joins = 0;             ///< how often we were joined with it when we parted
+    int joins = 0;             ///< how often we are to be joined with it again: once for each window in it
 };
 
 /// By their threads.
@@ -72,7 +72,7 @@ void lookEvery(UINT milliseconds);
 void part(DWORD thread, Host& host) {
     host.silent = true;
     const HWND front = GetForegroundWindow();
-    host.joins = std::max(host.joins, leave(thread));
+    host.joins += leave(thread);
     // Under Wine what was joined goes on as the host's, and stays what is in front: no window is then.
     if (belongsTo(GetCurrentThreadId(), front) && GetForegroundWindow() != front)
         SetForegroundWindow(front);
@@ -157,6 +157,12 @@ void hostJoined(HWND host) {
         joined.windows.push_back(host);
     if (joined.silent)
         part(thread, joined);
+}
+
+void hostLeft(HWND host) {
+    Host* left = find(GetWindowThreadProcessId(host, nullptr));
+    if (left != nullptr && left->silent && left->joins > 0)
+        --left->joins;
 }
 
 // Needs no memory: it is called where nothing may fail.

@@ -20,6 +20,8 @@ namespace win32 {
 
 /// A window of ours has gone into a window of this host.
 void hostJoined(HWND host);
+/// One has come out of there. The system leaves a host once for each, unless we are parted from it.
+void hostLeft(HWND host);
 
 /// To be called before anything that changes which window is in front, has the focus or is seen: from here on
 /// it does not wait for a host that hangs. Takes `hostPatience` at most, once for a hang.

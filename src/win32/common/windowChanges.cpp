@@ -110,6 +110,7 @@ HWND putInto(HWND window, HWND parent) {
     // The styles must fit before the window goes in and after it has come out.
     if (parent == nullptr) {
         const HWND former = SetParent(window, nullptr);
+        hostLeft(former);
         changeStyle(window, WS_CHILD, WS_POPUP);
         return former;
     }
@@ -117,6 +118,7 @@ HWND putInto(HWND window, HWND parent) {
     const HWND former = SetParent(window, parent);
     // The host may have died before or behind the call, so the window is asked.
     if (GetAncestor(window, GA_PARENT) == parent) {
+        hostLeft(former);
         hostJoined(parent);
         letBeSeen(window);
         return former;

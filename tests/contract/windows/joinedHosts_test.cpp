@@ -1,10 +1,9 @@
 // A host that has the keyboard and hangs: nothing of ours waits for it, and it gets back what it had.
-#include "contract/toolForm.h"
 #include "contract/windows/beside.h"
+#include "contract/windows/hostGuest.h"
 #include "contract/windows/importHook.h"
 #include "contract/world.h"
 #include "forms/form.h"
-#include "forms/frame.h"
 #include "forms/menu.h"
 #include "forms/peer.h"
 #include "forms/textBox.h"
@@ -24,39 +23,15 @@
 
 namespace {
 
+using contract::Dialog;
+using contract::Guest;
+using contract::joined;
 using contract::World;
 
 constexpr int longHang = 5'000; // milliseconds
 /// Well below that, and no less: on a machine with much else to do a file dialog computes for seconds. That
 /// there is no wait in it is counted.
 constexpr std::chrono::seconds soon{3};
-
-/// What a toolbar and a calculator put into a host.
-class Guest : public contract::ToolForm {
-  public:
-    explicit Guest(platform::HWND host) {
-        frame.border = false;
-        frame.place(*this, {0, 0, 1500, 270});
-        field.place(frame, {0, 0, 900, 285});
-        show();
-        platform::SetParent(hWnd(), host);
-        platform::SetParent(frame.hWnd(), host);
-    }
-    forms::Frame frame;
-    forms::TextBox field;
-};
-
-class Dialog : public forms::Form {
-  public:
-    Dialog() {
-        borderStyle = forms::BorderStyle::fixedDialog;
-        showInTaskbar = false;
-        setCaption("dialog");
-        setClientSize(3000, 900);
-        field.place(*this, {150, 150, 1500, 285});
-    }
-    forms::TextBox field;
-};
 
 /// A modal form that goes as soon as it has come.
 class ShortDialog : public Dialog {
@@ -90,19 +65,6 @@ class Waits {
     static inline decltype(&SendMessageTimeoutA) original_ = nullptr;
     contract::ImportHook hook_{"SendMessageTimeoutA", reinterpret_cast<void*>(send)};
 };
-
-bool joined(HWND host) {
-    // Under Wine the input of two threads is one object, and parting fails when it is not.
-    const DWORD thread = GetWindowThreadProcessId(host, nullptr);
-    if (AttachThreadInput(GetCurrentThreadId(), thread, FALSE) == FALSE)
-        return false;
-    AttachThreadInput(GetCurrentThreadId(), thread, TRUE);
-    return true;
-}
-
-bool joined(platform::HWND host) {
-    return joined(win32::native(host));
-}
 
 /// Counts the changes of other programs' windows that the system would carry out at once: it leaves one with
 /// the other thread only while the input of the two is not joined. Wine always does.
@@ -309,34 +271,6 @@ TEST_CASE("a dialog of a toolbar goes while the toolbar's own host hangs, and le
     world.wakeOtherProgram();
     // Under Wine a window of another program is enabled when that wakes.
     CHECK(World::until([&] { return IsWindowEnabled(win32::native(editor)) != FALSE; }));
-}
-
-TEST_CASE("a host that answers stays joined, one that hangs is joined again when it answers") {
-    World world;
-    const platform::HWND editor = world.openEditor();
-    Guest guest(editor);
-    Dialog shown;
-    shown.show();
-    shown.hide();
-    CHECK(joined(editor));
-    world.hangOtherProgram(longHang);
-    shown.show();
-    CHECK_FALSE(joined(editor));
-    shown.hide();
-    world.wakeOtherProgram();
-    CHECK(World::until([&] { return joined(editor); }));
-    CHECK(guest.hWnd() != platform::HWND::none);
-}
-
-TEST_CASE("a host that hangs is left without a change of ours, since the user may click on our windows") {
-    World world;
-    const platform::HWND editor = world.openEditor();
-    Guest guest(editor);
-    REQUIRE(joined(editor));
-    world.hangOtherProgram(longHang);
-    CHECK(World::until([&] { return !joined(editor); }));
-    world.wakeOtherProgram();
-    CHECK(World::until([&] { return joined(editor); }));
 }
 
 TEST_CASE("what is typed into a field of ours while its host is busy for a moment arrives there") {
