@@ -18,7 +18,7 @@ constexpr UINT closeLooks = hostPatience;
 
 struct Host {
     std::vector<HWND> windows; ///< that ours have gone into; any of them will do to ask
-    bool asked = false;        ///< without an answer yet
+    HWND asked = nullptr;      ///< has not answered yet
     bool missed = false;       ///< it was waited for in vain meanwhile
     ULONGLONG askedAt = 0;     ///< milliseconds of the system's clock
     HWND clicked = nullptr;    ///< field of ours in it that the user has clicked on while we were parted
@@ -39,16 +39,27 @@ Host* find(DWORD thread) {
 
 void CALLBACK heard(HWND /*window*/, UINT /*message*/, ULONG_PTR thread, LRESULT /*result*/) {
     if (Host* host = find(static_cast<DWORD>(thread))) {
-        host->asked = false;
+        host->asked = nullptr;
         host->missed = false;
     }
 }
 
+/// Whether its answer is still to come. A window that has gone may never give it; its thread has done
+/// something since.
+bool isAsked(Host& host) {
+    if (host.asked != nullptr && IsWindow(host.asked) == FALSE) {
+        host.asked = nullptr;
+        host.missed = false;
+    }
+    return host.asked != nullptr;
+}
+
 void ask(DWORD thread, Host& host) {
-    if (host.asked)
+    if (isAsked(host))
         return;
+    const HWND window = host.windows.front();
     host.askedAt = GetTickCount64();
-    host.asked = SendMessageCallbackA(host.windows.front(), WM_NULL, 0, 0, heard, thread) != FALSE;
+    host.asked = SendMessageCallbackA(window, WM_NULL, 0, 0, heard, thread) != FALSE ? window : nullptr;
 }
 
 bool belongsTo(DWORD thread, HWND window) {
@@ -92,7 +103,7 @@ void join(DWORD thread, Host& host) {
 
 /// Whether the host is waited for.
 bool watchHost(DWORD thread, Host& host) {
-    if (host.asked) {
+    if (isAsked(host)) {
         if (!host.silent && GetTickCount64() - host.askedAt >= stallPatience)
             part(thread, host);
         return true;
@@ -182,8 +193,8 @@ void partFromSilentHosts() {
 
 bool knownSilent(HWND window) {
     const auto silent = [window] {
-        const Host* host = find(GetWindowThreadProcessId(window, nullptr));
-        return host != nullptr && host->asked && (host->silent || host->missed);
+        Host* host = find(GetWindowThreadProcessId(window, nullptr));
+        return host != nullptr && isAsked(*host) && (host->silent || host->missed);
     };
     if (!silent())
         return false;
@@ -217,7 +228,7 @@ bool readyForClick(HWND window) {
         return true;
     if (!host->silent)
         part(thread, *host);
-    if (!host->asked) {
+    if (!isAsked(*host)) {
         join(thread, *host);
         return true;
     }
@@ -228,7 +239,7 @@ bool readyForClick(HWND window) {
 void joinAgain(HWND window) {
     const DWORD thread = GetWindowThreadProcessId(GetAncestor(window, GA_ROOT), nullptr);
     Host* host = find(thread);
-    if (host != nullptr && host->silent && !host->asked)
+    if (host != nullptr && host->silent && !isAsked(*host))
         join(thread, *host);
 }
 

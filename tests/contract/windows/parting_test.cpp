@@ -54,6 +54,16 @@ class Joins {
     contract::ImportHook hosting_{"SetParent", reinterpret_cast<void*>(setParent)};
 };
 
+/// The system takes the question whether a host answers, and never brings the answer.
+class LostAnswers {
+  private:
+    static BOOL WINAPI ask(HWND /*window*/, UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/,
+                           SENDASYNCPROC /*answer*/, ULONG_PTR /*data*/) {
+        return TRUE;
+    }
+    contract::ImportHook hook_{"SendMessageCallbackA", reinterpret_cast<void*>(ask)};
+};
+
 } // namespace
 
 TEST_SUITE_BEGIN("contract/windows/parting");
@@ -104,6 +114,25 @@ TEST_CASE("a host is joined again once for each window of ours, whenever that we
     CHECK(Joins::count() == 0);
     world.wakeOtherProgram();
     CHECK(World::until([] { return Joins::count() == 4; }));
+}
+
+TEST_CASE("a host whose window went before it answered is joined again by another one") {
+    World world;
+    const platform::HWND asked = world.openEditor();
+    const Guest guest(asked);
+    const platform::HWND other = world.openEditor();
+    const Guest stays(other);
+    {
+        const LostAnswers lost;
+        world.hangOtherProgram(longHang);
+        Dialog shown;
+        shown.show();
+        shown.hide();
+    }
+    CHECK_FALSE(joined(other));
+    world.wakeOtherProgram();
+    world.closeWindow(asked);
+    CHECK(World::until([&] { return joined(other); }));
 }
 
 TEST_SUITE_END();
