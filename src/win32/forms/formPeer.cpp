@@ -142,10 +142,11 @@ class FormPeer : public ContainerPeer {
                 (forms::mainForm != nullptr ? *forms::mainForm : form_).closeRequested();
             return 0;
         case WM_MOUSEACTIVATE:
+            // The click is about to make it the one in front, or, on the frame of a toolbar, its host.
+            if (form_.activates ? !isHosted(handle()) : LOWORD(lParam) != HTCLIENT)
+                partFromSilentHosts();
             if (!form_.activates)
                 return isHeld(form_) ? MA_NOACTIVATEANDEAT : MA_NOACTIVATE;
-            if (!isHosted(handle()))
-                partFromSilentHosts(); // the click is about to make it the one in front
             break;
         case WM_DPICHANGED:
             // A form that is hosted goes by its host. It hears this when it is out of it for a moment and its

@@ -135,4 +135,21 @@ TEST_CASE("a host whose window went before it answered is joined again by anothe
     CHECK(World::until([&] { return joined(other); }));
 }
 
+TEST_CASE("a press on the frame of a form in a host that hangs does not bring that to the front") {
+    World world;
+    const platform::HWND editor = world.openEditor();
+    Guest guest(editor);
+    world.hangOtherProgram(longHang);
+    const auto press = [&](int place) {
+        return SendMessageA(win32::native(guest.hWnd()), WM_MOUSEACTIVATE,
+                            reinterpret_cast<WPARAM>(win32::native(editor)),
+                            MAKELPARAM(place, WM_LBUTTONDOWN));
+    };
+    CHECK(press(HTCLIENT) == MA_NOACTIVATE);
+    CHECK(joined(editor));
+    CHECK(press(HTCAPTION) == MA_NOACTIVATE);
+    CHECK_FALSE(joined(editor));
+    world.killOtherProgram();
+}
+
 TEST_SUITE_END();
