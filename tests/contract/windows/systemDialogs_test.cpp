@@ -332,6 +332,8 @@ TEST_CASE("a program that ends while its hidden window is in front gives the key
 }
 
 TEST_CASE("the task bar in front is not where the user was") {
+    if (contract::worldKind() != contract::WorldKind::wine)
+        return; // the true shell's own is the one that is found
     World world;
     const platform::HWND editor = world.openEditor();
     const Guest guest(editor);
