@@ -237,9 +237,10 @@ class FormPeer : public ContainerPeer {
         const int left = pixels(form_.left());
         const int top = pixels(form_.top());
         const bool moved = form_.activates && (left != placed_.left || top != placed_.top);
-        const UINT keep = SWP_NOZORDER | SWP_NOACTIVATE | (moved ? 0U : SWP_NOMOVE);
-        SetWindowPos(handle(), nullptr, moved ? left : now.left, moved ? top : now.top, pixels(form_.width()),
-                     pixels(form_.height()), keep);
+        const int x = moved ? left : now.left;
+        const int y = moved ? top : now.top;
+        moveWindow(handle(), {x, y, x + pixels(form_.width()), y + pixels(form_.height())},
+                   moved ? 0U : SWP_NOMOVE);
         // A size that the window has refused is to be known too.
         if (handle() != nullptr)
             reportSize();

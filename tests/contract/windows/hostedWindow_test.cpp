@@ -166,6 +166,10 @@ TEST_CASE("what a hosted window uncovers by a move its host erases by itself") {
     REQUIRE(!placed.placings.empty());
     CHECK((moved.placings.front() & SWP_DEFERERASE) != 0);
     CHECK((placed.placings.front() & SWP_DEFERERASE) != 0);
+    const std::size_t before = moved.placings.size();
+    form.setHeight(form.height() + 450);
+    REQUIRE(moved.placings.size() > before);
+    CHECK((moved.placings.back() & SWP_DEFERERASE) != 0);
 }
 
 TEST_CASE("a host that is busy while its drawing is switched on again draws afterwards") {
