@@ -20,6 +20,10 @@ Viewer viewer() {
 
 HWND lastShown = nullptr;
 
+bool isShown() {
+    return lastShown != nullptr && IsWindow(lastShown) != FALSE;
+}
+
 } // namespace
 
 namespace platform {
@@ -27,6 +31,9 @@ namespace platform {
 HWND HtmlHelpA(HWND owner, const char* file, std::uint32_t command, std::uintptr_t data) {
     if (viewer() == nullptr)
         throw runtime::RuntimeError(runtime::ErrorNumber::fileNotFound);
+    // Where it is up already the call is carried out by its thread, and waits for that.
+    if (isShown() && !win32::answers(lastShown))
+        return win32::neutral(lastShown);
     lastShown = viewer()(win32::native(owner), win32::helpFileForViewer(file).c_str(), command, data);
     return win32::neutral(lastShown);
 }
@@ -37,7 +44,7 @@ namespace win32 {
 
 void closeHelp() {
     constexpr UINT closeAll = 0x12;
-    if (lastShown != nullptr && IsWindow(lastShown) != FALSE && answers(lastShown))
+    if (isShown() && answers(lastShown))
         viewer()(nullptr, nullptr, closeAll, 0);
 }
 
