@@ -26,10 +26,13 @@ KeptClipboard::KeptClipboard() {
         }
     }
     CloseClipboard();
+    // A format that its program makes when it is asked for counts as a change.
+    number_ = GetClipboardSequenceNumber();
+    read_ = true;
 }
 
 KeptClipboard::~KeptClipboard() {
-    if (!openClipboard())
+    if (!read_ || GetClipboardSequenceNumber() == number_ || !openClipboard())
         return;
     EmptyClipboard();
     for (const Content& content : contents_) {

@@ -1,4 +1,6 @@
-// What the user has in the clipboard, kept while the tests use it.
+// What the user has in the clipboard, kept while the tests use it. If they have put nothing there it stays as
+// it is, and so it does if it could not be read: another program held it. Formats of other programs' own are
+// lost otherwise.
 #pragma once
 #include <windows.h>
 
@@ -21,4 +23,6 @@ class KeptClipboard {
         std::string bytes;
     };
     std::vector<Content> contents_;
+    bool read_ = false;
+    DWORD number_ = 0; // the system's, of the change before the tests
 };
