@@ -23,6 +23,10 @@ SOURCES = book.PROJECT / "src"
 # Titles that hold one of these are taken for windows of EAGLE.
 EDITOR_TITLES = ("board -", "schematic -", "schaltplan -", "library -", "bibliothek -", "control panel")
 NOT_QUOTED = {1051}  # texts of the program that its user sees under no heading: the filter of a file dialog
+# Ways out that a user needs and nothing else here asks for, by topic: an EAGLE with more rights, and a folder with two faces.
+SYSTEM_FOLDERS = ("C:\\Windows\\System32", "SysWOW64", "C:\\Windows\\Sysnative")
+WAYS_OUT = {"de": {"questions": ("Programm als Administrator ausführen", "Als Administrator ausführen"), "programs": SYSTEM_FOLDERS},
+            "en": {"questions": ("Run this program as an administrator", "Run as administrator"), "programs": SYSTEM_FOLDERS}}
 VERSION_PICTURES = ("splash",)  # the version of the program is to be seen on them
 COMPILER_FILES = {"#ITBITS", "#IVB", "#STRINGS", "#SYSTEM", "#TOPICS", "#URLSTR", "#URLTBL", "#WINDOWS", "$FIftiMain",
                   "$OBJINST", "_#_README_#_"}
@@ -104,6 +108,9 @@ def check_source():
         same_names(quoted & set(texts), set(texts) - NOT_QUOTED, f"{language}: each text of the program is quoted")
         check_settings(next(page for page in pages if page.topic.name == "settings"))
         check_ways(pages)
+        for page in pages:
+            for words in WAYS_OUT[language].get(page.topic.name, ()):
+                expect(words in book.text_of(page.body), f"{page.file}: the way out {words!r} is missing")
         check_pictures(language, pages)
     same_names(*(pictures_of(language) for language in book.LANGUAGES), "both languages have the same pictures")
     for topic in book.topics():
