@@ -16,7 +16,10 @@ class Captioned : public Base {
     using Base::Base;
 
     const std::string& caption() const { return caption_; }
+    /// The caption that it has already costs nothing: a dialog's texts are loaded whenever it is opened.
     void setCaption(std::string_view caption) {
+        if (caption == caption_)
+            return;
         caption_ = std::string(caption);
         this->tellPeer(Property::text);
     }

@@ -31,7 +31,10 @@ const std::string& TabStrip::tabCaption(int tab) const {
 }
 
 void TabStrip::setTabCaption(int tab, std::string_view caption) {
-    captions_[checked(tab, captions_.size())] = std::string(caption);
+    std::string& shown = captions_[checked(tab, captions_.size())];
+    if (caption == shown)
+        return;
+    shown = std::string(caption);
     tellPeer(Property::items);
 }
 

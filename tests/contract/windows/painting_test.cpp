@@ -1,8 +1,11 @@
-// Our windows while the program is at work that takes long.
+// When our windows are painted: while the program is at work that takes long, and when a text is assigned.
 #include "contract/toolForm.h"
 #include "contract/windows/importHook.h"
 #include "contract/world.h"
+#include "forms/frame.h"
+#include "forms/label.h"
 #include "forms/pictureBox.h"
+#include "forms/tabStrip.h"
 #include "platform/kernel32.h"
 
 #include <doctest/doctest.h>
@@ -97,6 +100,38 @@ TEST_CASE("a new window gets its font without being asked to be painted for it")
     fonts.clear();
     form.load();
     CHECK(fonts == std::vector{false});
+}
+
+TEST_CASE("another text is painted, and the one that a control has already is not") {
+    const contract::World world;
+    forms::Form form;
+    form.setClientSize(6000, 3000);
+    forms::Label label;
+    label.place(form, {0, 0, 1500, 300});
+    forms::Frame frame;
+    frame.place(form, {0, 500, 3000, 900});
+    forms::TabStrip tabs;
+    tabs.place(form, {0, 1500, 3000, 900});
+    tabs.setTabs(1);
+    const auto assign = [&](const char* text) {
+        label.setCaption(text);
+        frame.setCaption(text);
+        tabs.setTabCaption(0, text);
+    };
+    assign("one");
+    form.show();
+    for (forms::Control* control :
+         {static_cast<forms::Control*>(&label), static_cast<forms::Control*>(&frame),
+          static_cast<forms::Control*>(&tabs)}) {
+        const auto window = reinterpret_cast<HWND>(control->hWnd());
+        CAPTURE(static_cast<int>(control->kind()));
+        REQUIRE(contract::World::until([window] { return isPainted(window); }));
+        assign("one");
+        CHECK(isPainted(window));
+        assign("another");
+        CHECK_FALSE(isPainted(window));
+        assign("one");
+    }
 }
 
 TEST_SUITE_END();
