@@ -11,7 +11,6 @@ using store::languageOffset;
 using store::LoadResString;
 
 void frmSetup::loadResources() {
-    load();
     setCaption(LoadResString(1017 + languageOffset));
     for (std::size_t i = 0; i < listPages; ++i) {
         fraCommand[i].setCaption(LoadResString(1000 + languageOffset));
@@ -41,6 +40,8 @@ void frmSetup::loadResources() {
     TabStrip1.setTabCaption(1, LoadResString(1071 + languageOffset) + " - Board");
     TabStrip1.setTabCaption(2, LoadResString(1071 + languageOffset) + " - Schematic");
     TabStrip1.setTabCaption(3, LoadResString(1071 + languageOffset) + " - Library");
+    // With their texts, so that no window is given another one right away.
+    load();
     for (std::int16_t list = 0; list < static_cast<std::int16_t>(listPages); ++list)
         fillList(list);
     fillEAGLE();
