@@ -1,10 +1,12 @@
 // Controls that only show something: label, dividing line, image.
+#include "win32/forms/fonts.h"
 #include "win32/forms/paintedPeer.h"
 #include "win32/forms/peers.h"
 
 #include "forms/label.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace win32 {
 
@@ -17,7 +19,6 @@ class LabelPeer : public WindowPeer {
   public:
     explicit LabelPeer(forms::Label& label) : WindowPeer(label), label_(label) {
         createChild("STATIC", label.caption(), styleOf(label));
-        fit();
     }
 
     void changed(forms::Property property) override {
@@ -40,7 +41,7 @@ class LabelPeer : public WindowPeer {
     RECT childPlace() const override {
         RECT place = WindowPeer::childPlace();
         const bool tight = !label_.border && !label_.backColour();
-        if (handle() == nullptr || (!label_.autoSize && !tight))
+        if (!label_.autoSize && !tight)
             return place;
         SIZE text = textSize(place.right - place.left, label_.wordWrap || !label_.autoSize);
         if (label_.autoSize)
@@ -88,14 +89,14 @@ class LabelPeer : public WindowPeer {
         InvalidateRect(handle(), nullptr, TRUE);
     }
 
-    /// Size of a window that holds the text, which wraps at the width or stays in one line.
+    /// Size of a window that holds the text, which wraps at the width or stays in one line. Asked before
+    /// there is a window, too, which so is made where it belongs.
     SIZE textSize(LONG width, bool wraps) const {
-        const HDC dc = GetDC(handle());
-        const HGDIOBJ former =
-            SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageA(handle(), WM_GETFONT, 0, 0)));
+        const std::shared_ptr<const OwnedFont> font = fontOf(label_.font(), label_.resolution().dpi());
+        const HDC dc = GetDC(nullptr);
+        const HGDIOBJ former = SelectObject(dc, font->handle);
         RECT edge{};
-        AdjustWindowRectEx(&edge, static_cast<DWORD>(GetWindowLongA(handle(), GWL_STYLE)), FALSE,
-                           static_cast<DWORD>(GetWindowLongA(handle(), GWL_EXSTYLE)));
+        AdjustWindowRectEx(&edge, styleOf(label_), FALSE, 0);
         const SIZE edges{edge.right - edge.left, edge.bottom - edge.top};
         RECT text{0, 0, std::max<LONG>(1, width - edges.cx), 0};
         const std::string& caption = label_.caption();
@@ -104,7 +105,7 @@ class LabelPeer : public WindowPeer {
                   DT_CALCRECT | DT_EXPANDTABS | (wraps ? DT_WORDBREAK : 0U) |
                       (label_.mnemonic ? 0U : DT_NOPREFIX));
         SelectObject(dc, former);
-        ReleaseDC(handle(), dc);
+        ReleaseDC(nullptr, dc);
         // Slanted letters lean out of their cells.
         constexpr LONG slant = 8;
         const LONG lean = label_.font().italic ? text.bottom / slant + 1 : 0;
