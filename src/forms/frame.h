@@ -7,7 +7,8 @@ namespace forms {
 
 class Frame : public Captioned<Container> {
   public:
-    Frame() : Captioned(ControlKind::frame) {}
+    /// No stop for the Tab key: only what stands in it is.
+    Frame() : Captioned(ControlKind::frame) { tabStop = false; }
 
     /// Without border it is a bare area.
     bool border = true;

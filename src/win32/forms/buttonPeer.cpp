@@ -68,8 +68,11 @@ class CommandButtonPeer : public ButtonPeer<forms::CommandButton> {
     void changed(forms::Property property) override {
         if (property != forms::Property::picture)
             ButtonPeer::changed(property);
-        if (property == forms::Property::picture || property == forms::Property::resolution)
+        if (handle() != nullptr &&
+            (property == forms::Property::picture || property == forms::Property::resolution)) {
             showPicture();
+            InvalidateRect(handle(), nullptr, TRUE);
+        }
     }
 
   protected:
@@ -124,7 +127,6 @@ class CommandButtonPeer : public ButtonPeer<forms::CommandButton> {
         if (icon_ != nullptr)
             DestroyIcon(icon_);
         icon_ = made;
-        InvalidateRect(handle(), nullptr, TRUE);
     }
 
     HICON icon_ = nullptr;
@@ -132,7 +134,10 @@ class CommandButtonPeer : public ButtonPeer<forms::CommandButton> {
 
 class CheckBoxPeer : public ButtonPeer<forms::CheckBox> {
   public:
-    explicit CheckBoxPeer(forms::CheckBox& box) : ButtonPeer(box, BS_CHECKBOX) { mark(box.value() != 0); }
+    explicit CheckBoxPeer(forms::CheckBox& box) : ButtonPeer(box, BS_CHECKBOX) {
+        if (box.value() != 0)
+            mark(true);
+    }
 
     void changed(forms::Property property) override {
         if (property == forms::Property::value)
@@ -151,6 +156,13 @@ std::vector<forms::OptionButton*> groupOf(const forms::OptionButton& button) {
     return group;
 }
 
+void setTabStop(HWND window, bool stops) {
+    const LONG style = GetWindowLongA(window, GWL_STYLE);
+    const LONG wanted = stops ? style | WS_TABSTOP : style & ~WS_TABSTOP;
+    if (wanted != style)
+        SetWindowLongA(window, GWL_STYLE, wanted);
+}
+
 /// The Tab key stops at a group once: at the button that is on, else at the first one.
 void placeTabStop(const std::vector<forms::OptionButton*>& group) {
     const auto on =
@@ -160,22 +172,19 @@ void placeTabStop(const std::vector<forms::OptionButton*>& group) {
         const auto* peer = dynamic_cast<const WindowPeer*>(button->peer());
         if (peer == nullptr || peer->handle() == nullptr)
             continue;
-        const LONG style = GetWindowLongA(peer->handle(), GWL_STYLE) & ~WS_TABSTOP;
-        SetWindowLongA(peer->handle(), GWL_STYLE,
-                       button == stop && button->tabStop ? style | WS_TABSTOP : style);
+        setTabStop(peer->handle(), button == stop && button->tabStop);
     }
 }
 
 class OptionButtonPeer : public ButtonPeer<forms::OptionButton> {
   public:
     explicit OptionButtonPeer(forms::OptionButton& button) : ButtonPeer(button, BS_RADIOBUTTON) {
-        mark(button.value());
         if (handle() == nullptr)
             return;
+        if (button.value())
+            mark(true);
         // This window is not known to the control yet, the others are.
-        const bool stops = button.tabStop && (button.value() || groupOf(button).front() == &button);
-        const LONG style = GetWindowLongA(handle(), GWL_STYLE) & ~WS_TABSTOP;
-        SetWindowLongA(handle(), GWL_STYLE, stops ? style | WS_TABSTOP : style);
+        setTabStop(handle(), button.tabStop && (button.value() || groupOf(button).front() == &button));
         if (button.value())
             placeTabStop(groupOf(button));
     }

@@ -20,10 +20,6 @@ class FramePeer : public ContainerPeer {
     explicit FramePeer(forms::Frame& frame) : ContainerPeer(frame), frame_(frame) {
         registerClass(frameClass);
         createChild(frameClass, frame.caption(), WS_CLIPSIBLINGS | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT);
-        if (handle() == nullptr)
-            return;
-        // A frame is no stop for the Tab key, only what stands in it.
-        SetWindowLongA(handle(), GWL_STYLE, GetWindowLongA(handle(), GWL_STYLE) & ~WS_TABSTOP);
     }
 
     void changed(forms::Property property) override {
