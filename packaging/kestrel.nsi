@@ -196,6 +196,7 @@ Section "Uninstall"
         Delete "$INSTDIR\kestrel.ini"
         Delete "$INSTDIR\kestrel.bak" ; what the setup has kept of older settings
         Delete "$INSTDIR\kestrel.sav"
+        Delete "$INSTDIR\kestrel.sav~" ; of a run that was killed while it copied
     keep:
     ${EndIf}
     !include "${LISTS}/remove.nsh"
