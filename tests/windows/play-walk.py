@@ -3,8 +3,8 @@
 
 Windows of two EAGLEs are opened, closed, renamed, moved, minimised, hung; toolbars, calculators, the tray and the setup are
 used; all in an order that the seed gives. What must hold is looked at after each event, and some of it at each look
-(walk/rules.py). `next` takes the first seed that walk/effort.tsv does not have, and adds its line if nothing was wrong: date,
-bitness, seed, inputs, events, looks. Inputs are presses of buttons, keys, and what the EAGLEs were made to do.
+(walk/rules.py). `next` takes the seed behind the last one in walk/effort.tsv. Each round in which nothing was wrong adds a line
+there: date, bitness, seed, inputs, events, looks. Inputs are presses of buttons, keys, and what the EAGLEs were made to do.
 """
 
 import sys
@@ -120,7 +120,7 @@ def main():
             stage.picture(f"failed-{seed}")
         inputs, looks = walk.world.inputs, walk.world.looks
     print(f"seed {seed}: {inputs} inputs, {walk.played} events, {looks} looks, {time.monotonic() - begin:.0f} s", flush=True)
-    if asked == "next" and not checks.failed:
+    if not checks.failed:
         with EFFORT.open("a", encoding="ascii") as effort:
             print(time.strftime("%Y-%m-%d"), bits, seed, inputs, walk.played, looks, sep="\t", file=effort)
     print(checks.summary(), flush=True)
