@@ -1,4 +1,4 @@
-// Timers: the platform's own, one for each of ours that is on.
+// Timers: one of the platform's for each of ours that is on.
 #include "forms/peer.h"
 #include "forms/timer.h"
 
@@ -11,23 +11,37 @@
 
 namespace {
 
-struct Running {
+/// One of the platform's timers. It is never given back: a process that has all that the system allows it
+/// would get no other one, and the tick, which is off while a request is handled, would not go on.
+struct Clock {
     UINT_PTR id;
-    forms::Timer* timer;
+    forms::Timer* timer; ///< whose it is; null while no timer of ours needs it
 };
 
-std::vector<Running>& running() {
-    static std::vector<Running> all;
+std::vector<Clock>& clocks() {
+    static std::vector<Clock> all;
     return all;
 }
 
+std::vector<Clock>::iterator clockOf(const forms::Timer* timer) {
+    return std::ranges::find(clocks(), timer, &Clock::timer);
+}
+
 void CALLBACK elapsed(HWND /*window*/, UINT /*message*/, UINT_PTR id, DWORD /*time*/) {
-    const auto found = std::find_if(running().begin(), running().end(),
-                                    [id](const Running& state) { return state.id == id; });
-    if (found == running().end())
+    const auto found = std::ranges::find(clocks(), id, &Clock::id);
+    if (found == clocks().end() || found->timer == nullptr)
         return;
     forms::Timer* const timer = found->timer;
     runtime::guarded([timer] { timer->elapsed(); });
+}
+
+/// Begins a whole new interval, with a clock of the platform's that is new if the id is 0. False if it
+/// refuses.
+bool start(Clock& clock, UINT milliseconds) {
+    const UINT_PTR id = SetTimer(nullptr, clock.id, milliseconds, elapsed);
+    if (id != 0)
+        clock.id = id;
+    return id != 0;
 }
 
 } // namespace
@@ -35,15 +49,18 @@ void CALLBACK elapsed(HWND /*window*/, UINT /*message*/, UINT_PTR id, DWORD /*ti
 namespace forms {
 
 void timerChanged(Timer& timer) {
-    std::erase_if(running(), [&timer](const Running& state) {
-        if (state.timer != &timer)
-            return false;
-        KillTimer(nullptr, state.id);
-        return true;
-    });
-    if (timer.enabled() && timer.interval() > 0)
-        if (const UINT_PTR id = SetTimer(nullptr, 0, static_cast<UINT>(timer.interval()), elapsed); id != 0)
-            running().push_back({id, &timer});
+    if (const auto had = clockOf(&timer); had != clocks().end()) {
+        had->timer = nullptr;
+        start(*had, USER_TIMER_MAXIMUM);
+    }
+    if (!timer.enabled() || timer.interval() <= 0)
+        return;
+    const auto interval = static_cast<UINT>(timer.interval());
+    if (const auto idle = clockOf(nullptr); idle != clocks().end()) {
+        idle->timer = &timer;
+        start(*idle, interval);
+    } else if (Clock made{0, &timer}; start(made, interval))
+        clocks().push_back(made);
 }
 
 } // namespace forms
