@@ -10,10 +10,6 @@ namespace win32 {
 
 namespace {
 
-/// An entry in a library begins with the width: 0 for 256.
-constexpr std::size_t entrySize = 14;
-constexpr int widest = 256;
-
 struct Search {
     std::int32_t left; ///< icons to be passed over
     HRSRC found = nullptr;
@@ -58,14 +54,14 @@ forms::Picture pictureOf(HICON icon) {
 
 } // namespace
 
-IconDirectory directoryInLibrary(const std::wstring& path, std::int32_t index) {
+forms::IconDirectory directoryInLibrary(const std::wstring& path, std::int32_t index) {
     const HMODULE library = LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
     if (library == nullptr)
         return {};
     Search search{index};
     EnumResourceNamesW(library, reinterpret_cast<LPCWSTR>(RT_GROUP_ICON), lookAtIcon,
                        reinterpret_cast<LONG_PTR>(&search));
-    IconDirectory directory;
+    forms::IconDirectory directory;
     const HGLOBAL loaded = search.found == nullptr ? nullptr : LoadResource(library, search.found);
     if (const void* memory = loaded == nullptr ? nullptr : LockResource(loaded)) {
         const auto* first = static_cast<const unsigned char*>(memory);
@@ -73,24 +69,6 @@ IconDirectory directoryInLibrary(const std::wstring& path, std::int32_t index) {
     }
     FreeLibrary(library);
     return directory;
-}
-
-int bestIconSide(const IconDirectory& directory, int side) {
-    if (directory.size() < iconDirectorySize)
-        return side;
-    std::vector<int> widths;
-    const std::size_t count = directory[iconCountAt] | std::size_t{directory[iconCountAt + 1]} << 8U;
-    for (std::size_t entry = 0; entry < count; ++entry) {
-        const std::size_t at = iconDirectorySize + entry * entrySize;
-        if (at >= directory.size())
-            break;
-        widths.push_back(directory[at] == 0 ? widest : directory[at]);
-    }
-    if (widths.empty())
-        return side;
-    std::ranges::sort(widths);
-    const auto found = std::ranges::lower_bound(widths, side);
-    return found == widths.end() ? widths.back() : *found;
 }
 
 HICON scaledIcon(HICON icon, int side) {

@@ -1,5 +1,6 @@
 #include "platform/shell32.h"
 
+#include "forms/iconDirectory.h"
 #include "runtime/text.h"
 #include "win32/common/native.h"
 #include "win32/platform/hosts.h"
@@ -69,12 +70,12 @@ class IconSource {
     ::HICON little() const {
         if (atDesign())
             return at(smallSide_);
-        win32::IconDirectory directory;
+        forms::IconDirectory directory;
         if (file_)
             directory = file_->directory();
         else if (index_ >= 0)
             directory = win32::directoryInLibrary(path_, index_);
-        const int best = win32::bestIconSide(directory, smallSide_);
+        const int best = forms::bestIconSide(directory, smallSide_);
         const ::HICON icon = at(best);
         if (icon == nullptr || best == smallSide_)
             return icon;

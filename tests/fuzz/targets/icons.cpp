@@ -1,7 +1,9 @@
-// Icon references, files that are looked at for icons, what a chooser is given, and pixels of icons.
+// Icon references, files that are looked at for icons, the bytes of such files, what a chooser is given, and
+// pixels of icons.
 #include "fuzz/targets/targets.h"
 
 #include "desktop/desktop.h"
+#include "forms/iconDirectory.h"
 #include "runtime/runtimeError.h"
 #include "store/frmIconChooser.h"
 #include "store/iconExtract.h"
@@ -72,6 +74,28 @@ void chooser(Reader& reader) {
     desk.chooserCalls.clear();
 }
 
+/// What is read of the bytes of an .ico file, and of those of an icon in a library.
+void bytes(std::string_view input) {
+    const forms::Bytes file(input.begin(), input.end());
+    for (const int side : {16, 20, 32, 48, 300}) {
+        const int best = forms::bestIconSide(file, side);
+        expect(best == side || (best > 0 && best <= 256), "an icon is at most 256 pixels wide");
+    }
+    const auto found = forms::iconFilePictures(file);
+    if (!found)
+        return;
+    const std::size_t count = found->pictures.size();
+    expect(count > 0 && found->directory.size() == 6 + 14 * count,
+           "a directory has an entry for each picture");
+    expect((found->directory[4] | std::size_t{found->directory[5]} << 8U) == count,
+           "a directory tells how many");
+    for (const auto& place : found->pictures)
+        expect(place.size >= 40 && place.first <= file.size() && place.size <= file.size() - place.first,
+               "a picture stands in its file");
+    const int best = forms::bestIconSide(found->directory, 16);
+    expect(best > 0 && best <= 256, "the directory of a file tells the best side");
+}
+
 } // namespace
 
 void icons(std::string_view input) {
@@ -98,6 +122,8 @@ void icons(std::string_view input) {
         desktop::world().icons.clear();
     } else if (what == 2) {
         pixel(reader.below(256), reader.below(256));
+    } else if (what == 3) {
+        bytes(reader.rest());
     } else {
         reference(std::string(reader.rest()));
     }
