@@ -1,5 +1,6 @@
 // Hosts on screens of other resolutions than 96 dpi, each seen by the host's program in its own way.
 #include "core/running.h"
+#include "desktop/faults.h"
 #include "desktop/program.h"
 #include "platform/user32.h"
 #include "store/state.h"
@@ -329,6 +330,24 @@ TEST_CASE("a resolution that no screen has counts as the nearest that there is")
         program.ticks(1);
         CHECK(program.toolbar(EditorKind::board, 1).resolution().dpi() == 96);
         CHECK(program.barWidth() == 128);
+    }
+}
+
+TEST_CASE("a host whose resolution was not told when its toolbar was made is asked again") {
+    std::string failed;
+    for (int call = 1; failed != "dpiOf"; ++call) {
+        OnScreens program;
+        program.desk().screens = {{144}};
+        program.open(Awareness::perMonitor, 1536);
+        desktop::faults().watch(call);
+        program.ticks(1);
+        desktop::faults().stop();
+        failed = desktop::faults().failed();
+        REQUIRE(failed != "");
+        if (failed != "dpiOf")
+            continue;
+        CHECK(program.barWidth() == 192);
+        CHECK(program.calculator().rect == RECT{1236, 0, 1236 + 293, 27});
     }
 }
 

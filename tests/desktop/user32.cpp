@@ -78,6 +78,9 @@ namespace platform {
 
 int dpiOf(HWND window) {
     ++world().resolutionsAsked;
+    const desktop::Call call("dpiOf");
+    if (call.fails())
+        return 0;
     const Window* found = world().find(window);
     return found == nullptr ? 0 : world().dpiSeen(found->awareness, window);
 }

@@ -35,6 +35,7 @@ inline constexpr Outcome outcomes[] = {
     {"IsWindow", nullptr, 0, "settings", "no file to remember"},
     {"GetWindowRect", nullptr, 0, "places calculators", "placed as in a host without a width"},
     {"GetClientRect", nullptr, 0, "", "nothing of it is drawn anew at once"},
+    {"dpiOf", nullptr, 0, "", "a toolbar stays as it is, a new one as the design has it, until it is asked again"},
     {"SetParent", nullptr, 0, "places calculators toolbars buttons pictures settings windows", "the window stands nowhere and is not seen"},
     {"MoveWindow", nullptr, 0, "places", "the toolbar stands where it was made"},
     {"SetWindowPos", nullptr, 0, "windows", "the order stays"},
