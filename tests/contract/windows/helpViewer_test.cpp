@@ -9,7 +9,7 @@
 
 #include <windows.h>
 
-#include <chrono>
+#include <cstdint>
 #include <cstring>
 
 namespace {
