@@ -1,5 +1,5 @@
 """The installer without questions: what it lays down, the program at its place, an update over the running program, a
-program that does not end, the removal; and what administrators do."""
+program that does not end, the removal; what administrators do; and the removal with the settings, which asks."""
 
 import shutil
 
@@ -126,6 +126,28 @@ def by_administrators(stage, checks, setup):
     checks.equal(sorted(setup.standing()), ["kestrel.ini", "uninstall.exe"], "and leaves itself and the settings")
 
 
+def with_settings(stage, checks, setup):
+    """The questions of the removal, answered with the mouse."""
+    checks.equal(setup.install(), 0, "it is installed for the last time")
+    folder = stage.prefix.path(DEFAULT)
+    for extension in ("bak", "sav", "sav~"):
+        (folder / f"kestrel.{extension}").write_text("older settings")
+    stage.witness.run(f"{DEFAULT}\\uninstall.exe")
+
+    def button(caption):
+        for window in stage.look().top(class_name="#32770"):
+            for child in window.children:
+                if child.text.replace("&", "") == caption and child.visible and child.enabled:
+                    return child
+        return None
+
+    for caption in ("Uninstall", "Yes"):
+        asked = poll(lambda caption=caption: button(caption))
+        if checks.that(asked, f"the removal asks, {caption}"):
+            stage.screen.click(*asked.place.middle)
+    checks.that(poll(lambda: not folder.exists()), "no settings are left, and no folder", sorted(setup.standing()))
+
+
 def story(stage, checks):
     setup = Installation(stage)
     board = stage.start_eagle().open("board", "C:\\work\\demo.brd")
@@ -136,6 +158,7 @@ def story(stage, checks):
     removal(stage, checks, setup, board)
     elsewhere(stage, checks, setup, board)
     by_administrators(stage, checks, setup)
+    with_settings(stage, checks, setup)
 
 
 if __name__ == "__main__":
