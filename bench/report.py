@@ -33,8 +33,8 @@ thread, which an editor of EAGLE is not.""" + "\n\n" + TABLE),
 beside `bench/trayBench.cpp`, a plain program with a window, an icon in the tray and a message loop. The splash's part is taken off:
 what `start-bench splash` takes more than `start-bench nothing`, the loading of what reads its pictures among it.
 
-The plain program loads no library for toolbars, dialogs and pictures, and beside it the limit of the memory is not kept: of the
-9.8 MB that the program had more on 2026-11-23, by `/proc/PID/smaps`, 5.3 are Wine's pages of such libraries (comctl32 1.4,
+The plain program loads no library for toolbars, dialogs and pictures, and beside it the limits of start and memory are not kept:
+of the 9.8 MB that the program had more on 2026-11-23, by `/proc/PID/smaps`, 5.3 are Wine's pages of such libraries (comctl32 1.4,
 windowscodecs 1.1, oleaut32, ole32, rpcrt4, comdlg32 and others), and most of the rest is what these and the program have taken.""" + "\n\n" + TABLE),
     "setup": ("Setup", """The bare dialog has the same controls with the same rows, which each list paints once when all are there, and nothing behind
 them. The bare OK makes the same calls of the system that write to the settings file. When it closes, the program gives up each of
