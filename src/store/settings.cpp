@@ -9,6 +9,7 @@
 #include "store/state.h"
 
 #include <array>
+#include <utility>
 
 namespace store {
 
@@ -41,11 +42,13 @@ std::int16_t setini(const std::string& section, const std::string& key, const st
 
 void keepSettings() {
     const std::string kept = besideSettings("sav");
-    if ((keptByThisRun || platform::dir(kept).empty()) && platform::copyFile(besideSettings("ini"), kept))
-        keptByThisRun = true;
+    const bool isThere = !platform::dir(kept).empty();
+    if (std::exchange(wholeByThisRun, false) || !isThere)
+        platform::copyFile(besideSettings("ini"), kept);
 }
 
 void settingsWritten() {
+    wholeByThisRun = true;
     platform::renameFile(besideSettings("sav"), besideSettings("bak"));
 }
 

@@ -45,8 +45,9 @@ std::int16_t setini(const std::string& section, const std::string& key, const st
 /// To be called before the first and behind the last of several writes that belong together. What the file
 /// held before stands beside it meanwhile, as kestrel.sav, and from then on as kestrel.bak: the whole old
 /// settings, if the program does not come to the end of its writes. A kestrel.sav that is there already is
-/// of a run that was killed, and worth more than what that has left in the settings file: it is kept. One of
-/// this run, which could not get its last name, is made anew. Where the folder refuses, nothing is kept.
+/// of a run that did not come to that end, and worth more than what it has left in the settings file: it is
+/// kept. Once this run has come to the end, one that could not get its last name is made anew. Where the
+/// folder refuses, nothing is kept.
 ///
 /// The one gap: a run that is killed behind its last write and before the new name leaves whole settings
 /// under an older kestrel.sav. If the next run is killed in its OK as well, those older ones are all that is

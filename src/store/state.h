@@ -17,7 +17,8 @@ inline std::int16_t unitCalcActive = 0;
 /// Unit names and number formats of the calculator, left and right.
 inline std::array<std::string, 2> unitName;
 inline std::array<std::string, 2> unitAccuracy;
-/// This run has made a kestrel.sav (store/settings): one that is there is not of a run that was killed.
-inline bool keptByThisRun = false;
+/// This run has come to the end of its writes to the settings file (store/settings): that is whole, and worth
+/// more than a kestrel.sav that is still there.
+inline bool wholeByThisRun = false;
 
 } // namespace store

@@ -22,7 +22,7 @@ void resetModules() {
     store::unitCalcActive = 0;
     store::unitName = {};
     store::unitAccuracy = {};
-    store::keptByThisRun = false;
+    store::wholeByThisRun = false;
     store::currentRoutine.clear();
     store::eagleFolder.clear();
     store::boardButtons = {};

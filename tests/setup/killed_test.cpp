@@ -93,17 +93,24 @@ TEST_CASE(
     CHECK(last > 30);
 }
 
-TEST_CASE("what could not get its last name is of this run, and the next OK keeps what is there then") {
+TEST_CASE("what could not get its last name is older than the settings, which the next OK keeps") {
+    std::string ofKilledRun;
+    SUBCASE("made by this run") {}
+    SUBCASE("of a run that was killed") {
+        ofKilledRun = "[board]\r\n";
+    }
     for (const bool stillHeld : {false, true})
         for (int last = 1;; ++last) {
             CAPTURE(stillHeld);
             CAPTURE(last);
             Edited program;
+            if (!ofKilledRun.empty())
+                world().writeFile(beside("sav"), ofKilledRun);
             world().writeFile(beside("bak"), "older");
             desktop::File& held = world().files[desktop::pathKey(beside("bak"))];
             held.locked = true;
             program.ok();
-            REQUIRE(world().fileText(beside("sav")) == program.before);
+            REQUIRE(world().fileText(beside("sav")) == (ofKilledRun.empty() ? program.before : ofKilledRun));
             held.locked = stillHeld;
             program.open(1);
             program.select(0, 0);
