@@ -92,6 +92,8 @@ TEST_CASE("a toolbar that is built anew without its window makes nothing, and fa
     CHECK_NOTHROW(toolbar.toolbar.addButton("Config", "", forms::ButtonStyle::standard, 0)); // keys go, too
     CHECK_THROWS_WITH_AS(toolbar.toolbar.addButton("Config", "", forms::ButtonStyle::standard, 0),
                          "Key is not unique in collection", runtime::RuntimeError);
+    CHECK(toolbar.toolbar.buttons().empty());
+    CHECK(toolbar.toolbar.findButton("Config") == nullptr);
     store::ButtonList& list = *store::listOf(EditorKind::schematic).buttons;
     list.redim(11); // two rows with the key "a1"
     for (std::int32_t row = 1; row <= list.upperBound(); ++row) {
