@@ -70,7 +70,8 @@ bool isInFront(DWORD thread) {
     return belongsTo(thread, GetForegroundWindow());
 }
 
-/// How often we had been joined with it: each window that has gone in there has done so once more.
+/// How often we had been joined with it: each window that has gone in there has done so once more, and so has
+/// one that is owned there.
 int leave(DWORD thread) {
     int joins = 0;
     while (AttachThreadInput(GetCurrentThreadId(), thread, FALSE) != FALSE)
@@ -85,7 +86,7 @@ void part(DWORD thread, Host& host) {
     const HWND front = GetForegroundWindow();
     host.joins += leave(thread);
     // Under Wine what was joined goes on as the host's, and stays what is in front: no window is then.
-    if (belongsTo(GetCurrentThreadId(), front) && GetForegroundWindow() != front)
+    if (belongsTo(GetCurrentThreadId(), front) && GetForegroundWindow() == nullptr)
         SetForegroundWindow(front);
     ask(thread, host);
     lookEvery(closeLooks);

@@ -41,10 +41,10 @@ bool showWindow(HWND window, int command);
 /// Shows a window of ours where it is, in front of nothing that it is behind, and leaves the keyboard alone.
 void showInPlace(HWND window);
 
-/// Moves and sizes a window of ours where it stands, with further flags SWP_*; one of another program is a
-/// matter of `orderWindow`. What it covered is drawn when
-/// its own program comes to it: the system would else have it erased at once, in our thread, and under Wine
-/// wait for each window of a host that is asked.
+/// Moves and sizes a window of ours where it stands, with further flags SWP_*; for one of another program
+/// there is `orderWindow`. What ours covered is drawn when the program that it belongs to comes to it: the
+/// system would else have it erased at once, in our thread, and under Wine wait for each window of a host
+/// that is asked.
 bool moveWindow(HWND window, const RECT& place, UINT more = 0);
 
 /// Puts a window of ours into another one, or with null back onto the desktop, its styles with it; one that

@@ -96,7 +96,7 @@ class LabelPeer : public WindowPeer {
         const HDC dc = GetDC(nullptr);
         const HGDIOBJ former = SelectObject(dc, font->handle);
         RECT edge{};
-        AdjustWindowRectEx(&edge, styleOf(label_), FALSE, 0);
+        AdjustWindowRectEx(&edge, styleOf(label_) | WS_CHILD, FALSE, 0);
         const SIZE edges{edge.right - edge.left, edge.bottom - edge.top};
         RECT text{0, 0, std::max<LONG>(1, width - edges.cx), 0};
         const std::string& caption = label_.caption();

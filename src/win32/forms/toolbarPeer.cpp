@@ -1,6 +1,7 @@
 // A toolbar: the system's own control, which wraps its buttons by itself. The model has its height from here.
 #include "win32/common/refusal.h"
 #include "win32/common/views.h"
+#include "win32/common/windowChanges.h"
 #include "win32/forms/bitmaps.h"
 #include "win32/forms/peers.h"
 #include "win32/forms/windowPeer.h"
@@ -48,7 +49,7 @@ class ToolbarPeer : public WindowPeer {
         // A control that dies with its host takes its tips along, but not where the host's program has been
         // killed: then its window has heard nothing but that it is gone.
         if (tips_ != nullptr && IsWindow(tips_) != FALSE)
-            DestroyWindow(tips_);
+            destroyWindow(tips_);
         if (images_ != nullptr)
             ImageList_Destroy(images_);
     }
