@@ -31,8 +31,8 @@ constexpr std::array<Search, editorSearches> searches = {{
 /// Titles with this text belong to EAGLE's windows that are no editors.
 constexpr std::string_view excluded = "eagle:";
 
-/// `title`: as far as a search looks at it. Of a longer one the caption may hold more, since it does not
-/// begin with blanks.
+/// `title`: as far as a search looks at it. Of a longer one the caption may hold more: it does not begin with
+/// blanks, and it counts characters.
 bool isEditor(HWND window, std::string_view title) {
     if (isCut(title))
         return !runtime::holdsIgnoringCase(getWindowCaption(window), excluded);

@@ -20,10 +20,11 @@ void kill(std::string_view path);
 
 /// Makes `to` a copy of the file `from`, in place of what is there; whole or not at all, also if the program
 /// is killed meanwhile, and one that may be written. A file that another program holds is waited for, half
-/// a second. False on any failure.
+/// a second for the copy and half a second for its name. False on any failure.
 bool copyFile(std::string_view from, std::string_view to);
-/// Gives a file another name in its folder, in place of what has that name; waits as copyFile does. False on
-/// any failure.
+/// Gives a file another name in its folder, in place of what has that name. Half a second is waited for files
+/// that are held, and for one that may never be replaced, which Windows tells in the same words. False on any
+/// failure.
 bool renameFile(std::string_view from, std::string_view to);
 /// The current folder, for a file dialog's start.
 std::string currentDirectory();

@@ -3,7 +3,7 @@
 
 Windows of two EAGLEs are opened, closed, renamed, moved, minimised, hung; toolbars, calculators, the tray and the setup are
 used; all in an order that the seed gives. What must hold is looked at after each event, and some of it at each look
-(walk/rules.py). `next` takes the seed behind the last one in walk/effort.tsv. Each round in which nothing was wrong adds a line
+(walk/rules.py). `next` takes the seed behind the highest in walk/effort.tsv. Each round in which nothing was wrong adds a line
 there: date, bitness, seed, inputs, events, looks. Inputs are presses of buttons, keys, and what the EAGLEs were made to do.
 """
 

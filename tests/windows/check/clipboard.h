@@ -1,6 +1,6 @@
-// What the user has in the clipboard, kept while the tests use it. If they have put nothing there it stays as
-// it is, and so it does if it could not be read: another program held it. Formats of other programs' own are
-// lost otherwise.
+// What the user has in the clipboard, kept while the tests use it. If nobody has put anything there it stays
+// as it is, and so it does if it could not be read: another program held it. Formats of other programs' own
+// are lost otherwise.
 #pragma once
 #include <windows.h>
 

@@ -7,7 +7,8 @@
 
 namespace hands {
 
-// Waits until the user has let go of mouse and keyboard: no input has come for some seconds.
+// Waits until the user has let go of mouse and keyboard: no input has come for two seconds. Ten
+// are waited at most.
 void awaitRest();
 // Whether a click in the middle of a rectangle of the screen would reach this top-level window or what is in
 // it.
