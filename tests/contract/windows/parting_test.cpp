@@ -18,11 +18,13 @@ using contract::World;
 
 constexpr int longHang = 60'000; // milliseconds; each test ends it before
 
-/// Keeps count of how often our thread and a host's are joined, as Windows does and Wine does not.
+/// Keeps count of how often our thread and the host's are joined, as Windows does and Wine does not. A host
+/// of the test before, whose end the program has still to see, is none of it.
 class Joins {
   public:
     Joins() {
         count_ = 0;
+        host_ = 0;
         attach_ = reinterpret_cast<decltype(attach_)>(attaching_.original());
         setParent_ = reinterpret_cast<decltype(setParent_)>(hosting_.original());
     }
@@ -30,6 +32,8 @@ class Joins {
 
   private:
     static BOOL WINAPI attach(DWORD ours, DWORD thread, BOOL on) {
+        if (thread != host_)
+            return attach_(ours, thread, on);
         if (on == FALSE && count_ == 0)
             return FALSE;
         count_ += on == FALSE ? -1 : 1;
@@ -42,12 +46,15 @@ class Joins {
         const HWND former = setParent_(window, parent);
         if (former != nullptr && win32::isForeign(former) && former != GetDesktopWindow() && count_ > 0)
             --count_;
-        if (parent != nullptr && win32::isForeign(parent))
+        if (parent != nullptr && win32::isForeign(parent)) {
+            host_ = GetWindowThreadProcessId(parent, nullptr);
             ++count_;
+        }
         return former;
     }
 
     static inline int count_ = 0;
+    static inline DWORD host_ = 0; ///< its thread
     static inline decltype(&AttachThreadInput) attach_ = nullptr;
     static inline decltype(&SetParent) setParent_ = nullptr;
     contract::ImportHook attaching_{"AttachThreadInput", reinterpret_cast<void*>(attach)};
