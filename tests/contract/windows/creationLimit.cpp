@@ -5,8 +5,6 @@
 #include <windows.h>
 
 #include <commctrl.h>
-#include <objbase.h>
-#include <olectl.h>
 
 #include <climits>
 #include <memory>
@@ -21,11 +19,9 @@ int roomLeft = 0;
 bool failedOnce = false;
 
 /// What a function gives that has made nothing.
-template <typename Result, bool isNumber = std::is_same_v<Result, int> || std::is_same_v<Result, HRESULT>>
+template <typename Result>
 Result nothing() {
-    if constexpr (std::is_same_v<Result, HRESULT>)
-        return E_OUTOFMEMORY;
-    else if constexpr (isNumber)
+    if constexpr (std::is_same_v<Result, int>)
         return -1;
     else
         return {};
@@ -77,7 +73,6 @@ const Entry entries[] = {
     ENTRY(ImageList_Create),         ENTRY(ImageList_Add),
     ENTRY(CreateDIBSection),         ENTRY(CreateBitmap),
     ENTRY(CreateSolidBrush),         ENTRY(CreateCompatibleDC),
-    ENTRY(OleLoadPicture),
 };
 #undef ENTRY
 

@@ -7,12 +7,11 @@
 
 namespace contract {
 
-/// Functions that make windows, fonts, icons, pictures, picture lists, bitmaps, brushes and device contexts.
+/// Functions that make windows, fonts, icons, picture lists, bitmaps, brushes and device contexts.
 inline constexpr const char* creations[] = {
     "CreateWindowExA",          "CreateWindowExW",    "CreateFontIndirectA", "PrivateExtractIconsW",
     "CreateIconFromResourceEx", "CreateIconIndirect", "ImageList_Create",    "ImageList_Add",
     "CreateDIBSection",         "CreateBitmap",       "CreateSolidBrush",    "CreateCompatibleDC",
-    "OleLoadPicture",
 };
 
 /// From its making to its end the first `left` calls of one of them go well and all others fail. Calls of the
