@@ -15,7 +15,6 @@
 #include <windows.h>
 
 #include <commctrl.h>
-#include <objbase.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -98,7 +97,6 @@ void keysBare(int count) {
 } // namespace
 
 int main(int count, char** arguments) {
-    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
     const std::string_view what = count > 1 ? arguments[1] : "";
     const int number = count > 2 ? std::atoi(arguments[2]) : 0; // a number of rounds
     if (what == "nothing") {

@@ -10,15 +10,12 @@
 #include <windows.h>
 
 #include <commctrl.h>
-#include <objbase.h>
 
 namespace {
 
 void run() {
     win32::settleProcess();
     win32::askForNoMedium();
-    // The file dialogs host the shell's extensions.
-    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&controls);
     // Lives until the process ends, like all that it owns.

@@ -1,7 +1,9 @@
 #include "platform/comdlg32.h"
 
+#include "win32/common/components.h"
 #include "win32/common/native.h"
 #include "win32/common/systemDialog.h"
+#include "win32/common/systemLibrary.h"
 #include "win32/platform/hosts.h"
 #include "win32/platform/paths.h"
 
@@ -44,7 +46,18 @@ bool takeOver(const wchar_t* chosen, platform::OPENFILENAMEA& record) {
     return true;
 }
 
-int show(BOOL(WINAPI* dialog)(LPOPENFILENAMEW), platform::OPENFILENAMEA& record) {
+using Dialog = BOOL(WINAPI*)(LPOPENFILENAMEW);
+
+/// Bound when one is needed: with it come the libraries of toolbars, printers and the shell.
+Dialog dialogOf(const char* name) {
+    return win32::routineOf<Dialog>(win32::systemLibrary(L"comdlg32.dll"), name);
+}
+
+int show(const char* name, platform::OPENFILENAMEA& record) {
+    const Dialog dialog = dialogOf(name);
+    if (dialog == nullptr)
+        return 0;
+    win32::keepComponents();
     ::OPENFILENAMEW made{};
     // The first version of the record, which the logic states at its 32-bit size.
     made.lStructSize = OPENFILENAME_SIZE_VERSION_400W;
@@ -72,11 +85,11 @@ int show(BOOL(WINAPI* dialog)(LPOPENFILENAMEW), platform::OPENFILENAMEA& record)
 namespace platform {
 
 int GetOpenFileNameA(OPENFILENAMEA& record) {
-    return show(::GetOpenFileNameW, record);
+    return show("GetOpenFileNameW", record);
 }
 
 int GetSaveFileNameA(OPENFILENAMEA& record) {
-    return show(::GetSaveFileNameW, record);
+    return show("GetSaveFileNameW", record);
 }
 
 } // namespace platform

@@ -1,6 +1,7 @@
 #include "platform/hhctrl.h"
 
 #include "runtime/runtimeError.h"
+#include "win32/common/components.h"
 #include "win32/common/native.h"
 #include "win32/common/systemLibrary.h"
 #include "win32/platform/help.h"
@@ -34,6 +35,7 @@ HWND HtmlHelpA(HWND owner, const char* file, std::uint32_t command, std::uintptr
     // Where it is up already the call is carried out by its thread, and waits for that.
     if (isShown() && !win32::answers(lastShown))
         return win32::neutral(lastShown);
+    win32::keepComponents();
     lastShown = viewer()(win32::native(owner), win32::helpFileForViewer(file).c_str(), command, data);
     return win32::neutral(lastShown);
 }

@@ -1,6 +1,7 @@
 #include "win32/platform/iconChooser.h"
 
 #include "platform/shell32.h"
+#include "win32/common/components.h"
 #include "win32/common/systemDialog.h"
 #include "win32/platform/hosts.h"
 #include "win32/platform/paths.h"
@@ -17,6 +18,7 @@ int callIconChooser(IconChooser choose, HWND owner, std::string& file, std::int3
     const std::wstring start = widePath(hostAnswers(file) ? file : std::string());
     std::copy_n(start.begin(), std::min(start.size(), buffer.size() - 1), buffer.begin());
     int chosen = index;
+    keepComponents();
     const SystemDialog shown(owner);
     const int result = choose(shown.owner(), buffer.data(), static_cast<UINT>(buffer.size()), &chosen);
     if (result == platform::iconPicked) {

@@ -1,18 +1,18 @@
 #include "win32/platform/opening.h"
 
+#include "win32/common/components.h"
 #include "win32/common/native.h"
 #include "win32/platform/hosts.h"
 #include "win32/platform/paths.h"
 
 #include <windows.h>
 
-#include <objbase.h>
 #include <shellapi.h>
 
 namespace win32 {
 
 bool open(Opening& opening) {
-    const HRESULT prepared = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
+    const Components components;
     SHELLEXECUTEINFOW call{};
     const std::wstring verb = widePath(opening.verb);
     const std::wstring file = widePath(opening.file);
@@ -30,8 +30,6 @@ bool open(Opening& opening) {
     const bool opened = ShellExecuteExW(&call) != FALSE;
     const DWORD error = GetLastError();
     opening.result = reinterpret_cast<std::intptr_t>(call.hInstApp);
-    if (SUCCEEDED(prepared))
-        CoUninitialize();
     return opened || isAnswer(error);
 }
 

@@ -1,12 +1,12 @@
 #include "platform/shortcut.h"
 
+#include "win32/common/components.h"
 #include "win32/common/wide.h"
 #include "win32/platform/hosts.h"
 #include "win32/platform/paths.h"
 
 #include <windows.h>
 
-#include <objbase.h>
 #include <shlobj.h>
 
 #include <array>
@@ -20,22 +20,6 @@ struct Releasing {
 template <typename Interface>
 using Held = std::unique_ptr<Interface, Releasing>;
 
-/// The work runs on a thread of its own where the path is on the network.
-class Library {
-  public:
-    Library()
-        : begun_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE))) {}
-    ~Library() {
-        if (begun_)
-            CoUninitialize();
-    }
-    Library(const Library&) = delete;
-    Library& operator=(const Library&) = delete;
-
-  private:
-    bool begun_;
-};
-
 template <typename Interface>
 Held<Interface> interfaceOf(IUnknown& object, REFIID id) {
     void* found = nullptr;
@@ -44,11 +28,12 @@ Held<Interface> interfaceOf(IUnknown& object, REFIID id) {
 }
 
 std::optional<platform::Shortcut> read(const std::wstring& path) {
-    const Library library;
-    void* made = nullptr;
-    if (FAILED(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, &made)))
+    // The work runs on a thread of its own where the path is on the network.
+    const win32::Components components;
+    const Held<IShellLinkW> link(
+        static_cast<IShellLinkW*>(components.make(CLSID_ShellLink, IID_IShellLinkW)));
+    if (!link)
         return {};
-    const Held<IShellLinkW> link(static_cast<IShellLinkW*>(made));
     const auto file = interfaceOf<IPersistFile>(*link, IID_IPersistFile);
     if (!file || FAILED(file->Load(path.c_str(), STGM_READ)))
         return {};

@@ -8,6 +8,7 @@
 #include "contract/windows/files.h"
 #include "contract/windows/orders.h"
 #include "contract/windows/otherProgramMain.h"
+#include "contract/windows/withoutLibraries.h"
 #include "contract/windows/withoutViews.h"
 #include "contract/world.h"
 #include "win32/platform/hosts.h"
@@ -116,6 +117,8 @@ int main(int count, char** arguments) {
         return contract::endedProcessMain();
     if (count > 1 && std::strcmp(arguments[1], contract::withoutViewsArgument) == 0)
         return contract::withoutViewsMain();
+    if (count > 1 && std::strcmp(arguments[1], contract::withoutLibrariesArgument) == 0)
+        return contract::withoutLibrariesMain();
     if (!windowsCanBeMade()) {
         std::fputs("no window can be made: there is no display\n", stderr);
         return 5;

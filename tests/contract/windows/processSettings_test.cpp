@@ -5,13 +5,10 @@
 #include "contract/world.h"
 #include "forms/timer.h"
 #include "win32/common/processSettings.h"
-#include "win32/common/systemLibrary.h"
 
 #include <doctest/doctest.h>
 
 #include <windows.h>
-
-#include <string>
 
 namespace contract {
 
@@ -81,23 +78,6 @@ TEST_CASE("a fault in a timer's routine is not swallowed") {
     // Known gap: Wine swallows it whatever the program has asked for.
     const bool swallows = contract::worldKind() == contract::WorldKind::wine;
     CHECK(code == (swallows ? 0 : contract::endedByFault));
-}
-
-TEST_CASE("a library of the system comes from the system's folder, one that is not there is none") {
-    char folder[MAX_PATH] = {};
-    GetSystemDirectoryA(folder, MAX_PATH);
-    for (const wchar_t* name : {L"uxtheme.dll", L"hhctrl.ocx"}) {
-        const HMODULE library = win32::systemLibrary(name);
-        REQUIRE(library != nullptr);
-        char path[MAX_PATH] = {};
-        GetModuleFileNameA(library, path, MAX_PATH);
-        CHECK(_strnicmp(path, folder, std::string(folder).size()) == 0);
-    }
-    CHECK(win32::systemLibrary(L"kestrel-has-no-such.dll") == nullptr);
-    const bool missing = win32::routineOf<FARPROC>(win32::systemLibrary(L"uxtheme.dll"), "NoSuch") == nullptr;
-    CHECK(missing);
-    const bool nowhere = win32::routineOf<FARPROC>(nullptr, "OpenThemeData") == nullptr;
-    CHECK(nowhere);
 }
 
 TEST_SUITE_END();
