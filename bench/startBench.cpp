@@ -1,14 +1,15 @@
 // What the start of the program is measured with, and a key in the calculator beside a bare counterpart.
 // Measured from outside by bench/run.py.
 //
-//   start-bench nothing        the end at once
 //   start-bench splash         the splash until it goes by itself, then the end
+//   start-bench plain          the window that a plain program shows in its place, then the end
 //   start-bench stay           says that it is ready and stays, so that the system does
 //   start-bench launch FILE    the same; a second later it starts a program, and ends after that
 //   start-bench keys N         N releases of a key in the calculator's left field
 //   start-bench keys-bare N    N releases of a key in a field whose owner sets the text of another
 #include "calculator/frmMil.h"
 #include "core/frmSplash.h"
+#include "plainWindow.h"
 #include "store/state.h"
 #include "win32/common/messages.h"
 
@@ -99,10 +100,11 @@ void keysBare(int count) {
 int main(int count, char** arguments) {
     const std::string_view what = count > 1 ? arguments[1] : "";
     const int number = count > 2 ? std::atoi(arguments[2]) : 0; // a number of rounds
-    if (what == "nothing") {
-        ExitProcess(0);
-    } else if (what == "splash") {
+    if (what == "splash") {
         core::splashForm().showModal();
+        ExitProcess(0);
+    } else if (what == "plain") {
+        showPlainWindow();
         ExitProcess(0);
     } else if (what == "stay") {
         stay();

@@ -1,10 +1,13 @@
 // A plain program with an icon in the tray, beside which the start of the finished program and its memory are
-// measured: a window, the icon, and a message loop.
+// measured: a window that is shown for two seconds, another one, the icon, and a message loop.
+#include "plainWindow.h"
+
 #include <windows.h>
 
 #include <shellapi.h>
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE /*previous*/, LPSTR /*commandLine*/, int /*show*/) {
+    showPlainWindow();
     const HWND window =
         CreateWindowExA(0, "EDIT", "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, instance, nullptr);
     NOTIFYICONDATAA record{};
