@@ -5,7 +5,8 @@
     tools/mutate.py --tell            what has been found so far, without playing
 
 A change is another operator, another constant or a statement less, in a source under src but src/win32. Only its object
-is built, and linked to what the tests are without it; no sanitizers, but a program that looks beyond the end of an array stops. build/mutate/found.tsv keeps a line for each change
+is built, and linked to what the tests are without it; no sanitizers, but a program that looks beyond the end of an array
+stops, and so does one that does not come to an end or takes all memory. build/mutate/found.tsv keeps a line for each change
 of each commit. A change that makes no difference, or none that a user could notice, is named in tools/mutants.tsv: file,
 line, changed line, and why; it does not count. Of the others 97 % are to be noticed.
 """
@@ -25,6 +26,7 @@ FOUND = BUILD / 'found.tsv'
 ACCEPTED = PROJECT / 'tools/mutants.tsv'
 RUNS = [('1252', '*'), ('932', 'runtime/*,store/*'), ('65001', 'runtime/*,store/*')]
 SECONDS = 120  # of computing, for a run that takes twenty
+BYTES = 1 << 30  # of memory, for a run that takes 50 MB
 WANTED = 0.97
 
 OPERATORS = [(r' == ', ' != '), (r' != ', ' == '), (r' < ', ' <= '), (r' <= ', ' < '), (r' > ', ' >= '), (r' >= ', ' > '),
@@ -99,12 +101,17 @@ class Builder:
         return subprocess.run(link, cwd=BUILD, shell=True, capture_output=True).returncode == 0
 
 
+def limit():
+    """A changed loop may go on for ever, and append."""
+    resource.setrlimit(resource.RLIMIT_CPU, (SECONDS, SECONDS))
+    resource.setrlimit(resource.RLIMIT_AS, (BYTES, BYTES))
+
+
 def noticed(file):
     """Whether the tests fail, crash or do not end; those of the same folder are asked first."""
     folder = file.split('/')[1]
     for page, suites in [('1252', f'{folder}/*'), *RUNS]:
         environment = dict(os.environ, KESTREL_CODE_PAGE=page, KESTREL_SEED='1')
-        limit = lambda: resource.setrlimit(resource.RLIMIT_CPU, (SECONDS, SECONDS))
         run = subprocess.run(['bin/mutant', '-aa=1', '-m', f'-ts={suites}'], cwd=BUILD, env=environment, preexec_fn=limit,
                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         if run.returncode != 0:
