@@ -110,7 +110,8 @@ play() {
 trap 'exit 130' INT
 [ -z "$(git status --porcelain -- . ":!$addedUp" ':!*/effort.tsv')" ] || say "the checkout has changes; the rounds count for $commit all the same"
 if [ "${1:-}" != --list ]; then
-    tools/setup-toolchain.sh && tools/build.sh native && tools/build.sh i686 && tools/build.sh x86_64 && tools/setup-wine.sh || exit 1
+    tools/setup-toolchain.sh && tools/build.sh native && tools/build.sh i686 && tools/build.sh x86_64 &&
+        "$PYTHON" packaging/packages.py && tools/setup-wine.sh || exit 1
 fi
 failed=0
 for step in "${steps[@]}"; do
