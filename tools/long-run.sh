@@ -43,14 +43,19 @@ growth() {
 }
 
 # What each change has to pass, in a fresh clone. It gives some a second try, which is none here.
+# What it has left, of a round that has failed, stays beside the round's log: all that it printed, the logs of its steps and
+# the scenes' pictures.
 gate() {
-    local clone=$kept/gate whole=$kept/gate.log code
-    rm -rf "$clone"
-    git clone -q . "$clone" && (cd "$clone" && .ci/run) >"$whole" 2>&1
+    local clone=$kept/gate left=$kept/gate-$commit-$round code
+    rm -rf "$clone" "$left"
+    mkdir "$left"
+    git clone -q . "$clone" && (cd "$clone" && .ci/run) >"$left/whole.log" 2>&1
     code=$?
+    tail -n 1 "$left/whole.log"
+    ! grep 'FLAKY:' "$left/whole.log" || code=1
+    if ((code == 0)); then rm -rf "$left"; else mv "$clone"/build/{log,scenes} "$left"; fi
     rm -rf "$clone"
-    tail -n 1 "$whole"
-    ! grep 'FLAKY:' "$whole" && return $code
+    return $code
 }
 
 # Ten worlds of 10,000 events, with seeds that have not been played yet. tests/walk/effort.tsv keeps a line for each
