@@ -3,8 +3,9 @@
 
 Windows of two EAGLEs are opened, closed, renamed, moved, minimised, hung; toolbars, calculators, the tray and the setup are
 used; all in an order that the seed gives. What must hold is looked at after each event, and some of it at each look
-(walk/rules.py). `next` takes the seed behind the highest in walk/effort.tsv. Each round in which nothing was wrong adds a line
-there: date, bitness, seed, inputs, events, looks. Inputs are presses of buttons, keys, and what the EAGLEs were made to do.
+(walk/rules.py). `next` takes the seed behind the highest in walk/effort.tsv. Each round adds a line there: date, bitness,
+seed, inputs, events, looks. Inputs are presses of buttons, keys, and what the EAGLEs were made to do. A round in which
+something was wrong counts none of the three, and has a line only so that `next` goes on behind it; with its seed named it has none.
 """
 
 import sys
@@ -120,9 +121,10 @@ def main():
             stage.picture(f"failed-{seed}")
         inputs, looks = walk.world.inputs, walk.world.looks
     print(f"seed {seed}: {inputs} inputs, {walk.played} events, {looks} looks, {time.monotonic() - begin:.0f} s", flush=True)
-    if not checks.failed:
+    if not checks.failed or asked == "next":
+        counted = (0, 0, 0) if checks.failed else (inputs, walk.played, looks)
         with EFFORT.open("a", encoding="ascii") as effort:
-            print(time.strftime("%Y-%m-%d"), bits, seed, inputs, walk.played, looks, sep="\t", file=effort)
+            print(time.strftime("%Y-%m-%d"), bits, seed, *counted, sep="\t", file=effort)
     print(checks.summary(), flush=True)
     return 1 if checks.failed else 0
 
