@@ -7,7 +7,8 @@
 # A step has a number of rounds. It may be stopped at any time (Ctrl+C) and goes on with the round that it had reached.
 # Rounds of another commit do not count, but where a number begins with +: those look for what fails once in many, and
 # add up over commits in tools/rounds.tsv (date, commit, step, passed, failed), which is committed. build/long-run keeps
-# a line for each other round, with its date, and what each printed.
+# a line for each other round, with its date, and what each printed. The two walks and the fuzzer are also played by hand,
+# and add up what they have played in an effort.tsv each: --list tells those sums beside the rounds.
 # Nothing gets a second try here: what test.sh would tell as FLAKY is a failure, and counted.
 set -uo pipefail
 . "$(dirname "$0")/lib.sh"
@@ -17,8 +18,8 @@ cd "$PROJECT" || exit 1
 steps=(
     'native-random +50 build/native/bin/kestrel-tests -ob=rand -rs=$round'
     'users-check 3 "$PYTHON" tests/windows/whole-check.py'
-    'native-walk 100 nativeWalk'
-    'win32-walk 20 "$PYTHON" tests/windows/play-walk.py win32 next'
+    'native-walk +100 nativeWalk'
+    'win32-walk +20 "$PYTHON" tests/windows/play-walk.py win32 next'
     'win32-killed-saves 1 "$PYTHON" tests/windows/killed-saves.py win32'
     'native-growth 1 KESTREL_GROWTH=50 build/native/bin/kestrel-tests -ts=core/growth'
     'win32-growth 4 growth i686'
@@ -33,7 +34,7 @@ steps=(
     'win32-scenes +50 "$PYTHON" tests/windows/play-all.py --once win32'
     'gate +3 gate'
     'mutations 1 "$PYTHON" tools/mutate.py 400'
-    'fuzzing 10 tests/fuzz/run.sh 3600'
+    'fuzzing +10 tests/fuzz/run.sh 3600'
 )
 
 # What 260 editors leave, with their 4,680 ticks, 130 setups and 130 dialogs of each kind.
@@ -93,8 +94,18 @@ addRound() {
     esac
 }
 
+# NAME: what the step has added up elsewhere, whoever has played it.
+sumOf() {
+    case $1 in
+        native-walk) awk '{ sum += $4 } END { printf "   in all %d events", sum }' tests/walk/effort.tsv ;;
+        win32-walk) awk '{ sum += $4 } END { printf "   in all %d inputs", sum }' tests/windows/walk/effort.tsv ;;
+        fuzzing) awk '{ sum += $4 } END { printf "   in all %d seconds (tests/fuzz/run.sh --effort)", sum }' tests/fuzz/effort.tsv ;;
+    esac
+}
+
 tell() {
-    printf '   %-18s %3d of %3d rounds   %d with a failure\n' "$1" "$(roundsOf "$1" "$2")" "${2#+}" "$(failuresOf "$1" "$2")"
+    printf '   %-18s %3d of %3d rounds   %d with a failure%s\n' "$1" "$(roundsOf "$1" "$2")" "${2#+}" \
+        "$(failuresOf "$1" "$2")" "$(sumOf "$1")"
 }
 
 play() {
