@@ -26,8 +26,6 @@ ToolbarButton& Toolbar::addButton(std::string_view key, std::string_view caption
         throw runtime::RuntimeError(runtime::ErrorNumber::keyNotUnique);
     if (!content_)
         content_ = std::make_unique<Content>();
-    if (lost())
-        content_->buttons.clear(); // nobody will see the one before
     ToolbarButton& button = content_->buttons.emplace_back();
     button.key = std::string(key);
     button.caption = std::string(caption);
@@ -49,7 +47,7 @@ ToolbarButton& Toolbar::addButton(std::string_view key, std::string_view caption
 
 const std::deque<ToolbarButton>& Toolbar::buttons() const {
     static const std::deque<ToolbarButton> none;
-    return content_ && !lost() ? content_->buttons : none;
+    return content_ ? content_->buttons : none;
 }
 
 bool Toolbar::hasKey(std::string_view key) const {
@@ -57,7 +55,7 @@ bool Toolbar::hasKey(std::string_view key) const {
 }
 
 ToolbarButton* Toolbar::findButton(std::string_view key) {
-    return hasKey(key) && !lost() ? content_->keys.find(key)->second : nullptr;
+    return hasKey(key) ? content_->keys.find(key)->second : nullptr;
 }
 
 float Toolbar::height() const {

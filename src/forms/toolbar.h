@@ -47,8 +47,6 @@ class Toolbar : public Control {
     /// The same with the key of an image, which is looked up in the toolbar's list.
     ToolbarButton& addButton(std::string_view key, std::string_view caption, ButtonStyle style,
                              std::string_view imageKey);
-    /// A toolbar without a window for good keeps the keys of what is added alone, until it is told so again:
-    /// it answers as any other, and has no buttons.
     const std::deque<ToolbarButton>& buttons() const;
     /// Null if there is no button with this key.
     ToolbarButton* findButton(std::string_view key);
@@ -57,6 +55,8 @@ class Toolbar : public Control {
     float height() const override;
     void setPosition(const Position& position) override;
     void containerResized(float clientWidth) override;
+    /// Buttons go, and the list's pictures. What is added later is kept and answered for as ever, keys and
+    /// errors too: who fills a toolbar that is lost calls this when it has been filled.
     void windowLost() override;
     void resolutionChanged() override;
     /// Called by the peer: the control has laid out its buttons, and its rows are that many pixels high.

@@ -42,9 +42,10 @@ void frmToolbar::loadVarBar() {
     config.description = "Configuration";
     config.tag = configKey;
     // Without a window, which the system has refused while the form was loaded, or which has gone with its
-    // host, nobody will see what has just been filled in.
+    // host, nobody will see what has just been filled in. The toolbar cannot refuse it piece by piece: a list
+    // that is not as it should be fails here as in any other, and a key is one that is not there yet.
     if (lost())
-        windowLost();
+        toolbar.windowLost();
     if (differences_.resizesAtEnd)
         Form_Resize();
 }

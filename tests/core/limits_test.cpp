@@ -2,6 +2,7 @@
 // windows, icons or pictures.
 #include "core/running.h"
 #include "desktop/surfaces.h"
+#include "store/mends.h"
 #include "store/state.h"
 
 #include <doctest/doctest.h>
@@ -92,8 +93,6 @@ TEST_CASE("a toolbar that is built anew without its window makes nothing, and fa
     CHECK_NOTHROW(toolbar.toolbar.addButton("Config", "", forms::ButtonStyle::standard, 0)); // keys go, too
     CHECK_THROWS_WITH_AS(toolbar.toolbar.addButton("Config", "", forms::ButtonStyle::standard, 0),
                          "Key is not unique in collection", runtime::RuntimeError);
-    CHECK(toolbar.toolbar.buttons().empty());
-    CHECK(toolbar.toolbar.findButton("Config") == nullptr);
     store::ButtonList& list = *store::listOf(EditorKind::schematic).buttons;
     list.redim(11); // two rows with the key "a1"
     for (std::int32_t row = 1; row <= list.upperBound(); ++row) {
@@ -101,6 +100,11 @@ TEST_CASE("a toolbar that is built anew without its window makes nothing, and fa
         list[row].name = row == 1 ? "a1" : "a";
     }
     CHECK_THROWS_WITH_AS(toolbar.loadVarBar(), "Key is not unique in collection", runtime::RuntimeError);
+    store::mendsOn = true; // the second row gets a key of its own
+    CHECK_NOTHROW(toolbar.loadVarBar());
+    CHECK(program.openThings() == before);
+    CHECK(toolbar.toolbar.buttons().empty());
+    CHECK(toolbar.ImageList1.count() == 0);
 }
 
 TEST_CASE("editors that come and go leave no more than their entries") {
