@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 namespace forms {
 
@@ -26,25 +27,25 @@ constexpr std::size_t bitmapBitsAt = 14;
 constexpr std::array<unsigned char, 4> pngMark = {0x89, 'P', 'N', 'G'};
 constexpr unsigned char pngBits = 32;
 
-std::size_t wordAt(const Bytes& bytes, std::size_t at) {
+std::size_t wordAt(std::span<const unsigned char> bytes, std::size_t at) {
     return bytes[at] | std::size_t{bytes[at + 1]} << 8U;
 }
 
-std::size_t longAt(const Bytes& bytes, std::size_t at) {
+std::size_t longAt(std::span<const unsigned char> bytes, std::size_t at) {
     return wordAt(bytes, at) | wordAt(bytes, at + 2) << 16U;
 }
 
-void addWord(Bytes& bytes, std::size_t word) {
-    bytes.push_back(static_cast<unsigned char>(word & 0xFFU));
-    bytes.push_back(static_cast<unsigned char>(word >> 8U & 0xFFU));
+void addWord(IconDirectory& directory, std::size_t word) {
+    directory.push_back(static_cast<unsigned char>(word & 0xFFU));
+    directory.push_back(static_cast<unsigned char>(word >> 8U & 0xFFU));
 }
 
-bool standsAt(const Bytes& bytes, std::size_t at, const std::array<unsigned char, 4>& mark) {
-    return std::equal(mark.begin(), mark.end(), bytes.begin() + static_cast<std::ptrdiff_t>(at));
+bool standsAt(const IcoFile& file, std::size_t at, const std::array<unsigned char, 4>& mark) {
+    return std::equal(mark.begin(), mark.end(), file.begin() + static_cast<std::ptrdiff_t>(at));
 }
 
 /// A picture and its entry, which begins at `at`, unless the picture is not there whole.
-void addEntry(IconFilePictures& made, const Bytes& file, std::size_t at) {
+void addEntry(IconFilePictures& made, const IcoFile& file, std::size_t at) {
     const IconFilePictures::Place place{longAt(file, at + sharedSize), longAt(file, at + sizeAt)};
     if (place.size < bitmapHeaderSize || place.first > file.size() || place.size > file.size() - place.first)
         return;
@@ -78,7 +79,7 @@ int bestIconSide(const IconDirectory& directory, int side) {
     return found == widths.end() ? widths.back() : *found;
 }
 
-std::optional<IconFilePictures> iconFilePictures(const Bytes& file) {
+std::optional<IconFilePictures> iconFilePictures(const IcoFile& file) {
     if (file.size() < headerSize || !standsAt(file, 0, fileHead))
         return std::nullopt;
     IconFilePictures made;

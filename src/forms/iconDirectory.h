@@ -8,10 +8,11 @@
 
 namespace forms {
 
-using Bytes = std::vector<unsigned char>;
+/// The content of a file in the ICO format, or of what passes for one.
+using IcoFile = std::vector<unsigned char>;
 
 /// A header with the number of pictures, then an entry for each, as they stand in a library.
-using IconDirectory = Bytes;
+using IconDirectory = std::vector<unsigned char>;
 
 /// The width of the picture that is best for an icon of `side` pixels: the smallest that is not smaller, else
 /// the largest that there is. `side` itself if the directory does not tell.
@@ -29,7 +30,7 @@ struct IconFilePictures {
     std::vector<Place> pictures;
 };
 
-/// Nothing if the bytes are no .ico file, or no picture stands in them whole.
-std::optional<IconFilePictures> iconFilePictures(const Bytes& file);
+/// Nothing if the file is none of that format, or no picture stands in it whole.
+std::optional<IconFilePictures> iconFilePictures(const IcoFile& file);
 
 } // namespace forms

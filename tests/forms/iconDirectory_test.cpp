@@ -4,9 +4,11 @@
 #include <doctest/doctest.h>
 
 #include <initializer_list>
+#include <vector>
 
 using forms::bestIconSide;
-using forms::Bytes;
+using forms::IcoFile;
+using forms::IconDirectory;
 using forms::iconFilePictures;
 
 namespace {
@@ -15,7 +17,7 @@ constexpr std::size_t header = 6;
 constexpr std::size_t fileEntry = 16;
 constexpr std::size_t pictureSize = 40;
 
-void put(Bytes& bytes, std::size_t value, int length) {
+void put(std::vector<unsigned char>& bytes, std::size_t value, int length) {
     for (int byte = 0; byte < length; ++byte)
         bytes.push_back(static_cast<unsigned char>(value >> (8U * static_cast<unsigned>(byte)) & 0xFFU));
 }
@@ -25,12 +27,12 @@ struct Made {
     unsigned char width;
     std::size_t bits = 0; ///< as its entry tells
     std::size_t size = pictureSize;
-    Bytes begins = {40, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 24};
+    std::vector<unsigned char> begins = {40, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 24};
 };
 
 /// The pictures stand behind the entries in the same order, each in as many bytes as it needs.
-Bytes file(std::initializer_list<Made> pictures) {
-    Bytes bytes = {0, 0, 1, 0};
+IcoFile file(std::initializer_list<Made> pictures) {
+    IcoFile bytes = {0, 0, 1, 0};
     put(bytes, pictures.size(), 2);
     std::size_t place = header + pictures.size() * fileEntry;
     for (const Made& picture : pictures) {
@@ -49,8 +51,8 @@ Bytes file(std::initializer_list<Made> pictures) {
 }
 
 /// As it stands in a library: the widths of so many pictures.
-Bytes library(std::initializer_list<unsigned char> widths) {
-    Bytes bytes = {0, 0, 1, 0};
+IconDirectory library(std::initializer_list<unsigned char> widths) {
+    IconDirectory bytes = {0, 0, 1, 0};
     put(bytes, widths.size(), 2);
     for (const unsigned char width : widths) {
         bytes.push_back(width);
@@ -70,10 +72,10 @@ TEST_CASE("a file's pictures are numbered as in a library, with the bits that th
     CHECK(found->pictures[0].first == header + 3 * fileEntry);
     CHECK(found->pictures[2].first == header + 3 * fileEntry + 2 * pictureSize);
     CHECK(found->pictures[2].size == pictureSize);
-    CHECK(found->directory == Bytes{0,  0,  1, 0, 3, 0,                           //
-                                    16, 16, 0, 0, 1, 0, 24, 0, 40, 0, 0, 0, 1, 0, //
-                                    32, 32, 0, 0, 1, 0, 8,  0, 40, 0, 0, 0, 2, 0, //
-                                    0,  0,  0, 0, 1, 0, 32, 0, 40, 0, 0, 0, 3, 0});
+    CHECK(found->directory == IconDirectory{0,  0,  1, 0, 3, 0,                           //
+                                            16, 16, 0, 0, 1, 0, 24, 0, 40, 0, 0, 0, 1, 0, //
+                                            32, 32, 0, 0, 1, 0, 8,  0, 40, 0, 0, 0, 2, 0, //
+                                            0,  0,  0, 0, 1, 0, 32, 0, 40, 0, 0, 0, 3, 0});
 }
 
 TEST_CASE("a picture that does not stand in the file whole is left out") {
@@ -86,20 +88,20 @@ TEST_CASE("a picture that does not stand in the file whole is left out") {
         CHECK(found->directory[4] == 1);
         CHECK(found->directory[header] == 32);
     }
-    const Bytes whole = file({{16}});
-    Bytes begins = whole;
+    const IcoFile whole = file({{16}});
+    IcoFile begins = whole;
     begins[header + 12] = 200; // behind the end
     CHECK_FALSE(iconFilePictures(begins));
     begins[header + 12] = static_cast<unsigned char>(begins.size()); // at the end
     CHECK_FALSE(iconFilePictures(begins));
-    Bytes shorter = whole;
+    IcoFile shorter = whole;
     shorter.pop_back();
     CHECK_FALSE(iconFilePictures(shorter));
     CHECK(iconFilePictures(whole));
 }
 
 TEST_CASE("a file that tells of more pictures than it has gives those that are there") {
-    Bytes more = file({{16}, {32}});
+    IcoFile more = file({{16}, {32}});
     more[5] = 1; // 258
     const auto found = iconFilePictures(more);
     REQUIRE(found);
@@ -108,10 +110,10 @@ TEST_CASE("a file that tells of more pictures than it has gives those that are t
 }
 
 TEST_CASE("more pictures than a byte counts") {
-    Bytes many = file({{16}});
+    IcoFile many = file({{16}});
     many[4] = 300 & 0xFF;
     many[5] = 300 >> 8;
-    const Bytes entry(many.begin() + header, many.begin() + header + fileEntry);
+    const std::vector<unsigned char> entry(many.begin() + header, many.begin() + header + fileEntry);
     for (int more = 1; more < 300; ++more)
         many.insert(many.begin() + header, entry.begin(), entry.end());
     const auto found = iconFilePictures(many);
@@ -127,13 +129,13 @@ TEST_CASE("what is no icon file has no pictures") {
     CHECK_FALSE(iconFilePictures({0, 0, 1, 0, 0}));
     CHECK_FALSE(iconFilePictures({0, 0, 1, 0, 0, 0}));
     CHECK_FALSE(iconFilePictures({0, 0, 1, 0, 1, 0}));
-    Bytes cursor = file({{16}});
+    IcoFile cursor = file({{16}});
     cursor[2] = 2;
     CHECK_FALSE(iconFilePictures(cursor));
 }
 
 TEST_CASE("the best picture is the smallest that is not smaller, else the largest") {
-    const Bytes directory = library({48, 16, 0, 32});
+    const IconDirectory directory = library({48, 16, 0, 32});
     CHECK(bestIconSide(directory, 8) == 16);
     CHECK(bestIconSide(directory, 16) == 16);
     CHECK(bestIconSide(directory, 17) == 32);

@@ -8,39 +8,37 @@ namespace win32 {
 
 namespace {
 
-using forms::Bytes;
-
 /// What is larger the system may read.
 constexpr LONGLONG mostBytes = 4LL << 20U;
 
 /// Empty if the file cannot be read.
-Bytes contentOf(const std::wstring& path) {
+forms::IcoFile contentOf(const std::wstring& path) {
     const HANDLE file =
         CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                     nullptr, OPEN_EXISTING, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         return {};
-    Bytes bytes;
+    forms::IcoFile content;
     LARGE_INTEGER size{};
     DWORD got = 0;
     if (GetFileSizeEx(file, &size) != FALSE && size.QuadPart <= mostBytes) {
-        bytes.resize(static_cast<std::size_t>(size.QuadPart));
-        if (ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &got, nullptr) == FALSE)
+        content.resize(static_cast<std::size_t>(size.QuadPart));
+        if (ReadFile(file, content.data(), static_cast<DWORD>(content.size()), &got, nullptr) == FALSE)
             got = 0;
     }
     CloseHandle(file);
-    bytes.resize(got);
-    return bytes;
+    content.resize(got);
+    return content;
 }
 
 } // namespace
 
 std::optional<IconFile> IconFile::read(const std::wstring& path) {
-    Bytes bytes = contentOf(path);
-    std::optional<forms::IconFilePictures> found = forms::iconFilePictures(bytes);
+    forms::IcoFile content = contentOf(path);
+    std::optional<forms::IconFilePictures> found = forms::iconFilePictures(content);
     if (!found)
         return std::nullopt;
-    return IconFile(std::move(bytes), std::move(*found));
+    return IconFile(std::move(content), std::move(*found));
 }
 
 HICON IconFile::icon(int side) const {
@@ -51,7 +49,7 @@ HICON IconFile::icon(int side) const {
         return nullptr;
     constexpr DWORD version = 0x00030000;
     const forms::IconFilePictures::Place& place = found_.pictures[static_cast<std::size_t>(number) - 1];
-    return CreateIconFromResourceEx(const_cast<unsigned char*>(bytes_.data()) + place.first,
+    return CreateIconFromResourceEx(const_cast<unsigned char*>(content_.data()) + place.first,
                                     static_cast<DWORD>(place.size), TRUE, version, side, side,
                                     LR_DEFAULTCOLOR);
 }

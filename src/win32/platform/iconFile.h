@@ -24,10 +24,10 @@ class IconFile {
     HICON icon(int side) const;
 
   private:
-    IconFile(forms::Bytes bytes, forms::IconFilePictures found)
-        : bytes_(std::move(bytes)), found_(std::move(found)) {}
+    IconFile(forms::IcoFile content, forms::IconFilePictures found)
+        : content_(std::move(content)), found_(std::move(found)) {}
 
-    forms::Bytes bytes_;
+    forms::IcoFile content_;
     forms::IconFilePictures found_;
 };
 

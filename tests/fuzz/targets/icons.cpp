@@ -76,7 +76,7 @@ void chooser(Reader& reader) {
 
 /// What is read of the bytes of an .ico file, and of those of an icon in a library.
 void bytes(std::string_view input) {
-    const forms::Bytes file(input.begin(), input.end());
+    const forms::IcoFile file(input.begin(), input.end());
     for (const int side : {16, 20, 32, 48, 300}) {
         const int best = forms::bestIconSide(file, side);
         expect(best == side || (best > 0 && best <= 256), "an icon is at most 256 pixels wide");
