@@ -19,7 +19,7 @@ def ticking_memory(minutes=MINUTES):
         eagle = stage.start_eagle()
         editors = stage.three_editors(eagle)
         stage.start_kestrel(settings.start_set())
-        stage.witness.run(FOLDER + "\\tick-bench.exe bare")
+        stage.witness.run(FOLDER + "\\tick-bench.exe bare-seen")
         for kind, editor in editors.items():
             if not stage.toolbar(editor):
                 raise RuntimeError(f"the {kind}'s toolbar is missing")

@@ -5,7 +5,9 @@
 //   tick-bench bare             five times a second, until ended: the processes until EAGLE is found,
 //                               the titles of all windows four times, one look for a file
 //   tick-bench bare-found       the same, but with three passes over the titles that end where a search ends
+//   tick-bench bare-seen        as bare, but first shows a window for two seconds
 #include "otherWindows.h"
+#include "plainWindow.h"
 
 #include <windows.h>
 
@@ -86,8 +88,10 @@ int main(int count, char** arguments) {
         return bench::openWindows(std::atoi(arguments[2]));
     if (what == "behind")
         return putBehind(count - 2, arguments + 2);
-    if (what != "bare" && what != "bare-found")
+    if (what != "bare" && what != "bare-found" && what != "bare-seen")
         return 1;
-    SetTimer(nullptr, 0, period, what == "bare" ? tickToEnds : tickToEditors);
+    if (what == "bare-seen")
+        showPlainWindow();
+    SetTimer(nullptr, 0, period, what == "bare-found" ? tickToEditors : tickToEnds);
     return bench::serve();
 }
