@@ -3,6 +3,7 @@
 #include "desktop/desktop.h"
 #include "desktop/faults.h"
 #include "desktop/surfaces.h"
+#include "desktop/toldPeers.h"
 
 #include "forms/frame.h"
 #include "forms/menu.h"
@@ -85,6 +86,7 @@ class WindowPeer : public forms::Peer {
 
     void changed(forms::Property property) override {
         const Turn desktops(false);
+        noteTold(control_, property);
         Window* window = world().find(handle_);
         if (window == nullptr)
             return;
@@ -157,7 +159,7 @@ namespace forms {
 std::unique_ptr<Peer> makePeer(Control& control) {
     const desktop::Turn desktops(false);
     if (control.kind() != ControlKind::form && control.kind() != ControlKind::frame)
-        return nullptr;
+        return desktop::listeningPeer(control);
     if (control.kind() == ControlKind::frame && control.form() == nullptr)
         return nullptr;
     return std::make_unique<desktop::WindowPeer>(control);
