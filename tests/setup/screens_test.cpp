@@ -140,6 +140,33 @@ TEST_CASE("a preview without an icon that can be read goes along all the same") 
     CHECK(screen.form().picView[0].picture().pixel(25, 25) == (forms::opaque | forms::white));
 }
 
+TEST_CASE("on a finer screen the previews of all pages show their icons drawn anew, not grown") {
+    OnScreen screen(96, 1920, 1200, 40);
+    screen.desk().screens.push_back({192, {1920, 0, 1920 + 3840, 2080}});
+    // Half as large, its two halves are in one column.
+    constexpr int side = 32;
+    std::vector<std::uint32_t> pixels(std::size_t{side} * side, forms::opaque);
+    for (std::size_t pixel = 0; pixel < pixels.size(); pixel += 2)
+        pixels[pixel] |= forms::white;
+    screen.desk().iconFiles[desktop::pathKey("C:\\t\\a.dll")].small = {{side, side, pixels}};
+    screen.open(1);
+    for (std::size_t page = 0; page < setup::listPages; ++page) {
+        store::ToolButton entry = setup::entry("a");
+        entry.icon = "C:\\t\\a.dll,0";
+        screen.form().workList[page] = setup::listOf({entry});
+        screen.form().fillList(static_cast<std::int16_t>(page));
+        screen.select(page, 0);
+    }
+    screen.desk().moveToScreen(screen.form().hWnd(), 1, 2000, 100);
+    for (std::size_t page = 0; page < setup::listPages; ++page) {
+        CAPTURE(page);
+        const forms::Picture& view = screen.form().picView[page].picture();
+        CHECK(view.width() == 50);
+        CHECK(view.pixel(2, 2) == (forms::opaque | forms::white));
+        CHECK(view.pixel(3, 2) == forms::opaque);
+    }
+}
+
 TEST_CASE("an arrow of the buttons keeps its shape in every size") {
     for (const int dpi : {120, 144, 168, 192, 240}) {
         CAPTURE(dpi);
