@@ -69,6 +69,7 @@ TEST_CASE("the icon is the program's, its messages go to the hidden text box, an
     Tray tray;
     const platform::NOTIFYICONDATA& icon = tray.desk().trayIcon.value();
     CHECK(icon.hWnd == tray.program.form().txtTooltip.hWnd());
+    CHECK_FALSE(tray.program.form().txtTooltip.visible());
     CHECK(icon.hIcon == platform::programIcon());
     const std::string tip = std::string("Kestrel Bar for EAGLE") + '\0';
     CHECK(std::string(std::begin(icon.szTip), std::end(icon.szTip)) ==

@@ -66,6 +66,19 @@ TEST_CASE("an unallocated list gives the Config button alone, with two pictures"
     CHECK(bar.form.ImageList1.indexOf("Over") == 2);
 }
 
+TEST_CASE("a toolbar's pictures are 16 by 16, whatever size those before it had") {
+    Bar bar;
+    bar.form.load();
+    bar.form.ImageList1.imageWidth = 24;
+    bar.form.ImageList1.imageHeight = 20;
+    bar.build({row("a")});
+    REQUIRE(bar.form.ImageList1.count() == 3);
+    for (int number = 1; number <= 3; ++number) {
+        CHECK(bar.rowPicture(number).width() == 16);
+        CHECK(bar.rowPicture(number).height() == 16);
+    }
+}
+
 TEST_CASE("an allocated list without a live row gives the same toolbar as an unallocated one") {
     Bar bar;
     ToolButton dead = row("gone");
