@@ -18,10 +18,13 @@ std::string dir(std::string_view path);
 /// Deletes a file. Errors 53, 70, 75.
 void kill(std::string_view path);
 
-/// Makes `to` a copy of the file `from`, in place of what is there; whole or not at all, also if the program
-/// is killed meanwhile, and one that may be written. A file that another program holds is waited for, half
-/// a second for the copy and half a second for its name. False on any failure.
-bool copyFile(std::string_view from, std::string_view to);
+/// What becomes of a file that has the name already.
+enum class Existing { replaced, kept };
+/// Makes `to` a copy of the file `from`; whole or not at all, also if the program is killed meanwhile, and
+/// one that may be written. A file that another program holds is waited for, half a second for the copy and
+/// half a second for its name. False on any failure, and where the name is taken by what is to be kept, seen
+/// by dir() or not: that is found out by giving the name, not by a question before it.
+bool copyFile(std::string_view from, std::string_view to, Existing existing = Existing::replaced);
 /// Gives a file another name in its folder, in place of what has that name. Half a second is waited for files
 /// that are held, and for one that may never be replaced, which Windows tells in the same words. False on any
 /// failure.

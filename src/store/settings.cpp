@@ -41,10 +41,9 @@ std::int16_t setini(const std::string& section, const std::string& key, const st
 }
 
 void keepSettings() {
-    const std::string kept = besideSettings("sav");
-    const bool isThere = !platform::dir(kept).empty();
-    if (std::exchange(wholeByThisRun, false) || !isThere)
-        platform::copyFile(besideSettings("ini"), kept);
+    const bool older = std::exchange(wholeByThisRun, false);
+    platform::copyFile(besideSettings("ini"), besideSettings("sav"),
+                       older ? platform::Existing::replaced : platform::Existing::kept);
 }
 
 void settingsWritten() {

@@ -92,6 +92,23 @@ TEST_CASE("a copy takes the place of what is there, and may be written") {
     CHECK_FALSE(world.readFile(to).has_value());
 }
 
+TEST_CASE("a copy that is to keep what is there does so, also where that is hidden") {
+    World world;
+    const std::string from = world.path("a.ini");
+    world.writeFile(from, "new");
+    for (const contract::FileMarks marks :
+         {contract::FileMarks{}, contract::FileMarks{.hidden = true, .system = true}}) {
+        const std::string to = world.path(marks.hidden ? "hidden.sav" : "a.sav");
+        world.writeFile(to, "older", marks);
+        CHECK_FALSE(platform::copyFile(from, to, platform::Existing::kept));
+        CHECK(world.readFile(to) == "older");
+        CHECK(platform::dir(to + "~").empty());
+    }
+    const std::string to = world.path("free.sav");
+    CHECK(platform::copyFile(from, to, platform::Existing::kept));
+    CHECK(world.readFile(to) == "new");
+}
+
 TEST_CASE("a copy of nothing, or into nothing, fails and leaves what is there") {
     World world;
     const std::string to = world.path("a.sav");

@@ -158,12 +158,14 @@ void kill(std::string_view path) {
     desktop::world().removeFile(std::string(path));
 }
 
-bool copyFile(std::string_view from, std::string_view to) {
+bool copyFile(std::string_view from, std::string_view to, Existing existing) {
     const desktop::Call call("copyFile");
     if (call.fails())
         return false;
     const desktop::File* file = desktop::world().file(std::string(from));
     if (file == nullptr || file->directory || file->locked || !desktop::mayReplace(std::string(to)))
+        return false;
+    if (existing == Existing::kept && desktop::world().file(std::string(to)) != nullptr)
         return false;
     desktop::world().writeFile(std::string(to), std::string(file->content));
     return true;

@@ -168,6 +168,22 @@ TEST_CASE("a program folder that is a drive root has its settings there") {
     CHECK(world().fileText("C:\\kestrel.ini") == "[s]\r\nk=v\r\n");
 }
 
+TEST_CASE("what a killed run has kept stays, though the folder does not show it") {
+    const Session session;
+    world().programFolder = "\\\\server\\kestrel";
+    const std::string kept = world().programFolder + "\\kestrel.sav";
+    world().writeFile(kept, "whole");
+    world().writeSettings("[Too");
+    SUBCASE("it is hidden") {
+        world().file(kept)->hidden = true;
+    }
+    SUBCASE("its server comes back a moment later") {
+        world().cutOff("server");
+    }
+    store::keepSettings();
+    CHECK(world().fileText(kept) == "whole");
+}
+
 TEST_CASE("a value with binary bytes is read as it stands") {
     const Session session;
     world().writeSettings(western("[s]\r\nk=\x01\xFFz\x7F\r\n"));

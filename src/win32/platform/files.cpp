@@ -16,12 +16,12 @@ runtime::RuntimeError lastError() {
     return win32::lastFileError(runtime::ErrorNumber::fileNotFound);
 }
 
-/// Gives a file a name, in place of what has it. Either may be held for a moment: what has just been written
-/// is what a virus scanner opens.
-bool moveOver(const std::wstring& from, const std::wstring& to) {
-    constexpr DWORD replaceAtOnce = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+/// Gives a file a name, in place of what has it unless that is to be kept. Either may be held for a moment:
+/// what has just been written is what a virus scanner opens.
+bool move(const std::wstring& from, const std::wstring& to, platform::Existing existing) {
+    const DWORD replace = existing == platform::Existing::replaced ? MOVEFILE_REPLACE_EXISTING : 0;
     const ULONGLONG begin = GetTickCount64();
-    while (MoveFileExW(from.c_str(), to.c_str(), replaceAtOnce) == FALSE) {
+    while (MoveFileExW(from.c_str(), to.c_str(), replace | MOVEFILE_WRITE_THROUGH) == FALSE) {
         // A name whose file is held is refused in the same words as one that may not be replaced at all.
         const DWORD failure = GetLastError();
         if (!win32::isHeld(failure) && failure != ERROR_ACCESS_DENIED)
@@ -68,7 +68,7 @@ void kill(std::string_view path) {
         throw lastError();
 }
 
-bool copyFile(std::string_view from, std::string_view to) {
+bool copyFile(std::string_view from, std::string_view to, Existing existing) {
     // The copy gets its name when it is whole.
     const std::wstring target = win32::widePath(to);
     const std::wstring half = target + L"~";
@@ -76,14 +76,14 @@ bool copyFile(std::string_view from, std::string_view to) {
     const std::wstring source = win32::widePath(from);
     if (win32::awaitHeld([&] { return CopyFileW(source.c_str(), half.c_str(), FALSE); }) == FALSE)
         return false;
-    if (SetFileAttributesW(half.c_str(), FILE_ATTRIBUTE_NORMAL) != FALSE && moveOver(half, target))
+    if (SetFileAttributesW(half.c_str(), FILE_ATTRIBUTE_NORMAL) != FALSE && move(half, target, existing))
         return true;
     DeleteFileW(half.c_str());
     return false;
 }
 
 bool renameFile(std::string_view from, std::string_view to) {
-    return moveOver(win32::widePath(from), win32::widePath(to));
+    return move(win32::widePath(from), win32::widePath(to), Existing::replaced);
 }
 
 std::string currentDirectory() {
