@@ -10,6 +10,10 @@
 namespace forms {
 
 void runModal(Form& form) {
+    // Its windows have been refused. There is nothing to wait for, and to give the focus to no window would
+    // take it from whoever has it, also from a field of the host's, whose input is joined with ours.
+    if (form.hWnd() == platform::HWND::none)
+        return;
     const win32::Hold hold(form);
     if (form.activates) {
         const HWND window = win32::native(form.hWnd());

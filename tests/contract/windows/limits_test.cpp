@@ -1,11 +1,13 @@
 // The system makes no more windows, fonts, icons, pictures and so on, from any call on: what the program puts
 // into a host is whole or not there, the host counts as known, and all that was there before works on.
 #include "contract/windows/creationLimit.h"
+#include "contract/windows/hostGuest.h"
 #include "contract/windows/nativeBar.h"
 #include "contract/world.h"
 #include "core/hauptform.h"
 #include "store/state.h"
 #include "win32/common/messages.h"
+#include "win32/common/native.h"
 
 #include <doctest/doctest.h>
 
@@ -125,6 +127,36 @@ TEST_CASE("a toolbar that is built anew while the system makes nothing keeps its
         win32::servePending();
         CHECK(Tracking::isWhole(toolbar));
     }
+}
+
+TEST_CASE("a dialog that gets no window takes the keyboard from nobody") {
+    World world;
+    const platform::HWND editor = world.openEditor();
+    const contract::Guest guest(editor);
+    const auto focus = [] {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        GetGUIThreadInfo(0, &info);
+        return info.hwndFocus;
+    };
+    REQUIRE(World::until([&] { return GetAncestor(focus(), GA_ROOT) == win32::native(editor); }));
+    const HWND field = focus();
+    REQUIRE(contract::joined(editor));
+    contract::Dialog dialog;
+    const auto refused = [&] {
+        const CreationLimit limit("CreateWindowExA", 0);
+        dialog.showModal();
+        return CreationLimit::met();
+    };
+    CHECK(refused());
+    CHECK(focus() == field);
+    contract::Dialog below;
+    below.show();
+    SetFocus(win32::native(below.field.hWnd()));
+    REQUIRE(World::until([&] { return focus() == win32::native(below.field.hWnd()); }));
+    CHECK(refused());
+    CHECK(focus() == win32::native(below.field.hWnd()));
+    CHECK(IsWindowEnabled(win32::native(below.hWnd())));
 }
 
 TEST_SUITE_END();
