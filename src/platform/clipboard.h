@@ -11,12 +11,12 @@ namespace platform {
 /// and short for a user who has clicked a button: nothing of ours is painted meanwhile.
 inline constexpr int clipboardPatience = 500;
 
-/// Empties it. Error 521 if another program goes on holding it.
+/// Empties it. Error 521 if another program goes on holding it, or if nothing could be put there afterwards
+/// since the system makes no more windows: then it keeps what it has.
 void clearClipboard();
 
 /// Puts text of the ANSI code page there as plain text, beside what is there in other formats. Plain text
-/// ends at its first NUL, and so does what others get of it. Error 521 if another program goes on holding the
-/// clipboard.
+/// ends at its first NUL, and so does what others get of it. Error 521 as of clearClipboard.
 void setClipboardText(std::string_view text);
 
 /// Its plain text, in the ANSI code page, as far as its first NUL; what that lacks becomes question marks.

@@ -13,20 +13,28 @@ namespace {
     throw runtime::RuntimeError(runtime::ErrorNumber::clipboardNotOpened);
 }
 
-/// What is put into the clipboard belongs to a window, or it is not taken. Lives until the process ends.
+/// What is put into the clipboard belongs to a window, or it is not taken. Lives until the process ends; one
+/// that could not be made is asked for again.
 HWND clipboardOwner() {
-    static const HWND window = CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                                               GetModuleHandleA(nullptr), nullptr);
+    static HWND window = nullptr;
+    if (IsWindow(window) == FALSE)
+        window = CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                 GetModuleHandleA(nullptr), nullptr);
     return window;
 }
 
 /// Open from its making to its end.
 class Clipboard {
   public:
-    Clipboard() {
+    enum class For { reading, writing };
+    explicit Clipboard(For what) {
+        const HWND owner = clipboardOwner();
+        // Nobody's it could be emptied, and nothing be put there instead.
+        if (owner == nullptr && what == For::writing)
+            fail();
         constexpr DWORD pause = 10; // milliseconds
         const ULONGLONG begin = GetTickCount64();
-        while (OpenClipboard(clipboardOwner()) == FALSE) {
+        while (OpenClipboard(owner) == FALSE) {
             if (GetTickCount64() - begin >= platform::clipboardPatience)
                 fail();
             Sleep(pause);
@@ -56,13 +64,13 @@ void put(UINT format, const void* bytes, std::size_t size) {
 namespace platform {
 
 void clearClipboard() {
-    const Clipboard open;
+    const Clipboard open(Clipboard::For::writing);
     if (EmptyClipboard() == FALSE)
         fail();
 }
 
 std::string clipboardText() {
-    const Clipboard open;
+    const Clipboard open(Clipboard::For::reading);
     // The system makes Unicode of a text in any code page.
     const HANDLE block = GetClipboardData(CF_UNICODETEXT);
     const auto* const begin = block == nullptr ? nullptr : static_cast<const wchar_t*>(GlobalLock(block));
@@ -77,7 +85,7 @@ std::string clipboardText() {
 
 void setClipboardText(std::string_view text) {
     const std::string ended(text.substr(0, text.find('\0')));
-    const Clipboard open;
+    const Clipboard open(Clipboard::For::writing);
     put(CF_TEXT, ended.c_str(), ended.size() + 1);
     // Programs that ask for Unicode get it by this code page; otherwise by that of the keyboard in use.
     const LCID language = GetSystemDefaultLCID();

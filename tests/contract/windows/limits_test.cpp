@@ -5,6 +5,8 @@
 #include "contract/windows/nativeBar.h"
 #include "contract/world.h"
 #include "core/hauptform.h"
+#include "platform/clipboard.h"
+#include "runtime/errorOf.h"
 #include "store/state.h"
 #include "win32/common/messages.h"
 #include "win32/common/native.h"
@@ -157,6 +159,24 @@ TEST_CASE("a dialog that gets no window takes the keyboard from nobody") {
     CHECK(refused());
     CHECK(focus() == win32::native(below.field.hWnd()));
     CHECK(IsWindowEnabled(win32::native(below.hWnd())));
+}
+
+TEST_CASE("the clipboard is not emptied for what could not be put there, and works again afterwards") {
+    World world;
+    platform::clearClipboard();
+    platform::setClipboardText("the user's");
+    DestroyWindow(GetClipboardOwner()); // as before the first copy
+    {
+        const CreationLimit limit("CreateWindowExA", 0);
+        CHECK(runtime::errorOf([] { platform::clearClipboard(); }) == 521);
+        CHECK(CreationLimit::met());
+        CHECK(runtime::errorOf([] { platform::setClipboardText("new"); }) == 521);
+        CHECK(platform::clipboardText() == "the user's");
+    }
+    CHECK(world.clipboardText() == "the user's");
+    platform::clearClipboard();
+    platform::setClipboardText("new");
+    CHECK(world.clipboardText() == "new");
 }
 
 TEST_SUITE_END();
