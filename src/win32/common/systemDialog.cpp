@@ -93,14 +93,11 @@ SystemDialog::~SystemDialog() {
 void SystemDialog::makeOwner(HWND above) {
     // The dialog itself is our own.
     const Seeing seen(viewOf(above));
-    static const ATOM known = [] {
-        WNDCLASSA description{};
-        description.lpfnWndProc = hear;
-        description.hInstance = GetModuleHandleA(nullptr);
-        description.lpszClassName = ownerClass;
-        return RegisterClassA(&description);
-    }();
-    static_cast<void>(known);
+    WNDCLASSA description{};
+    description.lpfnWndProc = hear;
+    description.hInstance = GetModuleHandleA(nullptr);
+    description.lpszClassName = ownerClass;
+    RegisterClassA(&description); // refused where it is known already
     // The dialog chooses its place by that of its owner.
     RECT place{};
     GetClientRect(above, &place);

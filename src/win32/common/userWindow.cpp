@@ -44,13 +44,13 @@ void CALLBACK cameToFront(HWINEVENTHOOK /*hook*/, DWORD /*event*/, HWND window, 
 } // namespace
 
 void followUser() {
-    static const HWINEVENTHOOK hook = [] {
-        cameToFront(nullptr, 0, GetForegroundWindow(), 0, 0, 0, 0);
-        // It is told through this thread's messages and lasts as long as the thread.
-        return SetWinEventHook(EVENT_SYSTEM_FOREGROUND, EVENT_SYSTEM_FOREGROUND, nullptr, cameToFront, 0, 0,
-                               WINEVENT_OUTOFCONTEXT);
-    }();
-    (void)hook;
+    static HWINEVENTHOOK hook = nullptr;
+    if (hook != nullptr)
+        return;
+    cameToFront(nullptr, 0, GetForegroundWindow(), 0, 0, 0, 0);
+    // It is told through this thread's messages and lasts as long as the thread.
+    hook = SetWinEventHook(EVENT_SYSTEM_FOREGROUND, EVENT_SYSTEM_FOREGROUND, nullptr, cameToFront, 0, 0,
+                           WINEVENT_OUTOFCONTEXT);
 }
 
 HWND userWindow() {

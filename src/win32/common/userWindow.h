@@ -5,7 +5,7 @@
 
 namespace win32 {
 
-/// Begins to follow the user from window to window. Calls after the first do nothing.
+/// Begins to follow the user from window to window. Calls after the first that is not refused do nothing.
 void followUser();
 
 /// The window in front; while that is none that a user works in, the last one before it that is still there.

@@ -13,9 +13,12 @@ namespace {
 
 using Viewer = HWND(WINAPI*)(HWND, const char*, UINT, DWORD_PTR);
 
-/// Loaded at the first use and kept: it runs the help window, on a thread of its own.
+/// Loaded at the first use and kept: it runs the help window, on a thread of its own. A load that has been
+/// refused, be it for lack of memory, is tried again when the user asks for help again.
 Viewer viewer() {
-    static const auto bound = win32::routineOf<Viewer>(win32::systemLibrary(L"hhctrl.ocx"), "HtmlHelpA");
+    static Viewer bound = nullptr;
+    if (bound == nullptr)
+        bound = win32::routineOf<Viewer>(win32::systemLibrary(L"hhctrl.ocx"), "HtmlHelpA");
     return bound;
 }
 

@@ -182,9 +182,11 @@ std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, cons
 }
 
 HICON programIcon() {
+    static ::HANDLE icon = nullptr;
     // Not a shared one: that has the size in which it was first asked for.
-    static const auto icon = LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON,
-                                        smallIconSide, smallIconSide, LR_DEFAULTCOLOR);
+    if (icon == nullptr)
+        icon = LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON, smallIconSide,
+                          smallIconSide, LR_DEFAULTCOLOR);
     return HICON{reinterpret_cast<std::uintptr_t>(icon)};
 }
 

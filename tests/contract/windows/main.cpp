@@ -8,6 +8,7 @@
 #include "contract/windows/files.h"
 #include "contract/windows/orders.h"
 #include "contract/windows/otherProgramMain.h"
+#include "contract/windows/refusedOnce.h"
 #include "contract/windows/withoutLibraries.h"
 #include "contract/windows/withoutViews.h"
 #include "contract/world.h"
@@ -119,6 +120,8 @@ int main(int count, char** arguments) {
         return contract::withoutViewsMain();
     if (count > 1 && std::strcmp(arguments[1], contract::withoutLibrariesArgument) == 0)
         return contract::withoutLibrariesMain();
+    if (count > 1 && std::strcmp(arguments[1], contract::refusedOnceArgument) == 0)
+        return contract::refusedOnceMain();
     if (!windowsCanBeMade()) {
         std::fputs("no window can be made: there is no display\n", stderr);
         return 5;
