@@ -12,6 +12,22 @@
 
 namespace store {
 
+namespace {
+
+/// An icon is given back at the end of the block, also where there is no memory to draw it.
+class GivenBack {
+  public:
+    explicit GivenBack(platform::HICON icon) : icon_(icon) {}
+    ~GivenBack() { platform::DestroyIcon(icon_); }
+    GivenBack(const GivenBack&) = delete;
+    GivenBack& operator=(const GivenBack&) = delete;
+
+  private:
+    platform::HICON icon_;
+};
+
+} // namespace
+
 bool extractIconToPicture(const std::string& file, std::int32_t index, forms::PictureBox& picture) {
     try {
         // Kept: the large icon is fetched with the small one, never used and never given back. The platform
@@ -22,12 +38,14 @@ bool extractIconToPicture(const std::string& file, std::int32_t index, forms::Pi
         const int side = resolution.scaled(platform::smallIconSide);
         if (platform::ExtractIconExA(expandTokens(file).c_str(), index, largeIcon, smallIcon, side) < 1)
             return false;
-        picture.setAutoRedraw(true);
-        picture.cls();
-        // As much as the box, two pixels of the design wider than the icon, leaves at each side of it.
-        const int margin = resolution.scaledDown(1);
-        platform::DrawIconEx(picture.hDC(), margin, margin, smallIcon, 0, 0, 0, platform::drawNormally);
-        platform::DestroyIcon(smallIcon);
+        {
+            const GivenBack afterDrawing(smallIcon);
+            picture.setAutoRedraw(true);
+            picture.cls();
+            // As much as the box, two pixels of the design wider than the icon, leaves at each side of it.
+            const int margin = resolution.scaledDown(1);
+            platform::DrawIconEx(picture.hDC(), margin, margin, smallIcon, 0, 0, 0, platform::drawNormally);
+        }
         picture.refresh();
         picture.setAutoRedraw(false);
         return true;

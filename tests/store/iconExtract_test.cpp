@@ -65,6 +65,20 @@ TEST_CASE("an error while an icon is fetched stays silent, and there is none") {
     CHECK_FALSE(fetched);
 }
 
+TEST_CASE("an icon that cannot be drawn is given back") {
+    const desktop::Session session;
+    Surface18 surface;
+    world().addIcons("C:\\kestrel\\brd.ico", 1);
+    desktop::faults().onCall = [](const std::string& call) {
+        if (call == "DrawIconEx")
+            throw runtime::RuntimeError(runtime::ErrorNumber::outOfMemory);
+    };
+    const bool drawn = store::extractIconToPicture("C:\\kestrel\\brd.ico", 0, surface.box);
+    desktop::faults().onCall = nullptr;
+    CHECK_FALSE(drawn);
+    CHECK(world().icons.size() == 1); // the large one
+}
+
 TEST_CASE("the small icon of a file is drawn with a margin of one pixel at the left and top") {
     const desktop::Session session;
     Surface18 surface;

@@ -1,5 +1,7 @@
 #include "win32/platform/iconFile.h"
 
+#include "win32/common/owned.h"
+
 #include <cstdint>
 #include <string_view>
 #include <utility>
@@ -18,6 +20,7 @@ forms::IcoFile contentOf(const std::wstring& path) {
                     nullptr, OPEN_EXISTING, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         return {};
+    const Owned<HANDLE> open(file);
     forms::IcoFile content;
     LARGE_INTEGER size{};
     DWORD got = 0;
@@ -26,7 +29,6 @@ forms::IcoFile contentOf(const std::wstring& path) {
         if (ReadFile(file, content.data(), static_cast<DWORD>(content.size()), &got, nullptr) == FALSE)
             got = 0;
     }
-    CloseHandle(file);
     content.resize(got);
     return content;
 }

@@ -1,5 +1,6 @@
 #include "win32/platform/iconSizes.h"
 
+#include "win32/common/owned.h"
 #include "win32/forms/bitmaps.h"
 
 #include <algorithm>
@@ -28,6 +29,8 @@ forms::Picture pictureOf(HICON icon) {
     ICONINFO info{};
     if (GetIconInfo(icon, &info) == FALSE)
         return {};
+    const Owned<HBITMAP> colourBitmap(info.hbmColor);
+    const Owned<HBITMAP> maskBitmap(info.hbmMask);
     BITMAP shape{};
     std::vector<std::uint32_t> colours;
     std::vector<std::uint32_t> mask;
@@ -43,8 +46,6 @@ forms::Picture pictureOf(HICON icon) {
         GetDIBits(screen, info.hbmMask, 0, rows, mask.data(), &layout, DIB_RGB_COLORS);
         ReleaseDC(nullptr, screen);
     }
-    DeleteObject(info.hbmColor);
-    DeleteObject(info.hbmMask);
     constexpr std::uint32_t colourBits = 0x00FFFFFF;
     const bool bare = std::ranges::none_of(colours, [](std::uint32_t pixel) { return pixel >> 24U != 0; });
     for (std::size_t place = 0; bare && place < colours.size(); ++place)
@@ -55,19 +56,19 @@ forms::Picture pictureOf(HICON icon) {
 } // namespace
 
 forms::IconDirectory directoryInLibrary(const std::wstring& path, std::int32_t index) {
-    const HMODULE library = LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    const Owned<HMODULE> loaded(LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE));
+    const HMODULE library = loaded.get();
     if (library == nullptr)
         return {};
     Search search{index};
     EnumResourceNamesW(library, reinterpret_cast<LPCWSTR>(RT_GROUP_ICON), lookAtIcon,
                        reinterpret_cast<LONG_PTR>(&search));
     forms::IconDirectory directory;
-    const HGLOBAL loaded = search.found == nullptr ? nullptr : LoadResource(library, search.found);
-    if (const void* memory = loaded == nullptr ? nullptr : LockResource(loaded)) {
+    const HGLOBAL resource = search.found == nullptr ? nullptr : LoadResource(library, search.found);
+    if (const void* memory = resource == nullptr ? nullptr : LockResource(resource)) {
         const auto* first = static_cast<const unsigned char*>(memory);
         directory.assign(first, first + SizeofResource(library, search.found));
     }
-    FreeLibrary(library);
     return directory;
 }
 

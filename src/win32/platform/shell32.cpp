@@ -3,6 +3,7 @@
 #include "forms/iconDirectory.h"
 #include "runtime/text.h"
 #include "win32/common/native.h"
+#include "win32/common/owned.h"
 #include "win32/platform/hosts.h"
 #include "win32/platform/iconChooser.h"
 #include "win32/platform/iconFile.h"
@@ -22,24 +23,13 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 
 namespace {
 
 /// What is read of one file's icon: no more than is taken of it outlives it.
-class ExtractedIcon {
-  public:
-    ExtractedIcon() = default;
-    ~ExtractedIcon() {
-        for (const ::HICON icon : {large, little})
-            if (icon != nullptr)
-                ::DestroyIcon(icon);
-    }
-    ExtractedIcon(const ExtractedIcon&) = delete;
-    ExtractedIcon& operator=(const ExtractedIcon&) = delete;
-
-    ::HICON large = nullptr;
-    ::HICON little = nullptr;
+struct ExtractedIcon {
+    win32::Owned<::HICON> large;
+    win32::Owned<::HICON> little;
 };
 
 /// The icon with a number in a file, at the sizes that are asked for. These are told in pixels: the system's
@@ -76,12 +66,10 @@ class IconSource {
         else if (index_ >= 0)
             directory = win32::directoryInLibrary(path_, index_);
         const int best = forms::bestIconSide(directory, smallSide_);
-        const ::HICON icon = at(best);
+        win32::Owned<::HICON> icon(at(best));
         if (icon == nullptr || best == smallSide_)
-            return icon;
-        const ::HICON made = win32::scaledIcon(icon, smallSide_);
-        DestroyIcon(icon);
-        return made;
+            return icon.release();
+        return win32::scaledIcon(icon.get(), smallSide_);
     }
 
   private:
@@ -119,15 +107,15 @@ std::uint32_t ExtractIconExA(const char* file, std::int32_t index, HICON& largeI
         if (!win32::fileAnswers(path))
             return false;
         const IconSource source(path, index, smallSide);
-        icon->large = source.at(largeIconSide);
-        icon->little = source.little();
+        icon->large.reset(source.at(largeIconSide));
+        icon->little.reset(source.little());
         return true;
     });
     if (!asked || icon->large == nullptr || icon->little == nullptr)
         return 0;
-    win32::keepLargeIcon(icon->large);
-    largeIcon = HICON{reinterpret_cast<std::uintptr_t>(std::exchange(icon->large, nullptr))};
-    smallIcon = HICON{reinterpret_cast<std::uintptr_t>(std::exchange(icon->little, nullptr))};
+    win32::keepLargeIcon(icon->large.get());
+    largeIcon = HICON{reinterpret_cast<std::uintptr_t>(icon->large.release())};
+    smallIcon = HICON{reinterpret_cast<std::uintptr_t>(icon->little.release())};
     return 1;
 }
 

@@ -1,12 +1,17 @@
 // Pictures of icons against the files that they come from, and the sizes in which icons are asked for.
 #include "store/iconPicture.h"
 
+#include "contract/windows/counts.h"
 #include "contract/windows/icons.h"
 #include "contract/windows/importHook.h"
+#include "contract/windows/memoryLimit.h"
 #include "contract/world.h"
 
 #include "platform/shell32.h"
 #include "platform/user32.h"
+#include "win32/common/wide.h"
+#include "win32/platform/iconFile.h"
+#include "win32/platform/iconSizes.h"
 
 #include <doctest/doctest.h>
 
@@ -14,6 +19,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <new>
+#include <string>
 #include <utility>
 
 namespace {
@@ -114,6 +121,30 @@ TEST_CASE("a picture that the file does not have is made of its next larger one"
     // There is none larger: the largest grows.
     CHECK(store::iconPicture(file, 0, 64).width() == 64);
     CHECK(contract::openGraphics() == graphics);
+}
+
+TEST_CASE("what an icon is read and scaled with goes also where there is no memory for its pixels") {
+    const contract::World world;
+    const std::wstring file = win32::toWide(contract::World::dataFile("brd.ico"));
+    platform::HICON large{};
+    platform::HICON little{};
+    REQUIRE(platform::ExtractIconExA(contract::World::dataFile("brd.ico").c_str(), 0, large, little) == 1);
+    const auto icon = reinterpret_cast<HICON>(large);
+    REQUIRE(win32::IconFile::read(file));
+    const HICON once = win32::scaledIcon(icon, 28);
+    REQUIRE(once != nullptr);
+    DestroyIcon(once);
+    const int handles = contract::openHandles();
+    const int graphics = contract::openGraphics();
+    {
+        constexpr std::size_t pixelsOfLarge = std::size_t{4} * 32 * 32;
+        const contract::MemoryLimit limit(pixelsOfLarge);
+        CHECK_THROWS_AS(win32::IconFile::read(file), std::bad_alloc);
+        CHECK_THROWS_AS(win32::scaledIcon(icon, 28), std::bad_alloc);
+    }
+    CHECK(contract::openHandles() == handles);
+    CHECK(contract::openGraphics() == graphics);
+    platform::DestroyIcon(little);
 }
 
 TEST_SUITE_END();
