@@ -120,6 +120,22 @@ TEST_CASE("a host that hangs is waited for once, and not to its end, when its ow
     CHECK(program.desk().order.front() == program.board);
 }
 
+TEST_CASE("beside a host that hangs a window of ours changes its place, and asks only if it is seen") {
+    Host program;
+    const HWND hidden = program.form().hWnd();
+    REQUIRE(hidden != HWND::none);
+    REQUIRE_FALSE(program.desk().isSeen(hidden));
+    const HWND seen = program.toolbar(EditorKind::board, 1).hWnd();
+    REQUIRE(program.desk().isSeen(seen));
+    const std::int64_t begin = program.desk().now;
+    program.desk().hang(program.board, minute);
+    program.desk().event([&] { platform::SetWindowPos(hidden, 0, 0, 0, 0, 0, 3); });
+    CHECK(program.desk().now == begin);
+    CHECK(program.desk().order.front() == hidden);
+    program.desk().event([&] { platform::SetWindowPos(seen, 0, 0, 0, 0, 0, 3); });
+    CHECK(program.desk().now - begin == 200);
+}
+
 TEST_CASE("while a host hangs a window of another one gets its toolbar with the next tick") {
     Host program;
     constexpr std::uint32_t other = 8;

@@ -226,9 +226,14 @@ bool SetWindowPos(HWND window, std::intptr_t insertAfter, int x, int y, int widt
         return false;
     noteCall("SetWindowPos", {number(window), number(insertAfter), number(x), number(y), number(width),
                               number(height), number(static_cast<std::intptr_t>(flags))});
-    if (const Window* found = world().find(window); found == nullptr || found->elevated)
+    const Window* found = world().find(window);
+    if (found == nullptr || found->elevated)
         return false;
-    raise(window);
+    // One of ours that nobody sees takes front and focus from nobody: no other thread has to hear of it.
+    if (found->process == desktop::programProcess && !world().isSeen(window))
+        world().raise(window);
+    else
+        raise(window);
     return true;
 }
 
