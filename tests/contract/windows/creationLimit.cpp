@@ -9,7 +9,6 @@
 #include <climits>
 #include <memory>
 #include <type_traits>
-#include <vector>
 
 namespace contract {
 
@@ -79,6 +78,13 @@ const Entry entries[] = {
 std::unique_ptr<ImportHook> hook;
 
 } // namespace
+
+std::vector<std::string_view> creations() {
+    std::vector<std::string_view> names;
+    for (const Entry& entry : entries)
+        names.emplace_back(entry.name);
+    return names;
+}
 
 CreationLimit::CreationLimit(std::string_view function, int left) {
     roomLeft = left;

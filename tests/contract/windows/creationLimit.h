@@ -4,15 +4,13 @@
 #include <functional>
 #include <map>
 #include <string_view>
+#include <vector>
 
 namespace contract {
 
-/// Functions that make windows, fonts, icons, picture lists, bitmaps, brushes and device contexts.
-inline constexpr const char* creations[] = {
-    "CreateWindowExA",          "CreateWindowExW",    "CreateFontIndirectA", "PrivateExtractIconsW",
-    "CreateIconFromResourceEx", "CreateIconIndirect", "ImageList_Create",    "ImageList_Add",
-    "CreateDIBSection",         "CreateBitmap",       "CreateSolidBrush",    "CreateCompatibleDC",
-};
+/// The names of functions that make windows, fonts, icons, picture lists, bitmaps, brushes and device
+/// contexts.
+std::vector<std::string_view> creations();
 
 /// From its making to its end the first `left` calls of one of them go well and all others fail. Calls of the
 /// system's own DLLs are not met. One at a time.

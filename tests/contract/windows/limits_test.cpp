@@ -18,6 +18,7 @@
 #include <commctrl.h>
 
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -115,7 +116,7 @@ TEST_CASE("a creation that fails, whichever and from whichever call on, leaves n
 TEST_CASE("a toolbar that is built anew while the system makes nothing keeps its window and its buttons") {
     Tracking program;
     toolbars::frmToolbar& toolbar = *program.form.toolbarsBRD.front();
-    for (const char* function : contract::creations) {
+    for (const std::string_view function : contract::creations()) {
         INFO(std::string(function));
         {
             const CreationLimit limit(function, 0);
