@@ -1,6 +1,7 @@
 #include "platform/clipboard.h"
 
 #include "desktop/desktop.h"
+#include "desktop/faults.h"
 
 #include <algorithm>
 #include <string>
@@ -10,9 +11,9 @@ namespace {
 using desktop::world;
 
 /// Time goes by while a clipboard is waited for that is given back in time.
-void openClipboard() {
+void openClipboard(const desktop::Call& call) {
     desktop::World& desk = world();
-    if (desk.clipboardHeldUntil > desk.now + platform::clipboardPatience)
+    if (call.fails() || desk.clipboardHeldUntil > desk.now + platform::clipboardPatience)
         throw runtime::RuntimeError(runtime::ErrorNumber::clipboardNotOpened);
     desk.now = std::max(desk.now, desk.clipboardHeldUntil);
 }
@@ -22,19 +23,22 @@ void openClipboard() {
 namespace platform {
 
 void clearClipboard() {
-    openClipboard();
+    const desktop::Call call("clearClipboard");
+    openClipboard(call);
     world().clipboard.reset();
     world().note("clearClipboard");
 }
 
 void setClipboardText(std::string_view text) {
-    openClipboard();
+    const desktop::Call call("setClipboardText");
+    openClipboard(call);
     world().clipboard = std::string(text.substr(0, text.find('\0')));
     world().note("setClipboardText");
 }
 
 std::string clipboardText() {
-    openClipboard();
+    const desktop::Call call("clipboardText");
+    openClipboard(call);
     const std::string& text = world().clipboard.value_or("");
     return text.substr(0, text.find('\0'));
 }

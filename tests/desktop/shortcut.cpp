@@ -1,6 +1,7 @@
 #include "platform/shortcut.h"
 
 #include "desktop/desktop.h"
+#include "desktop/faults.h"
 
 namespace desktop {
 
@@ -14,6 +15,9 @@ void World::addShortcut(const std::string& path, const std::string& target, cons
 namespace platform {
 
 std::optional<Shortcut> readShortcut(std::string_view path) {
+    const desktop::Call call("readShortcut");
+    if (call.fails())
+        return {};
     desktop::World& desk = desktop::world();
     const std::string whole(path);
     const auto found = desk.shortcuts.find(desktop::pathKey(whole));

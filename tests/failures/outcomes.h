@@ -63,15 +63,20 @@ inline constexpr Outcome outcomes[] = {
     // --- the user
     {"inputBox", nullptr, 0, "dialogs started", "as after Cancel"},
     {"GetOpenFileNameA", nullptr, 0, "dialogs typed settings lists", "as after Cancel"},
-    {"PickIconDlg", nullptr, 0, "dialogs settings lists", "as after Cancel"},
-    {"HtmlHelpA", nullptr, 0, "messages", "told, and tried again"},
+    {"PickIconDlg", nullptr, 0, "dialogs settings lists clipboard", "as after Cancel, and the row is copied so"},
+    {"HtmlHelpA", nullptr, 0, "messages beeps", "told, and tried again"},
     {"currentDirectory", nullptr, 0, "messages", "told, and tried again"},
     {"sendKeys", nullptr, 0, "typed", "nothing is typed"},
+    {"clearClipboard", nullptr, 0, "beeps clipboard lists settings", "told by a beep, nothing is copied"},
+    {"setClipboardText", nullptr, 0, "beeps clipboard lists settings", "told by a beep, nothing is copied"},
+    {"clipboardText", nullptr, 0, "beeps lists settings", "told by a beep, nothing is pasted"},
 
     // --- files and programs
     {"dir", nullptr, 0, "request started", "the file counts as missing"},
     {"dir", "start", 0, "request started activated windows messages", "EAGLE's file, too"},
     {"dir", "setup", 0, "settings lists messages", "EAGLE's file, too: the path is told as wrong, the dialog stays open"},
+    {"readShortcut", nullptr, 0, "beeps lists settings", "as a file that is no shortcut: told by a beep, nothing is taken"},
+    {"dir", "setup", 0, "beeps settings lists", "of dropped files that are not all there none is taken"},
     {"kill", nullptr, 70, "", "a request that cannot be deleted would be run for ever"},
     {"readFirstLine", nullptr, 70, "", "a request that cannot be read"},
     {"ShellExecuteA", nullptr, 0, "started", "nothing is opened, nothing told"},

@@ -33,6 +33,7 @@ void prepare(Program& program) {
     desktop::World& desk = program.desk();
     for (const char* file : {"C:\\EAGLE\\eagle.exe", "C:\\tools\\edit.exe"})
         desk.writeFile(file, "MZ");
+    desk.addShortcut("C:\\tools\\edit.lnk", "C:\\tools\\edit.exe", "");
     desk.addIcons("C:\\x.ico", 3);
     desk.addIcons("C:\\kestrel\\brd.ico", 1);
     desk.writeSettings(
@@ -119,6 +120,10 @@ void editSetup(forms::Form& shown) {
     form.btnIcon[2].click();
     form.txtTitle[2].edited("Other");
     form.btnL[2].click();
+    form.lstApps[2].keyPressed({.character = U'c', .control = true});
+    form.lstApps[1].keyPressed({.character = U'v', .control = true});
+    static const std::vector<std::string> dropped = {"C:\\tools\\edit.lnk", "C:\\tools\\edit.exe"};
+    form.lstApps[0].filesDropped(dropped);
     form.lstApps[0].selected(0);
     form.btnRemove[0].click();
     form.chkUnitCalc.setValue(0);
@@ -220,6 +225,8 @@ void tellUser(desktop::World& desk, Facts& facts) {
     for (const std::string& title : desk.activations)
         facts["activated"] += title + "\n";
     facts["help"] = std::to_string(desk.helpCalls.size());
+    facts["clipboard"] = desk.clipboard.value_or("none");
+    facts["beeps"] = std::to_string(desk.beeps);
 }
 
 } // namespace
