@@ -3,6 +3,7 @@
 #include "failures/allocations.h"
 #include "failures/seed.h"
 #include "failures/stories.h"
+#include "failures/told.h"
 
 #include "fuzz/random.h"
 #include "runtime/outOfMemory.h"

@@ -2,6 +2,7 @@
 #include "failures/outcomes.h"
 #include "failures/seed.h"
 #include "failures/stories.h"
+#include "failures/told.h"
 
 #include "desktop/faults.h"
 #include "fuzz/random.h"
@@ -20,21 +21,21 @@ using failures::Story;
 
 namespace {
 
-struct Told : failures::Told {
-    std::string failed;
+/// A story with the calls of the platform in it.
+struct Attempt : failures::Told {
+    std::string failed; ///< the call that has failed; empty if none has
     int calls = 0;
 };
 
 /// Tells a story; its call with the number `failing` fails, none with 0.
-Told tell(const Story& story, int failing) {
+Attempt tell(const Story& story, int failing) {
     desktop::Program program;
     story.begin(program);
     const auto before = failures::settingsOf(program.desk().settings());
     faults().watch(failing);
     story.tell(program);
     faults().stop();
-    Told told{failures::outcomeOf(program, before), faults().failed(), faults().calls()};
-    return told;
+    return {failures::outcomeOf(program, before), faults().failed(), faults().calls()};
 }
 
 std::set<std::string> differing(const Facts& some, const Facts& others) {
@@ -53,15 +54,15 @@ bool isAmong(const std::string& fact, const char* names) {
     return (" " + std::string(names) + " ").find(" " + fact + " ") != std::string::npos;
 }
 
-bool fits(const Outcome& outcome, const Story& story, const Told& told) {
+bool fits(const Outcome& outcome, const Story& story, const Attempt& told) {
     return outcome.call == told.failed &&
            (outcome.story == nullptr || std::string(outcome.story) == story.name);
 }
 
 /// Lets one call fail and compares what comes of it with the table. What has differed is put into `seen`.
-void tryCall(const Story& story, const Told& whole, int failing,
+void tryCall(const Story& story, const Attempt& whole, int failing,
              std::map<const Outcome*, std::set<std::string>>& seen) {
-    const Told told = tell(story, failing);
+    const Attempt told = tell(story, failing);
     CAPTURE(std::string(story.name));
     CAPTURE(failing);
     CAPTURE(told.failed);
@@ -117,7 +118,7 @@ TEST_CASE("each call of the platform fails once, with the outcome that is stated
     MESSAGE("KESTREL_SEED=", failures::seed());
     std::map<const Outcome*, std::set<std::string>> seen;
     for (const Story& story : failures::stories) {
-        const Told whole = tell(story, 0);
+        const Attempt whole = tell(story, 0);
         REQUIRE((whole.facts.at("ended") == "yes") == (std::string(story.name) == "exit"));
         for (const int number : chosen(whole.calls))
             tryCall(story, whole, number, seen);

@@ -1,5 +1,4 @@
-// What comes of a story in which something has failed.
-#include "failures/stories.h"
+#include "failures/told.h"
 
 #include <algorithm>
 #include <string_view>
