@@ -3,6 +3,7 @@
 #include "platform/user32.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <vector>
 
@@ -10,11 +11,10 @@ namespace core {
 
 namespace {
 
-/// Top-level windows, filled by each walk anew.
-std::vector<platform::HWND> inOrder;
+using Windows = std::vector<platform::HWND>;
 
-int collect(platform::HWND window, std::intptr_t /*extra*/) {
-    inOrder.push_back(window);
+int collect(platform::HWND window, std::intptr_t into) {
+    std::bit_cast<Windows*>(into)->push_back(window);
     return 1;
 }
 
@@ -24,8 +24,8 @@ void Hauptform::followSave() {
     for (const store::EditorKind kind : store::editorKinds)
         store::loadList(kind);
     // A toolbar that finds its height raises its host: from the back to the front the hosts keep their order.
-    inOrder.clear();
-    platform::EnumWindows(collect, 0);
+    Windows inOrder;
+    platform::EnumWindows(collect, std::bit_cast<std::intptr_t>(&inOrder));
     std::ranges::reverse(inOrder);
     for (const platform::HWND host : inOrder)
         for (const store::EditorKind kind : store::editorKinds)
