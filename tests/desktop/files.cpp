@@ -40,6 +40,15 @@ bool mayReplace(const std::string& path) {
            (there == nullptr || !(there->directory || there->readOnly || there->locked));
 }
 
+/// False if the one cannot be read or the other not be written.
+bool copyContent(const std::string& from, const std::string& to) {
+    const File* file = world().file(from);
+    if (file == nullptr || file->directory || file->locked || !mayReplace(to))
+        return false;
+    world().writeFile(to, std::string(file->content));
+    return true;
+}
+
 } // namespace
 
 std::string pathKey(const std::string& path) {
@@ -160,25 +169,14 @@ void kill(std::string_view path) {
 
 bool copyFile(std::string_view from, std::string_view to, Existing existing) {
     const desktop::Call call("copyFile");
-    if (call.fails())
-        return false;
-    const desktop::File* file = desktop::world().file(std::string(from));
-    if (file == nullptr || file->directory || file->locked || !desktop::mayReplace(std::string(to)))
-        return false;
-    if (existing == Existing::kept && desktop::world().file(std::string(to)) != nullptr)
-        return false;
-    desktop::world().writeFile(std::string(to), std::string(file->content));
-    return true;
+    const bool kept = existing == Existing::kept && desktop::world().file(std::string(to)) != nullptr;
+    return !call.fails() && !kept && desktop::copyContent(std::string(from), std::string(to));
 }
 
 bool renameFile(std::string_view from, std::string_view to) {
     const desktop::Call call("renameFile");
-    if (call.fails())
+    if (call.fails() || !desktop::copyContent(std::string(from), std::string(to)))
         return false;
-    const desktop::File* file = desktop::world().file(std::string(from));
-    if (file == nullptr || file->directory || file->locked || !desktop::mayReplace(std::string(to)))
-        return false;
-    desktop::world().writeFile(std::string(to), std::string(file->content));
     desktop::world().removeFile(std::string(from));
     return true;
 }
