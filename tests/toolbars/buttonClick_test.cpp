@@ -2,6 +2,7 @@
 #include "codePages.h"
 #include "desktop/program.h"
 #include "toolbars/buttonTag.h"
+#include "toolbars/describedButton.h"
 
 #include <doctest/doctest.h>
 
@@ -27,12 +28,7 @@ struct Host : Program {
     }
 
     bool click(const std::string& path, int dialog, const std::string& param, int type) {
-        store::ToolButton button;
-        button.path = path;
-        button.dialog = static_cast<std::int16_t>(dialog);
-        button.param = param;
-        button.type = static_cast<std::int16_t>(type);
-        return clickTag(toolbars::buttonTag(button), "x1");
+        return clickTag(toolbars::buttonTag(toolbars::describedButton(path, dialog, param, type)), "x1");
     }
     bool clickTag(const std::string& tag, const std::string& key) {
         forms::ToolbarButton button;

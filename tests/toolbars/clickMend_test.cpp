@@ -3,6 +3,7 @@
 #include "mending.h"
 #include "runtime/characters.h"
 #include "toolbars/buttonTag.h"
+#include "toolbars/describedButton.h"
 
 #include <doctest/doctest.h>
 
@@ -23,14 +24,9 @@ struct Clicked : Mending {
         ticks(1);
     }
     bool click(const std::string& path, int dialog, const std::string& param, int type) {
-        store::ToolButton button;
-        button.path = path;
-        button.dialog = static_cast<std::int16_t>(dialog);
-        button.param = param;
-        button.type = static_cast<std::int16_t>(type);
         forms::ToolbarButton clicked;
         clicked.key = "x1";
-        clicked.tag = toolbars::buttonTag(button);
+        clicked.tag = toolbars::buttonTag(toolbars::describedButton(path, dialog, param, type));
         return desk().event([&] { toolbar(EditorKind::board, 1).Toolbar_ButtonClick(clicked); });
     }
     const std::vector<KeyStroke>& strokes() {
