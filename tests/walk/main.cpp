@@ -1,9 +1,8 @@
 // Plays walks through the program's days, each in a world of its own:
 //
-//   kestrel-walk [WORLDS [SEED [EVENTS]]]    so many worlds from a seed on, one seed each; 10 from 1 on, each
-//   of
-//                                            10,000 events, if nothing else is said
+//   kestrel-walk [WORLDS [SEED [EVENTS]]]
 //
+// So many worlds from a seed on, one seed each: 10 from 1 on, each of 10,000 events, if nothing else is said.
 // The first thing that is wrong ends it, with its seed and the events before it: kestrel-walk 1 SEED plays it
 // again.
 #include "walk/walk.h"
