@@ -47,9 +47,7 @@ struct Limited<Name, Result WINAPI(Arguments...)> {
     }
 
     static std::unique_ptr<ImportHook> hook(const char* name) {
-        auto made = std::make_unique<ImportHook>(name, reinterpret_cast<void*>(&call));
-        original = reinterpret_cast<Function>(made->original());
-        return made;
+        return std::make_unique<ImportHook>(name, &call, original);
     }
 };
 

@@ -100,8 +100,7 @@ struct Path<Name, Result WINAPI(Arguments...)> {
     }
 
     static void hook(const char* name, std::vector<std::unique_ptr<ImportHook>>& hooks) {
-        hooks.push_back(std::make_unique<ImportHook>(name, reinterpret_cast<void*>(&call)));
-        original = reinterpret_cast<Function>(hooks.back()->original());
+        hooks.push_back(std::make_unique<ImportHook>(name, &call, original));
     }
 };
 
@@ -155,13 +154,10 @@ DeadServer::DeadServer(const std::string& name, Waiting waiting) {
     HOOK(CreateProcessA);
     HOOK(CreateProcessW);
 #undef HOOK
-    hooks.push_back(std::make_unique<ImportHook>("GetTickCount64", reinterpret_cast<void*>(&shiftedClock)));
-    systemClock = reinterpret_cast<decltype(systemClock)>(hooks.back()->original());
+    hooks.push_back(std::make_unique<ImportHook>("GetTickCount64", &shiftedClock, systemClock));
     if (waiting == Waiting::truly)
         return;
-    hooks.push_back(
-        std::make_unique<ImportHook>("MsgWaitForMultipleObjects", reinterpret_cast<void*>(&waitByClock)));
-    systemWait = reinterpret_cast<decltype(systemWait)>(hooks.back()->original());
+    hooks.push_back(std::make_unique<ImportHook>("MsgWaitForMultipleObjects", &waitByClock, systemWait));
 }
 
 DeadServer::~DeadServer() {

@@ -108,8 +108,7 @@ TEST_CASE("a dpi message that comes while Form_Resize has the form out of the ho
     const forms::Resolution resolution = bar.form.resolution();
     messages = 0;
     {
-        const contract::ImportHook hook("SetParent", reinterpret_cast<void*>(&putAndTell));
-        put = reinterpret_cast<HWND(WINAPI*)(HWND, HWND)>(hook.original());
+        const contract::ImportHook hook("SetParent", &putAndTell, put);
         REQUIRE(hook.original() != nullptr);
         bar.form.Form_Resize();
     }
@@ -137,8 +136,7 @@ TEST_CASE("the dpi messages of windows in other windows change nothing: the tick
     messages = 0;
     const HWND inFront = native(bar.world.openWindow("another host", {920, 120, 1400, 720}));
     {
-        const contract::ImportHook hook("SetParent", reinterpret_cast<void*>(&putAndTell));
-        put = reinterpret_cast<HWND(WINAPI*)(HWND, HWND)>(hook.original());
+        const contract::ImportHook hook("SetParent", &putAndTell, put);
         REQUIRE(hook.original() != nullptr);
         bar.form.followResolution(twice);
     }
@@ -156,8 +154,7 @@ TEST_CASE("a height that is set outside is right in the host, whatever frame the
     const RECT before = bar.place();
     REQUIRE(bar.client().bottom == bar.rows());
     thinFrames = 0;
-    const contract::ImportHook hook("CallWindowProcA", reinterpret_cast<void*>(&frameByScreen));
-    answer = reinterpret_cast<decltype(answer)>(hook.original());
+    const contract::ImportHook hook("CallWindowProcA", &frameByScreen, answer);
     REQUIRE(hook.original() != nullptr);
     for (const int width : {60, 300, 128}) {
         CAPTURE(width);

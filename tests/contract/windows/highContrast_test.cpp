@@ -87,14 +87,8 @@ bool isSystems(COLORREF colour) {
 }
 
 struct Colours {
-    Colours()
-        : parameters("SystemParametersInfoA", reinterpret_cast<void*>(&contrastAsSet)),
-          colour("GetSysColor", reinterpret_cast<void*>(&lightText)) {
-        systemParameters = reinterpret_cast<decltype(systemParameters)>(parameters.original());
-        systemColour = reinterpret_cast<decltype(systemColour)>(colour.original());
-    }
-    contract::ImportHook parameters;
-    contract::ImportHook colour;
+    contract::ImportHook parameters{"SystemParametersInfoA", &contrastAsSet, systemParameters};
+    contract::ImportHook colour{"GetSysColor", &lightText, systemColour};
 };
 
 } // namespace

@@ -102,8 +102,7 @@ TEST_CASE("each size is the icon that the system reads for it") {
 
 TEST_CASE("both sizes of an icon take one look into its file") {
     const World world;
-    const contract::ImportHook counted("CreateFileW", reinterpret_cast<void*>(&countedOpen));
-    open = reinterpret_cast<decltype(open)>(counted.original());
+    const contract::ImportHook counted("CreateFileW", &countedOpen, open);
     const contract::ImportHook asked("PrivateExtractIconsW", reinterpret_cast<void*>(&notAsked));
     const std::string path = World::dataFile("brd.ico");
     opened = 0;

@@ -44,11 +44,18 @@ void put(void** place, void* address) {
 
 } // namespace
 
-ImportHook::ImportHook(const char* function, void* replacement) : place_(importedAddress(function)) {
-    if (place_ == nullptr)
-        return;
-    original_ = *place_;
-    put(place_, replacement);
+ImportHook::ImportHook(const char* function) : place_(importedAddress(function)) {
+    if (place_ != nullptr)
+        original_ = *place_;
+}
+
+ImportHook::ImportHook(const char* function, void* replacement) : ImportHook(function) {
+    replaceBy(replacement);
+}
+
+void ImportHook::replaceBy(void* replacement) {
+    if (place_ != nullptr)
+        put(place_, replacement);
 }
 
 ImportHook::~ImportHook() {

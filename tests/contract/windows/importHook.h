@@ -8,6 +8,12 @@ namespace contract {
 class ImportHook {
   public:
     ImportHook(const char* function, void* replacement);
+    /// The same for a replacement that calls the system's own function, which it finds in `original`.
+    template <typename Function>
+    ImportHook(const char* function, Function* replacement, Function*& original) : ImportHook(function) {
+        original = reinterpret_cast<Function*>(original_);
+        replaceBy(reinterpret_cast<void*>(replacement));
+    }
     ~ImportHook();
     ImportHook(const ImportHook&) = delete;
     ImportHook& operator=(const ImportHook&) = delete;
@@ -16,6 +22,9 @@ class ImportHook {
     void* original() const { return original_; }
 
   private:
+    explicit ImportHook(const char* function);
+    void replaceBy(void* replacement);
+
     void** place_ = nullptr;
     void* original_ = nullptr;
 };

@@ -47,10 +47,7 @@ class ShortDialog : public Dialog {
 /// Counts how often we wait for a window of another thread in vain.
 class Waits {
   public:
-    Waits() {
-        inVain_ = 0;
-        original_ = reinterpret_cast<decltype(original_)>(hook_.original());
-    }
+    Waits() { inVain_ = 0; }
     static int inVain() { return inVain_; }
 
   private:
@@ -63,7 +60,7 @@ class Waits {
 
     static inline int inVain_ = 0;
     static inline decltype(&SendMessageTimeoutA) original_ = nullptr;
-    contract::ImportHook hook_{"SendMessageTimeoutA", reinterpret_cast<void*>(send)};
+    contract::ImportHook hook_{"SendMessageTimeoutA", &send, original_};
 };
 
 /// Counts the changes of other programs' windows that the system would carry out at once: it leaves one with
@@ -73,7 +70,6 @@ class ChangesAtOnce {
     ChangesAtOnce() {
         count_ = 0;
         all_ = 0;
-        original_ = reinterpret_cast<decltype(original_)>(hook_.original());
     }
     static int count() { return count_; }
     static int all() { return all_; }
@@ -90,7 +86,7 @@ class ChangesAtOnce {
     static inline int count_ = 0;
     static inline int all_ = 0;
     static inline decltype(&SetWindowPos) original_ = nullptr;
-    contract::ImportHook hook_{"SetWindowPos", reinterpret_cast<void*>(place)};
+    contract::ImportHook hook_{"SetWindowPos", &place, original_};
 };
 
 /// Asked for again: a window manager may move the keyboard a moment later.

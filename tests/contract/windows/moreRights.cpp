@@ -7,7 +7,7 @@
 #include <shellapi.h>
 
 #include <atomic>
-#include <memory>
+#include <optional>
 
 namespace contract {
 
@@ -82,14 +82,13 @@ BOOL WINAPI executeW(SHELLEXECUTEINFOW* call) {
     return userAgrees() ? systemExecuteW(call) : refused();
 }
 
-template <typename Function>
-std::unique_ptr<ImportHook> hooked(const char* name, Function replacement, Function& original) {
-    auto hook = std::make_unique<ImportHook>(name, reinterpret_cast<void*>(replacement));
-    original = reinterpret_cast<Function>(hook->original());
-    return hook;
-}
-
-std::unique_ptr<ImportHook> hooks[4];
+struct Hooks {
+    ImportHook createA{"CreateProcessA", &contract::createA, systemCreateA};
+    ImportHook createW{"CreateProcessW", &contract::createW, systemCreateW};
+    ImportHook executeA{"ShellExecuteExA", &contract::executeA, systemExecuteA};
+    ImportHook executeW{"ShellExecuteExW", &contract::executeW, systemExecuteW};
+};
+std::optional<Hooks> hooks;
 
 } // namespace
 
@@ -98,18 +97,14 @@ MoreRights::MoreRights(const std::string& path) {
     asked = 0;
     agrees = false;
     answered = CreateEventA(nullptr, FALSE, FALSE, nullptr);
-    hooks[0] = hooked("CreateProcessA", &createA, systemCreateA);
-    hooks[1] = hooked("CreateProcessW", &createW, systemCreateW);
-    hooks[2] = hooked("ShellExecuteExA", &executeA, systemExecuteA);
-    hooks[3] = hooked("ShellExecuteExW", &executeW, systemExecuteW);
+    hooks.emplace();
 }
 
 MoreRights::~MoreRights() {
     SetEvent(answered);
     while (waiting > 0)
         Sleep(1);
-    for (auto& hook : hooks)
-        hook.reset();
+    hooks.reset();
     CloseHandle(answered);
 }
 

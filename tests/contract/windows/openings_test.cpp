@@ -176,7 +176,6 @@ class StandingAtEnd {
         lastWork_ = 0;
         stands_ = false;
         go_ = CreateEventA(nullptr, TRUE, FALSE, nullptr);
-        release_ = reinterpret_cast<decltype(release_)>(hook_.original());
     }
     ~StandingAtEnd() {
         lastWork_ = 0;
@@ -206,7 +205,7 @@ class StandingAtEnd {
     static inline std::atomic<bool> stands_;
     static inline HANDLE go_ = nullptr;
     static inline decltype(&ReleaseSRWLockExclusive) release_ = nullptr;
-    contract::ImportHook hook_{"ReleaseSRWLockExclusive", reinterpret_cast<void*>(release)};
+    contract::ImportHook hook_{"ReleaseSRWLockExclusive", &release, release_};
 };
 
 } // namespace

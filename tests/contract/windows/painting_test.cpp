@@ -94,8 +94,7 @@ TEST_CASE("a new window gets its font without being asked to be painted for it")
     contract::ToolForm form;
     forms::PictureBox box;
     box.place(form, {0, 0, 300, 300});
-    const contract::ImportHook hook("SendMessageA", reinterpret_cast<void*>(&noteFont));
-    systemSend = reinterpret_cast<decltype(systemSend)>(hook.original());
+    const contract::ImportHook hook("SendMessageA", &noteFont, systemSend);
     REQUIRE((systemSend != nullptr));
     fonts.clear();
     form.load();

@@ -25,8 +25,6 @@ class Joins {
     Joins() {
         count_ = 0;
         host_ = 0;
-        attach_ = reinterpret_cast<decltype(attach_)>(attaching_.original());
-        setParent_ = reinterpret_cast<decltype(setParent_)>(hosting_.original());
     }
     static int count() { return count_; }
 
@@ -57,8 +55,8 @@ class Joins {
     static inline DWORD host_ = 0; ///< its thread
     static inline decltype(&AttachThreadInput) attach_ = nullptr;
     static inline decltype(&SetParent) setParent_ = nullptr;
-    contract::ImportHook attaching_{"AttachThreadInput", reinterpret_cast<void*>(attach)};
-    contract::ImportHook hosting_{"SetParent", reinterpret_cast<void*>(setParent)};
+    contract::ImportHook attaching_{"AttachThreadInput", &attach, attach_};
+    contract::ImportHook hosting_{"SetParent", &setParent, setParent_};
 };
 
 /// The system takes the question whether a host answers, and never brings the answer.

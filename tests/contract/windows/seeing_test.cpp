@@ -108,8 +108,7 @@ class Spy;
 template <int number, typename Result, typename... Arguments>
 class Spy<number, Result WINAPI(Arguments...)> {
   public:
-    explicit Spy(const char* name) : hook_(name, reinterpret_cast<void*>(&call)) {
-        original = reinterpret_cast<Result(WINAPI*)(Arguments...)>(hook_.original());
+    explicit Spy(const char* name) : hook_(name, &call, original) {
         seen.clear();
         const bool met = original != nullptr;
         REQUIRE(met);
@@ -161,8 +160,7 @@ FARPROC WINAPI foundOnOldWindows(HMODULE library, LPCSTR name) {
 } // namespace
 
 int withoutViewsMain() {
-    const ImportHook hook("GetProcAddress", reinterpret_cast<void*>(&foundOnOldWindows));
-    found = reinterpret_cast<FARPROC(WINAPI*)(HMODULE, LPCSTR)>(hook.original());
+    const ImportHook hook("GetProcAddress", &foundOnOldWindows, found);
     if (found == nullptr)
         return 1;
     const HDC screen = GetDC(nullptr);

@@ -26,11 +26,10 @@ UINT_PTR WINAPI set(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC routi
 }
 
 struct Counted {
-    contract::ImportHook hook{"SetTimer", reinterpret_cast<void*>(set)};
+    contract::ImportHook hook{"SetTimer", &set, systemsOwn};
     int fired = 0;
 
     Counted() {
-        systemsOwn = reinterpret_cast<Set>(hook.original());
         REQUIRE(hook.original() != nullptr);
         made = 0;
         full = false;
