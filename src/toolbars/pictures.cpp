@@ -44,15 +44,16 @@ forms::Picture unpacked(const Drawing& drawing) {
 
 void fill(forms::ImageList& list) {
     const int side = list.pictureWidth();
+    std::string_view last;
     for (std::size_t place = 0; place < std::size(drawings); ++place) {
         const Drawing& drawing = drawings[place];
         const bool largest = place + 1 == std::size(drawings) || drawings[place + 1].key != drawing.key;
-        const bool alreadyIn = list.count() > 0 && list.images().back().key == drawing.key;
-        if (alreadyIn || (drawing.side < side && !largest))
+        if (drawing.key == last || (drawing.side < side && !largest))
             continue;
         const forms::Picture picture = unpacked(drawing);
         // Not by the list, which cuts the margin off what is little larger: these have none.
         list.add(0, drawing.key, drawing.side > side ? picture.scaled(side, side) : picture);
+        last = drawing.key;
     }
 }
 
