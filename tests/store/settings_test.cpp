@@ -198,4 +198,24 @@ TEST_CASE("a value that is too long ends with a whole character") {
     CHECK(store::getini("s", "k") == (sign.size() == 1 ? beginning + sign : beginning));
 }
 
+TEST_CASE(
+    "what a save has left half written is not kept in place of the whole, by another of that run either") {
+    const Session session;
+    const auto kept = [] { return world().fileText("C:\\kestrel\\kestrel.sav"); };
+    world().writeSettings("[global]\r\nlanguage=0\r\n");
+    store::keepSettings();
+    world().writeSettings("[global]\r\nlanguage=1");
+    store::keepSettings();
+    CHECK(kept() == "[global]\r\nlanguage=0\r\n");
+    store::settingsWritten();
+    CHECK_FALSE(kept());
+    // One that could not get its last name is made anew, once.
+    world().writeFile("C:\\kestrel\\kestrel.sav", "old");
+    store::keepSettings();
+    CHECK(kept() == "[global]\r\nlanguage=1");
+    world().writeSettings("[global]");
+    store::keepSettings();
+    CHECK(kept() == "[global]\r\nlanguage=1");
+}
+
 TEST_SUITE_END();
