@@ -333,6 +333,16 @@ TEST_CASE("a resolution that no screen has counts as the nearest that there is")
     }
 }
 
+TEST_CASE("a calculator's own form, empty beside its host, is no pixel wide on the finest screen either") {
+    OnScreens program;
+    program.desk().screens = {{480}};
+    program.open(Awareness::perMonitor, 5120);
+    program.ticks(1);
+    CHECK(program.form().calculators.at(1)->resolution().dpi() == 480);
+    const RECT form = program.desk().window(program.form().calculators.at(1)->hWnd()).rect;
+    CHECK(form.right == form.left);
+}
+
 TEST_CASE("a host whose resolution was not told when its toolbar was made is asked again") {
     std::string failed;
     for (int call = 1; failed != "dpiOf"; ++call) {

@@ -75,6 +75,11 @@ TEST_CASE("the caption of a dead window or of one without title is empty") {
     CHECK(core::getWindowCaption(world().openWindow("")).empty());
 }
 
+TEST_CASE("a caption of one character is one") {
+    Session session;
+    CHECK(core::getWindowCaption(world().openWindow("x")) == "x");
+}
+
 TEST_CASE("a caption loses its leading blanks and is held to 255 characters") {
     Session session;
     CHECK(core::getWindowCaption(world().openWindow("   Board - x")) == "Board - x");
