@@ -14,8 +14,11 @@ struct Themes {
     decltype(&SetWindowTheme) set = routineOf<decltype(set)>(library, "SetWindowTheme");
 };
 
+/// One that could not be loaded is asked for again.
 const Themes& themes() {
-    static const Themes bound;
+    static Themes bound;
+    if (bound.library == nullptr)
+        bound = Themes();
     return bound;
 }
 

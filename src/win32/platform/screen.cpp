@@ -52,8 +52,10 @@ RECT workAreaAt(const RECT& place) {
 
 int screenDpi() {
     using DpiOfScreen = HRESULT(WINAPI*)(HMONITOR, int, UINT*, UINT*);
-    static const auto dpiOfScreen =
-        win32::routineOf<DpiOfScreen>(win32::systemLibrary(L"shcore.dll"), "GetDpiForMonitor");
+    // Windows 7 has none, and is asked again at each form that comes up.
+    static DpiOfScreen dpiOfScreen = nullptr;
+    if (dpiOfScreen == nullptr)
+        dpiOfScreen = win32::routineOf<DpiOfScreen>(win32::systemLibrary(L"shcore.dll"), "GetDpiForMonitor");
     constexpr int effective = 0; // MDT_EFFECTIVE_DPI
     const Seeing seen(ownView());
     UINT across = 0;

@@ -6,7 +6,7 @@ namespace contract {
 
 inline constexpr const char* refusedOnceArgument = "--refused-once";
 /// The exit code when all has been asked for again; to it is added what has not, as bits.
-inline constexpr int asksAgain = 64;
+inline constexpr int asksAgain = 128;
 
 int refusedOnceMain();
 

@@ -5,14 +5,18 @@
 #include "contract/windows/importHook.h"
 #include "contract/windows/ownProcess.h"
 #include "platform/hhctrl.h"
+#include "platform/screen.h"
 #include "platform/shell32.h"
 #include "runtime/errorOf.h"
 #include "win32/common/systemDialog.h"
 #include "win32/common/userWindow.h"
+#include "win32/forms/themes.h"
 
 #include <doctest/doctest.h>
 
 #include <windows.h>
+
+#include <uxtheme.h>
 
 #include <cstdint>
 #include <cstring>
@@ -87,26 +91,71 @@ HWND WINAPI showHelp(HWND /*owner*/, const char* /*file*/, UINT /*command*/, DWO
     return nullptr;
 }
 
-/// In place of the system's viewer.
-FARPROC WINAPI findViewer(HMODULE /*library*/, const char* name) {
-    FARPROC found = nullptr;
-    auto* const shown = &showHelp;
-    if (reinterpret_cast<std::uintptr_t>(name) > 0xFFFF && std::strcmp(name, "HtmlHelpA") == 0)
-        std::memcpy(&found, &shown, sizeof found);
-    return found;
+int timesOpened = 0;
+
+HTHEME WINAPI openTheme(HWND /*window*/, const wchar_t* /*classes*/) {
+    ++timesOpened;
+    return nullptr;
+}
+
+int timesMeasured = 0;
+
+HRESULT WINAPI measureScreen(HMONITOR /*screen*/, int /*kind*/, UINT* across, UINT* down) {
+    ++timesMeasured;
+    *across = *down = 96;
+    return S_OK;
+}
+
+template <typename Function>
+FARPROC addressOf(Function* function) {
+    FARPROC address = nullptr;
+    static_assert(sizeof address == sizeof function);
+    std::memcpy(&address, &function, sizeof address);
+    return address;
+}
+
+/// In place of the system's routines.
+FARPROC WINAPI findOurs(HMODULE /*library*/, const char* name) {
+    if (reinterpret_cast<std::uintptr_t>(name) <= 0xFFFF)
+        return nullptr; // by a number
+    if (std::strcmp(name, "HtmlHelpA") == 0)
+        return addressOf(&showHelp);
+    if (std::strcmp(name, "OpenThemeData") == 0)
+        return addressOf(&openTheme);
+    return std::strcmp(name, "GetDpiForMonitor") == 0 ? addressOf(&measureScreen) : nullptr;
 }
 
 bool helpIsLoaded() {
     const auto failure = [] {
         return runtime::errorOf([] { platform::HtmlHelpA(platform::HWND::none, "C:\\none.chm", 0, 0); });
     };
-    const ImportHook viewer("GetProcAddress", reinterpret_cast<void*>(&findViewer));
+    const ImportHook viewer("GetProcAddress", reinterpret_cast<void*>(&findOurs));
     {
         const ImportHook refused("LoadLibraryExW", reinterpret_cast<void*>(&loadNothing));
         if (failure() != 53)
             return false;
     }
     return failure() == 0 && timesShown == 1;
+}
+
+bool themesAreLoaded() {
+    const ImportHook routines("GetProcAddress", reinterpret_cast<void*>(&findOurs));
+    {
+        const ImportHook refused("LoadLibraryExW", reinterpret_cast<void*>(&loadNothing));
+        win32::openTheme(nullptr, L"Button");
+    }
+    win32::openTheme(nullptr, L"Button");
+    return timesOpened == 1;
+}
+
+bool screenIsMeasured() {
+    const ImportHook routines("GetProcAddress", reinterpret_cast<void*>(&findOurs));
+    {
+        const ImportHook refused("LoadLibraryExW", reinterpret_cast<void*>(&loadNothing));
+        if (platform::screenDpi() == 0)
+            return false;
+    }
+    return platform::screenDpi() == 96 && timesMeasured == 1;
 }
 
 } // namespace
@@ -116,7 +165,8 @@ namespace contract {
 int refusedOnceMain() {
     int code = asksAgain;
     int bit = 1;
-    for (bool (*const asks)() : {trayGetsIcon, userIsFollowed, dialogGetsOwner, helpIsLoaded}) {
+    for (bool (*const asks)() :
+         {trayGetsIcon, userIsFollowed, dialogGetsOwner, helpIsLoaded, themesAreLoaded, screenIsMeasured}) {
         code += asks() ? 0 : bit;
         bit *= 2;
     }
