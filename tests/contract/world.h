@@ -93,6 +93,8 @@ class World {
     void hangOtherProgram(int milliseconds);
     /// It goes on before that time is up.
     void wakeOtherProgram();
+    /// Whether it still sleeps: what has just been done cannot have waited for it then.
+    bool otherProgramHangs();
 
     /// Whether a window and all that it stands in are shown.
     static bool isSeen(platform::HWND window);

@@ -98,6 +98,10 @@ void World::hangOtherProgram(int /*milliseconds*/) {}
 
 void World::wakeOtherProgram() {}
 
+bool World::otherProgramHangs() {
+    return false;
+}
+
 bool World::isSeen(platform::HWND window) {
     return desktop::world().isSeen(window);
 }

@@ -6,6 +6,7 @@
 
 #include <windows.h>
 
+#include <atomic>
 #include <cstdint>
 #include <iostream>
 #include <thread>
@@ -22,6 +23,7 @@ constexpr int editorId = 100;
 
 HANDLE hanging = nullptr; // set as soon as the thread of the windows sleeps
 HANDLE woken = nullptr;   // set when it is to go on before its time
+std::atomic<bool> sleeps; // that thread
 
 struct Order {
     std::istringstream words;
@@ -149,8 +151,10 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
         carryOut(window, *reinterpret_cast<Order*>(lParam));
         return 0;
     case hangMessage:
+        sleeps = true;
         SetEvent(hanging);
         WaitForSingleObject(woken, static_cast<DWORD>(wParam));
+        sleeps = false;
         return 0;
     case WM_SETFOCUS:
         if (const HWND editor = GetDlgItem(window, editorId); editor != nullptr)
@@ -173,6 +177,8 @@ void takeOrders(HWND receiver) {
             WaitForSingleObject(hanging, INFINITE);
         } else if (line == "wake") {
             SetEvent(woken);
+        } else if (line == "hangs") {
+            order.answer = sleeps ? "1" : "0";
         } else {
             SendMessageA(receiver, orderMessage, 0, reinterpret_cast<LPARAM>(&order));
         }

@@ -198,6 +198,10 @@ void World::wakeOtherProgram() {
     impl_->other.order("wake");
 }
 
+bool World::otherProgramHangs() {
+    return impl_->other.order("hangs") == "1";
+}
+
 bool World::isSeen(platform::HWND window) {
     return IsWindowVisible(native(window)) != FALSE;
 }
