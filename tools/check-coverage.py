@@ -8,8 +8,9 @@
 The tests and the simulated desktop are those of the native build, only the logic is compiled anew.
 
 What cannot run in a test stands in tools/uncovered.tsv, each line of source by itself: file, how many of its branches,
-the line, and why. One that it names in vain is told of. The tests run in one order and with one seed, so that two runs
-count the same; what depends on the code page runs in the three kinds of code pages that there are.
+the line, and why. One that it names in vain is a failure too, but for what the compiler adds for exceptions: of those one
+may be taken by chance, since which allocations fail depends on how many there are. The tests run in one order and with
+one seed, so that two runs count the same; what depends on the code page runs in the three kinds of code pages that there are.
 """
 import collections
 import json
@@ -23,6 +24,7 @@ PROJECT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = PROJECT / 'build/native'
 COUNTED = BUILD / 'CMakeFiles/kestrel-logic-counted.dir'
 ACCEPTED = PROJECT / 'tools/uncovered.tsv'
+BY_CHANCE = ('unwinding', 'another exception', 'a second copy')  # reasons of what is taken in one build and not in the next
 RUNS = [('1252', '*'), ('932', 'runtime/*,store/*'), ('65001', 'runtime/*,store/*')]
 
 
@@ -68,8 +70,14 @@ def accepted():
         if row and not row.startswith('#'):
             file, branches, line, reason = row.split('\t')
             assert reason, row
-            named[file, line] = int(branches)
+            named[file, line] = int(branches), reason
     return named
+
+
+def stands(file, text):
+    """Whether the file has this line."""
+    path = PROJECT / file
+    return path.exists() and text in (line.strip() for line in path.read_text().split('\n'))
 
 
 def main():
@@ -83,16 +91,19 @@ def main():
     named = accepted()
     bad = 0
     for (file, text), (branches, line, number) in sorted(found.items()):
-        if line or branches > named.get((file, text), 0):
+        expected = named.get((file, text), (0, ''))[0]
+        if line or branches > expected:
             bad += 1
-            what = 'never runs' if line else f'{branches} branches never run, {named.get((file, text), 0)} are accepted'
+            what = 'never runs' if line else f'{branches} branches never run, {expected} are accepted'
             print(f'   FAIL  {file}:{number}: {what}: {text}')
-    for (file, text), branches in sorted(named.items()):
-        least = found[file, text][0] if (file, text) in found else 0
-        if least < branches:
-            print(f'   tools/uncovered.tsv names {branches} branches, {least} are left: {file}: {text}')
-    print(f'{len(named)} lines with branches that cannot run are named in tools/uncovered.tsv')
-    print(f'== coverage of the logic: {"all" if bad == 0 else "not all"} of it runs')
+    for (file, text), (branches, reason) in sorted(named.items()):
+        left = found[file, text][0] if (file, text) in found else 0
+        if left < branches and (not any(each in reason for each in BY_CHANCE) or not stands(file, text)):
+            bad += 1
+            print(f'   FAIL  tools/uncovered.tsv names {branches} branches, {left} are left: {file}: {text}')
+    print(f'{sum(branches for branches, _ in named.values())} branches in {len(named)} lines that cannot run are named in '
+          'tools/uncovered.tsv')
+    print(f'== coverage of the logic: {"all of it runs" if bad == 0 else f"{bad} lines are not as they should be"}')
     return bad > 0
 
 
