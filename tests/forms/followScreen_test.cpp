@@ -228,6 +228,19 @@ TEST_CASE("a screen whose resolution the user changes changes its dialogs") {
     CHECK(dialog.resized == 2);
 }
 
+TEST_CASE("a dialog that is opened again has the size that there is room for by then") {
+    const Screens screens(192);
+    world().workArea = {0, 0, 4000, 658};
+    Dialog dialog;
+    dialog.load();
+    CHECK(dialog.clientHeight() == 600);
+    dialog.unload();
+    world().workArea = {0, 0, 4000, 2900};
+    dialog.load();
+    CHECK(dialog.clientWidth() == 1200);
+    CHECK(dialog.clientHeight() == 800);
+}
+
 TEST_CASE("a form that does not follow its screen hears of no other") {
     const Screens screens(96);
     world().screens = {{96, {}}, {144, {4000, 0, 7000, 2000}}};

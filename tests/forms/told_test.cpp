@@ -192,6 +192,16 @@ TEST_CASE("a form that comes to another resolution tells so for all that stands 
     CHECK(shown.peers.told(toolbar) == Told{Property::resolution});
 }
 
+TEST_CASE("a form that is given the resolution that it has tells nothing") {
+    Shown shown;
+    forms::Label label;
+    label.place(shown.form, {});
+    const auto assign = [&] { shown.form.setResolution(forms::Resolution(144)); };
+    assign();
+    CHECK(shown.by(shown.form, assign) == Told{});
+    CHECK(shown.by(label, assign) == Told{});
+}
+
 TEST_CASE("a control that is to have the keyboard gives it to its window, if it has one") {
     Shown shown;
     forms::TextBox box;
