@@ -69,13 +69,12 @@ TEST_CASE("the controls stand where they are designed, and Tab goes to the right
     CHECK(form.scaleHeight() == 375);
     CHECK(form.borderStyle == forms::BorderStyle::none);
     CHECK_FALSE(form.activates);
+    CHECK_FALSE(form.showInTaskbar);
     CHECK_FALSE(form.fraMil.border);
     CHECK(form.fraMil.position() == forms::Position{0, 0, 2925, 270});
     CHECK(form.fraMil.font() == forms::Font{"@Arial Unicode MS", 6.75F, false, false});
-    CHECK(form.labUnit[0].left() == 0);
-    CHECK(form.labUnit[0].top() == 30);
-    CHECK(form.labUnit[1].left() == 1440);
-    CHECK(form.labUnit[1].top() == 30);
+    CHECK(form.labUnit[0].position() == forms::Position{0, 30, 180, 195});
+    CHECK(form.labUnit[1].position() == forms::Position{1440, 30, 240, 195});
     CHECK(form.txtSize[0].position() == forms::Position{360, 0, 1035, 270});
     CHECK(form.txtSize[1].position() == forms::Position{1800, 0, 1035, 270});
     // A label right before its field.

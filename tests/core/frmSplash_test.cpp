@@ -21,6 +21,7 @@ TEST_CASE("its controls stand where they are designed") {
     CHECK(splash.backColour() == forms::Colour{0xFFFFC0});
     CHECK(splash.caption().empty());
     CHECK_FALSE(splash.controlBox);
+    CHECK_FALSE(splash.showInTaskbar);
     CHECK(splash.borderStyle == forms::BorderStyle::fixedSingle);
     CHECK(splash.Image2.position() == forms::Position{240, 180, 1395, 1395});
     CHECK(splash.Image2.picture().width() == 93);

@@ -76,6 +76,14 @@ TEST_CASE("the icon is the program's, its messages go to the hidden text box, an
           tip + std::string(64 - tip.size(), ' '));
 }
 
+TEST_CASE("the form that the tray speaks to has neither a border nor a button on the task bar") {
+    Tray tray;
+    CHECK(tray.program.form().borderStyle == forms::BorderStyle::none);
+    CHECK_FALSE(tray.program.form().showInTaskbar);
+    CHECK(tray.program.form().caption() == "Kestrel Strip for EAGLE");
+    CHECK_FALSE(tray.program.form().visible());
+}
+
 TEST_CASE("of a longer tip the first 63 characters are taken") {
     Program program;
     program.form().txtTooltip.setText(std::string(70, 'x'));

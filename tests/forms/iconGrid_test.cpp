@@ -133,4 +133,19 @@ TEST_CASE("a disabled grid hears no user, whether it is disabled itself or with 
     CHECK(grid.told.empty());
 }
 
+TEST_CASE("two clicks on the selected icon of a disabled grid, or beside all icons, choose nothing") {
+    Five grid;
+    int chosen = 0;
+    grid.onDblClick = [&] { ++chosen; };
+    grid.doubleClicked(-1);
+    CHECK(chosen == 0);
+    grid.selected(2);
+    grid.setEnabled(false);
+    grid.doubleClicked(2);
+    CHECK(chosen == 0);
+    grid.setEnabled(true);
+    grid.doubleClicked(2);
+    CHECK(chosen == 1);
+}
+
 TEST_SUITE_END();

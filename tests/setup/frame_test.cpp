@@ -173,7 +173,11 @@ TEST_CASE("closing clears slots 1 to 8 of Hauptform's window table and sets its 
 TEST_CASE("the unload that Cancel starts runs the steps of the closing event too") {
     Dialog dialog;
     dialog.open(0);
+    std::vector<std::string> routines;
+    setup::frmSetup::onWindowReset = [&] { routines.push_back(store::currentRoutine); };
     dialog.click(dialog.form().btnCancel);
+    setup::frmSetup::onWindowReset = nullptr;
+    CHECK(routines == std::vector<std::string>{"btnCancel_Click", "Form_QueryUnload"});
     CHECK(store::currentRoutine == "Form_QueryUnload");
 }
 

@@ -370,6 +370,18 @@ TEST_CASE("OK does nothing about the language") {
     CHECK(store::languageOffset == 10000);
 }
 
+TEST_CASE("OK goes by its own name while it keeps the settings, before it writes the first") {
+    Saving dialog;
+    dialog.open(0);
+    std::vector<std::string> routines;
+    desktop::faults().onCall = [&](const std::string&) { routines.push_back(store::currentRoutine); };
+    dialog.ok();
+    desktop::faults().onCall = nullptr;
+    REQUIRE_FALSE(routines.empty());
+    CHECK(routines.front() == "btnOk_Click");
+    CHECK(std::count(routines.begin(), routines.end(), "setini") > 0);
+}
+
 TEST_CASE("OK closes as Cancel does, Hauptform's tables cleared") {
     Saving dialog;
     dialog.open(0);

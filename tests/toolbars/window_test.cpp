@@ -197,6 +197,9 @@ TEST_CASE("the shells of the three forms") {
         CHECK(form.caption() == "EAGLE Kestrel Bench");
         CHECK(form.borderStyle == forms::BorderStyle::sizableToolWindow);
         CHECK_FALSE(form.showInTaskbar);
+        CHECK_FALSE(form.activates);
+        CHECK_FALSE(form.Picture1.visible());
+        CHECK_FALSE(form.Picture2.visible());
         CHECK(form.scaleWidth() == 1800);
         CHECK(form.scaleHeight() == clientHeight);
         CHECK(form.eagHND == HWND::none);
