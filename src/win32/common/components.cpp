@@ -14,21 +14,22 @@ Routine routine(const char* name) {
     return routineOf<Routine>(systemLibrary(L"ole32.dll"), name);
 }
 
-bool begin() {
+/// What ends them, null if there are none: to end them needs no memory then.
+decltype(&CoUninitialize) begin() {
+    const auto uninitialize = routine<decltype(&CoUninitialize)>("CoUninitialize");
     const auto initialize = routine<decltype(&CoInitializeEx)>("CoInitializeEx");
-    return initialize != nullptr &&
-           SUCCEEDED(initialize(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE));
+    const bool begun = initialize != nullptr && uninitialize != nullptr &&
+                       SUCCEEDED(initialize(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE));
+    return begun ? uninitialize : nullptr;
 }
 
 } // namespace
 
-Components::Components() : begun_(begin()) {}
+Components::Components() : end_(begin()) {}
 
 Components::~Components() {
-    if (!begun_)
-        return;
-    if (const auto uninitialize = routine<decltype(&CoUninitialize)>("CoUninitialize"))
-        uninitialize();
+    if (end_ != nullptr)
+        end_();
 }
 
 void* Components::make(const GUID& what, const GUID& kind) const {
@@ -41,7 +42,7 @@ void* Components::make(const GUID& what, const GUID& kind) const {
 
 void keepComponents() {
     static bool kept = false;
-    kept = kept || begin();
+    kept = kept || begin() != nullptr;
 }
 
 } // namespace win32

@@ -20,10 +20,12 @@ class Components {
     void* make(const GUID& what, const GUID& kind) const;
 
   private:
-    bool begun_;
+    void(WINAPI* end_)(); ///< null if there are none
 };
 
-/// For dialogs that extensions of the shell run in: on the program's own thread they stay until it ends.
+/// The program's own thread, which calls it, has them from then on until it ends: for dialogs that extensions
+/// of the shell run in, and before another thread gets any, since the first one to have them is to be the
+/// last.
 void keepComponents();
 
 } // namespace win32

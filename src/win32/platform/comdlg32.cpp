@@ -48,7 +48,8 @@ bool takeOver(const wchar_t* chosen, platform::OPENFILENAMEA& record) {
 
 using Dialog = BOOL(WINAPI*)(LPOPENFILENAMEW);
 
-/// Bound when one is needed: with it come the libraries of toolbars, printers and the shell.
+/// Bound when one is needed: with it come libraries of which an icon in the tray has no use, printers among
+/// them.
 Dialog dialogOf(const char* name) {
     return win32::routineOf<Dialog>(win32::systemLibrary(L"comdlg32.dll"), name);
 }

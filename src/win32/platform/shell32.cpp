@@ -2,6 +2,7 @@
 
 #include "forms/iconDirectory.h"
 #include "runtime/text.h"
+#include "win32/common/components.h"
 #include "win32/common/native.h"
 #include "win32/common/owned.h"
 #include "win32/platform/hosts.h"
@@ -158,6 +159,7 @@ std::intptr_t ShellExecuteA(HWND owner, const char* verb, const char* file, cons
     // Without a file the shell would open the current folder.
     if (runtime::trim(file).empty())
         return SE_ERR_FNF;
+    win32::keepComponents();
     const auto opening = std::make_shared<win32::Opening>(
         win32::Opening{owner, verb, file, parameters, folder, command, SE_ERR_FNF});
     // What cannot be reached is not left to the shell, which has a longer breath.

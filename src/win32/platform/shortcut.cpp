@@ -52,6 +52,7 @@ std::optional<platform::Shortcut> read(const std::wstring& path) {
 namespace platform {
 
 std::optional<Shortcut> readShortcut(std::string_view path) {
+    win32::keepComponents();
     const auto found = std::make_shared<std::optional<Shortcut>>();
     const bool asked = win32::askHost(path, [whole = std::string(path), found] {
         *found = read(win32::widePath(whole));

@@ -4,6 +4,7 @@
 #include "contract/windows/withoutLibraries.h"
 #include "platform/comdlg32.h"
 #include "platform/hhctrl.h"
+#include "platform/shell32.h"
 #include "runtime/runtimeError.h"
 #include "win32/common/components.h"
 #include "win32/common/systemLibrary.h"
@@ -13,6 +14,7 @@
 
 #include <windows.h>
 
+#include <combaseapi.h>
 #include <shlobj.h>
 
 #include <string>
@@ -48,21 +50,33 @@ bool componentsAreMissing() {
     return components.make(CLSID_ShellLink, IID_IShellLinkW) == nullptr;
 }
 
+/// The shell opens on another thread, whose components end with its work.
+bool ownThreadHasComponentsFirst() {
+    platform::ShellExecuteA(platform::HWND::none, "open", "C:\\none\\none.xyz", "", "", SW_SHOWNORMAL);
+    APTTYPE type = APTTYPE_CURRENT;
+    APTTYPEQUALIFIER qualifier = APTTYPEQUALIFIER_NONE;
+    return CoGetApartmentType(&type, &qualifier) == S_OK && type == APTTYPE_MAINSTA;
+}
+
 } // namespace
 
 namespace contract {
 
 int withoutLibrariesMain() {
-    const ImportHook hook("LoadLibraryExW", reinterpret_cast<void*>(&loadNothing));
-    if (hook.original() == nullptr)
-        return 1;
-    if (!helpIsMissing())
-        return 2;
-    if (!dialogsAreMissing())
-        return 3;
-    if (!componentsAreMissing())
-        return 4;
-    return win32::openTheme(nullptr, L"Button") == nullptr ? goesWithout : 5;
+    {
+        const ImportHook hook("LoadLibraryExW", reinterpret_cast<void*>(&loadNothing));
+        if (hook.original() == nullptr)
+            return 1;
+        if (!helpIsMissing())
+            return 2;
+        if (!dialogsAreMissing())
+            return 3;
+        if (!componentsAreMissing())
+            return 4;
+        if (win32::openTheme(nullptr, L"Button") != nullptr)
+            return 5;
+    }
+    return ownThreadHasComponentsFirst() ? goesWithout : 6;
 }
 
 } // namespace contract

@@ -5,7 +5,7 @@
 namespace contract {
 
 inline constexpr const char* withoutLibrariesArgument = "--without-libraries";
-/// The exit code when all that needs one has said so.
+/// The exit code when all that needs one has said so, and has it once the system gives it.
 inline constexpr int goesWithout = 78;
 
 int withoutLibrariesMain();
