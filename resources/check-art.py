@@ -62,7 +62,7 @@ def images(path, data, sizes):
 
 def gif(path, size):
     data = path.read_bytes()
-    expect(data[:3] == b"GIF", f"{path.name}: not a GIF")
+    expect(data[:6] == b"GIF87a", f"{path.name}: not a GIF as the program reads it")
     found = struct.unpack_from("<2H", data, 6)
     expect(found == size, f"{path.name}: {found}, wanted {size}")
     run = subprocess.run(["convert", path, "-depth", "8", "RGB:-"], stdout=subprocess.PIPE, check=True)

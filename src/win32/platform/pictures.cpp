@@ -1,7 +1,7 @@
 // The pictures that the program carries as resources: GIF files.
 #include "forms/picture.h"
 
-#include "win32/platform/gif.h"
+#include "forms/gif.h"
 
 #include <windows.h>
 
@@ -17,7 +17,7 @@ Picture loadPicture(std::string_view name) {
         loaded == nullptr ? nullptr : static_cast<const std::uint8_t*>(LockResource(loaded));
     if (bytes == nullptr)
         return {};
-    return win32::readGif({bytes, SizeofResource(nullptr, found)});
+    return readGif({bytes, SizeofResource(nullptr, found)});
 }
 
 } // namespace forms

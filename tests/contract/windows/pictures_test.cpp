@@ -1,7 +1,6 @@
 // The pictures of the splash, as the program reads them, beside what the system's own reader makes of them.
 #include "forms/picture.h"
 #include "win32/forms/bitmaps.h"
-#include "win32/platform/gif.h"
 
 #include <doctest/doctest.h>
 
@@ -12,7 +11,6 @@
 
 #include <cstdint>
 #include <cstring>
-#include <span>
 #include <utility>
 #include <vector>
 
@@ -70,32 +68,6 @@ TEST_CASE("the program's pictures are read as the system reads them") {
     if (SUCCEEDED(begun))
         CoUninitialize();
     CHECK(forms::loadPicture("noSuchPicture").empty());
-}
-
-TEST_CASE("a file that ends too soon, or is another kind, gives no picture") {
-    std::vector<std::uint8_t> file = fileOf("splashSquare");
-    CHECK(win32::readGif({}).empty());
-    constexpr std::size_t end = 3; // bytes behind the pixels
-    bool none = true;
-    for (std::size_t size = 0; size < file.size() - end; size += 7)
-        none = none && win32::readGif(std::span(file).first(size)).empty();
-    CHECK(none);
-    constexpr std::size_t version = 4;
-    file[version] = '9';
-    CHECK(win32::readGif(file).empty());
-}
-
-TEST_CASE("a damaged file is read or not, without harm") {
-    constexpr std::size_t afterSize = 10; // no more pixels than the machine has room for
-    const std::vector<std::uint8_t> file = fileOf("splashSquare");
-    const std::size_t pixels = forms::loadPicture("splashSquare").pixels().size();
-    for (std::size_t place = afterSize; place < file.size(); place += 61)
-        for (const std::uint8_t value : {std::uint8_t{0}, std::uint8_t{0x7F}, std::uint8_t{0xFF}}) {
-            std::vector<std::uint8_t> damaged = file;
-            damaged[place] = value;
-            const forms::Picture picture = win32::readGif(damaged);
-            CHECK((picture.empty() || picture.pixels().size() == pixels));
-        }
 }
 
 TEST_SUITE_END();

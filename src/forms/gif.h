@@ -7,11 +7,11 @@
 #include <cstdint>
 #include <span>
 
-namespace win32 {
+namespace forms {
 
 /// The picture of a file as the program's are: one picture that is the whole screen, its rows in their order,
 /// in the colours of the file's own table, none of them clear. The empty picture if the file is another kind
 /// or ends too soon.
-forms::Picture readGif(std::span<const std::uint8_t> file);
+Picture readGif(std::span<const std::uint8_t> file);
 
-} // namespace win32
+} // namespace forms

@@ -1,4 +1,4 @@
-#include "win32/platform/gif.h"
+#include "forms/gif.h"
 
 #include <algorithm>
 #include <array>
@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-namespace win32 {
+namespace forms {
 
 namespace {
 
@@ -95,8 +95,7 @@ std::optional<std::vector<std::uint8_t>> unpacked(Bytes& bytes, std::size_t coun
     unsigned known = end + 1;
     unsigned former = end; // none
     std::uint8_t first = 0;
-    std::vector<std::uint8_t> numbers;
-    numbers.reserve(count);
+    std::vector<std::uint8_t> numbers; // no room for `count` before there are so many: it may be damaged
     while (numbers.size() < count) {
         const unsigned code = codes.next(bits);
         if (codes.ended() || code == end)
@@ -131,7 +130,7 @@ std::optional<std::vector<std::uint8_t>> unpacked(Bytes& bytes, std::size_t coun
 
 } // namespace
 
-forms::Picture readGif(std::span<const std::uint8_t> file) {
+Picture readGif(std::span<const std::uint8_t> file) {
     constexpr std::array<char, 6> kind{'G', 'I', 'F', '8', '7', 'a'};
     constexpr unsigned hasTable = 0x80;
     constexpr unsigned separator = 0x2C;
@@ -149,7 +148,7 @@ forms::Picture readGif(std::span<const std::uint8_t> file) {
     for (unsigned number = 0; number < 2U << (flags & 7U); ++number) {
         const unsigned red = bytes.byte();
         const unsigned green = bytes.byte();
-        colours[number] = forms::opaque | red << 16U | green << 8U | bytes.byte();
+        colours[number] = opaque | red << 16U | green << 8U | bytes.byte();
     }
     const bool one = bytes.byte() == separator && bytes.word() == 0 && bytes.word() == 0;
     if (!one || bytes.word() != width || bytes.word() != height || bytes.byte() != 0)
@@ -163,4 +162,4 @@ forms::Picture readGif(std::span<const std::uint8_t> file) {
     return {static_cast<int>(width), static_cast<int>(height), std::move(pixels)};
 }
 
-} // namespace win32
+} // namespace forms
