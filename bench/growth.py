@@ -7,8 +7,10 @@ import raw
 from driver import paths
 from measuring import Bench
 from ticking import Desk
+from work import in_turn
 
 COUNTS = (10, 30, 100, 300, 1000)
+ROUNDS = 3
 PICTURE = paths.PROJECT / "docs" / "performance.png"
 WIDTH, HEIGHT, MARGIN = 460, 320, 60  # of one diagram
 COLOURS = {"Kestrel": "#c0392b", "bare": "#2c3e50"}
@@ -17,11 +19,11 @@ MAGNITUDES = range(-1, 6)  # powers of ten that a diagram can have
 
 def _tick(count, _bench):
     with Desk(count) as desk:
-        return desk.compare("none", "bare", rounds=3)
+        return desk.compare("none", "bare", rounds=ROUNDS)
 
 
-def _pair(work, bare, few, many):
-    return lambda count, bench: [bench.each(name, few, many, count) for name in (work, bare)]
+def _pair(work, bare):
+    return lambda count, bench: in_turn(bench, work, bare, 1, 4, count, ROUNDS)
 
 
 def _ok(count, bench):
@@ -31,8 +33,8 @@ def _ok(count, bench):
 
 
 WORKS = {"One tick, windows": (_tick, COUNTS),
-         "Toolbar, buttons": (_pair("load", "load-bare", 1, 4), COUNTS),
-         "Opening the setup, rows of each list": (_pair("setup-open", "setup-open-bare", 1, 4), COUNTS),
+         "Toolbar, buttons": (_pair("load", "load-bare"), COUNTS),
+         "Opening the setup, rows of each list": (_pair("setup-open", "setup-open-bare"), COUNTS),
          "OK of the setup, rows of each list": (_ok, COUNTS)}
 
 

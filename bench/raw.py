@@ -1,4 +1,4 @@
-"""The raw figures of the measurements, a file of comma-separated lines for each in build/bench."""
+"""The raw figures of the measurements in build/bench: for each a folder, with a file of comma-separated lines for each kind."""
 
 import csv
 import os
@@ -7,16 +7,24 @@ import time
 from driver import paths
 
 FOLDER = paths.BUILD / "bench"
-_begun = set()  # measurements whose file is of this run
+_measured = ""
+_begun = set()  # files that are of this run
 
 
-def note(measurement, **figures):
+def begin(measurement):
+    """What follows is of this one."""
+    global _measured
+    _measured = measurement
+
+
+def note(kind, **figures):
     """One line, with its time and what else the machine has to do."""
-    FOLDER.mkdir(parents=True, exist_ok=True)
+    path = FOLDER / _measured / f"{kind}.csv"
+    path.parent.mkdir(parents=True, exist_ok=True)
     line = {"time": time.strftime("%Y-%m-%d %H:%M:%S"), "load": round(os.getloadavg()[0], 2), **figures}
-    begins = measurement not in _begun
-    _begun.add(measurement)
-    with (FOLDER / f"{measurement}.csv").open("w" if begins else "a", newline="", encoding="utf-8") as file:
+    begins = path not in _begun
+    _begun.add(path)
+    with path.open("w" if begins else "a", newline="", encoding="utf-8") as file:
         writer = csv.DictWriter(file, line)
         if begins:
             writer.writeheader()

@@ -90,6 +90,7 @@ def under_wine(chosen, measured):
             on_core(cores[0])
             for name in chosen:
                 rows, occasion = [], report.Occasion()
+                raw.begin(name)
                 with step(f"{name}, under Wine"):
                     for row in MEASUREMENTS[name](display):
                         print(row, flush=True)
@@ -136,6 +137,7 @@ def main():
             for name, measure, made in ((TITLES, title_cost, TITLES in chosen), (MEMORY, new_memory, wanted.memory),
                                         (CONTENTS, contents.contents, CONTENTS in chosen)):
                 if made:
+                    raw.begin(name)
                     occasion = report.Occasion()
                     measured[name] = occasion, measure()
         finally:

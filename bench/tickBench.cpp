@@ -1,4 +1,4 @@
-// What stands beside the program while its ticks are measured (bench/ticking.py).
+// What stands beside the program while its ticks and its memory are measured (bench/ticking.py, memory.py).
 //
 //   tick-bench windows N        opens N top-level windows and waits to be ended
 //   tick-bench behind WINDOW... puts windows behind all others, the last one at the bottom
