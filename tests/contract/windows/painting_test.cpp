@@ -34,6 +34,13 @@ LRESULT WINAPI noteFont(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     return systemSend(window, message, wParam, lParam);
 }
 
+HCURSOR pointer = nullptr;
+
+HCURSOR WINAPI notePointer(HCURSOR shown) {
+    pointer = shown;
+    return nullptr;
+}
+
 bool isPainted(HWND window) {
     return GetUpdateRect(window, nullptr, FALSE) == FALSE;
 }
@@ -63,6 +70,22 @@ TEST_CASE("a window that is uncovered while many settings are written is painted
     // Nothing else was served.
     MSG message{};
     CHECK(PeekMessageA(&message, window, WM_NULL, WM_NULL, PM_REMOVE) != FALSE);
+}
+
+TEST_CASE("a form that is at work shows so by its pointer at once, also where it is moved, and no longer") {
+    const contract::World world;
+    contract::ToolForm form;
+    form.load();
+    form.show();
+    const auto window = reinterpret_cast<HWND>(form.window());
+    const contract::ImportHook hook("SetCursor", reinterpret_cast<void*>(&notePointer));
+    form.setMousePointer(forms::MousePointer::hourglass);
+    CHECK(pointer == LoadCursorA(nullptr, IDC_WAIT));
+    pointer = nullptr;
+    SendMessageA(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    CHECK(pointer == LoadCursorA(nullptr, IDC_WAIT));
+    form.setMousePointer(forms::MousePointer::standard);
+    CHECK(pointer == LoadCursorA(nullptr, IDC_ARROW));
 }
 
 TEST_CASE(
