@@ -55,6 +55,17 @@ TEST_CASE("board, schematic and library that are new on one tick each get a tool
                                             number(program.formOf(EditorKind::library, 1))});
 }
 
+TEST_CASE("toolbar and calculator are shown, and to be seen in their host") {
+    WithCalculator program;
+    program.open("Board - x.brd - EAGLE");
+    program.ticks(1);
+    // Switching drawing on shows a window, whatever its form has been told.
+    CHECK(program.toolbar(EditorKind::board, 1).visible());
+    CHECK(program.form().calculators.at(1)->visible());
+    CHECK(program.desk().isSeen(program.formOf(EditorKind::board, 1)));
+    CHECK(program.desk().isSeen(program.form().calculators.at(1)->fraMil.hWnd()));
+}
+
 TEST_CASE("a toolbar stands in its host 25 pixels from the right end and 21 from the top") {
     Tracked program;
     const HWND board = program.open("Board - x.brd - EAGLE", 1024);

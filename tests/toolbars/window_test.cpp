@@ -198,6 +198,8 @@ TEST_CASE("the shells of the three forms") {
         CHECK(form.borderStyle == forms::BorderStyle::sizableToolWindow);
         CHECK_FALSE(form.showInTaskbar);
         CHECK_FALSE(form.activates);
+        CHECK(form.Picture1.position() == forms::Position{0, 0, 270, 270});
+        CHECK(form.Picture2.position() == forms::Position{0, 0, 270, 270});
         CHECK_FALSE(form.Picture1.visible());
         CHECK_FALSE(form.Picture2.visible());
         CHECK(form.scaleWidth() == 1800);
