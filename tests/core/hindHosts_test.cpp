@@ -79,6 +79,18 @@ TEST_CASE("two boards in sight on one screen follow its new scale with the same 
     CHECK(program.desk().awareness == Awareness::perMonitor);
 }
 
+TEST_CASE("a board that was in front follows in its turn, once EAGLE's window without an editor is in front "
+          "of it") {
+    Editors program;
+    program.open("Board");
+    program.ticks(1);
+    program.desk().openWindow("EAGLE: Board - help");
+    program.ticks(1);
+    program.scaleAll();
+    program.ticks(2);
+    CHECK(program.dpi(EditorKind::board, 1) == 144);
+}
+
 TEST_CASE("so do all kinds and all editors, one of which is dead and one of another view") {
     Editors program;
     const char* titles[] = {"Board", "Schematic", "Library"};

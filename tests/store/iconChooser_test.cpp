@@ -157,6 +157,10 @@ TEST_CASE("the chooser's controls have room in it and beside each other, the mes
                            one->top() + one->height() <= other->top() ||
                            other->top() + other->height() <= one->top()));
         }
+        CHECK(form.btnOk.top() == form.btnCancel.top());
+        for (const forms::CommandButton* button : {&form.btnOk, &form.btnCancel, &form.btnBrowse})
+            CHECK(button->height() == 375);
+        CHECK(form.btnOk.width() == form.btnCancel.width());
         CHECK(form.labMessage.alignment == forms::Alignment::centre);
         CHECK(form.labMessage.left() == form.grdIcons.left());
         CHECK(form.labMessage.width() == form.grdIcons.width());
