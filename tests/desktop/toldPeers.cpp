@@ -14,7 +14,7 @@ class ListeningPeer : public forms::Peer {
     void changed(forms::Property property) override { noteTold(control_, property); }
     void setFocus() override {
         if (listener != nullptr)
-            ++listener->focused;
+            listener->focused.push_back(&control_);
     }
     void catchUp() override {
         if (listener != nullptr)
@@ -46,7 +46,7 @@ std::vector<forms::Property> ToldPeers::told(const forms::Control& control) cons
 void ToldPeers::forget() {
     changes_.clear();
     caughtUp = 0;
-    focused = 0;
+    focused.clear();
 }
 
 void noteTold(const forms::Control& control, forms::Property property) {

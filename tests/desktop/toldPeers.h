@@ -22,9 +22,10 @@ class ToldPeers {
     /// As if nothing had been told yet.
     void forget();
 
-    /// How often a window was to do what it had put off, or to take the keyboard.
+    /// How often a window was to do what it had put off.
     int caughtUp = 0;
-    int focused = 0;
+    /// Those whose windows were to take the keyboard, in order.
+    std::vector<const forms::Control*> focused;
 
   private:
     friend void noteTold(const forms::Control& control, forms::Property property);

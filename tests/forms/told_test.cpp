@@ -206,10 +206,10 @@ TEST_CASE("a control that is to have the keyboard gives it to its window, if it 
     Shown shown;
     forms::TextBox box;
     box.setFocus();
-    CHECK(shown.peers.focused == 0);
+    CHECK(shown.peers.focused.empty());
     box.place(shown.form, {});
     box.setFocus();
-    CHECK(shown.peers.focused == 1);
+    CHECK(shown.peers.focused == std::vector<const forms::Control*>{&box});
 }
 
 TEST_SUITE_END();

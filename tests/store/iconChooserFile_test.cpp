@@ -1,4 +1,5 @@
 // The icon chooser of our own: the file that is named or looked for, and what shows of it.
+#include "desktop/toldPeers.h"
 #include "store/iconChooserScene.h"
 
 #include "platform/shell32.h"
@@ -195,6 +196,22 @@ TEST_CASE("of a file with very many icons the first thousand are shown, and the 
         CHECK(form.labIcons.caption() == "&Icons in this file (the first 1000):");
         name(form, shellFile);
         CHECK(form.labIcons.caption() == "&Icons in this file:");
+    });
+}
+
+TEST_CASE(
+    "the keyboard goes to the icons of a file that has been named, and back to the name if it has none") {
+    const Scene scene;
+    desktop::ToldPeers peers;
+    Scene::look("", [&peers](frmIconChooser& form) {
+        name(form, shellFile);
+        enter(form);
+        CHECK(peers.focused == std::vector<const forms::Control*>{&form.grdIcons});
+        peers.forget();
+        name(form, "C:\\t\\notes.txt");
+        enter(form);
+        CHECK(peers.focused == std::vector<const forms::Control*>{&form.txtFile});
+        peers.forget();
     });
 }
 
