@@ -53,6 +53,11 @@ TEST_CASE("an exponent ends where the text does, whatever stands behind that") {
     CHECK(runtime::readNumber(whole.substr(0, 1)) == 1);
 }
 
+TEST_CASE("an exponent ends with its text, whatever stands behind that") {
+    const std::string_view longer = "1e11";
+    CHECK(runtime::toInt32(longer.substr(0, 3)) == 10);
+}
+
 TEST_CASE("an exponent counts only if a digit follows") {
     CHECK(runtime::readNumber("1e3") == 1000);
     CHECK(runtime::readNumber("1E+3x") == 1000);
