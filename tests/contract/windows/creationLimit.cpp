@@ -77,13 +77,6 @@ std::unique_ptr<ImportHook> hook;
 
 } // namespace
 
-std::vector<std::string_view> creations() {
-    std::vector<std::string_view> names;
-    for (const Entry& entry : entries)
-        names.emplace_back(entry.name);
-    return names;
-}
-
 CreationLimit::CreationLimit(std::string_view function, int left) {
     roomLeft = left;
     failedOnce = false;

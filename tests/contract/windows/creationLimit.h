@@ -4,16 +4,12 @@
 #include <functional>
 #include <map>
 #include <string_view>
-#include <vector>
 
 namespace contract {
 
-/// The names of functions that make windows, fonts, icons, picture lists, bitmaps, brushes and device
-/// contexts.
-std::vector<std::string_view> creations();
-
-/// From its making to its end the first `left` calls of one of them go well and all others fail. Calls of the
-/// system's own DLLs are not met. One at a time.
+/// From its making to its end the first `left` calls of a function go well and all others fail: of one that
+/// makes windows, fonts, icons, picture lists, bitmaps, brushes or device contexts. Calls of the system's own
+/// DLLs are not met. One at a time.
 class CreationLimit {
   public:
     CreationLimit(std::string_view function, int left);
@@ -25,7 +21,7 @@ class CreationLimit {
     static bool met();
 };
 
-/// How often each of them is called in the course of an action.
+/// How often each such function is called in the course of an action.
 std::map<std::string_view, int> creationsOf(const std::function<void()>& action);
 
 } // namespace contract
