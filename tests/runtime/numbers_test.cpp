@@ -51,11 +51,7 @@ TEST_CASE("an exponent ends where the text does, whatever stands behind that") {
     CHECK(runtime::readNumber(whole.substr(0, 4)) == 12);
     CHECK(runtime::readNumber(whole.substr(0, 5)) == 12e5);
     CHECK(runtime::readNumber(whole.substr(0, 1)) == 1);
-}
-
-TEST_CASE("an exponent ends with its text, whatever stands behind that") {
-    const std::string_view longer = "1e11";
-    CHECK(runtime::toInt32(longer.substr(0, 3)) == 10);
+    CHECK(runtime::toInt32(std::string_view("1e11").substr(0, 3)) == 10);
 }
 
 TEST_CASE("an exponent counts only if a digit follows") {
