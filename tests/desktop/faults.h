@@ -19,7 +19,8 @@ class Faults {
     const std::string& failed() const { return failed_; }
     /// How often each has been called.
     const std::map<std::string, int>& counts() const { return counts_; }
-    /// Runs at the beginning of each call, watched or not, and may throw: so a program is killed in it.
+    /// Runs at the beginning of each call, watched or not, and may throw: so a program is killed in it. Not
+    /// where something is given back, which a destructor may do.
     std::function<void(const std::string& call)> onCall;
 
   private:
