@@ -5,7 +5,7 @@
 #include "platform/comdlg32.h"
 #include "platform/hhctrl.h"
 #include "platform/shell32.h"
-#include "runtime/runtimeError.h"
+#include "runtime/errorOf.h"
 #include "win32/common/components.h"
 #include "win32/common/systemLibrary.h"
 #include "win32/forms/themes.h"
@@ -27,12 +27,7 @@ HMODULE WINAPI loadNothing(const wchar_t* /*name*/, HANDLE /*file*/, DWORD /*fla
 }
 
 bool helpIsMissing() {
-    try {
-        platform::HtmlHelpA(platform::HWND::none, "C:\\none.chm", 0, 0);
-        return false;
-    } catch (const runtime::RuntimeError& error) {
-        return error.number == runtime::ErrorNumber::fileNotFound;
-    }
+    return runtime::errorOf([] { platform::HtmlHelpA(platform::HWND::none, "C:\\none.chm", 0, 0); }) == 53;
 }
 
 bool dialogsAreMissing() {
